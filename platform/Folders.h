@@ -1,0 +1,26 @@
+// The folders of the program and of the person who uses it. Every answer ends in "/".
+#pragma once
+
+#include <QString>
+
+namespace vistor {
+
+/// The person's folder for application data: $XDG_CONFIG_HOME, or ".config" in the home folder. Empty when
+/// there is neither.
+QString applicationDataFolder();
+
+/// The folder in which the executable lies.
+QString programFolder();
+
+/// The folder of delivered files, reached from the program folder the same way in the build tree and when
+/// installed.
+QString deliveredFolder();
+
+/// Where scratch bitmaps are made, found and deleted: the program folder if it can be written to, else
+/// "scratch/" in the working folder, which is then made.
+QString bitmapFolder(const QString& workingFolder);
+
+/// Puts another program folder in place; an empty text puts the real one back. For tests.
+void setProgramFolder(const QString& folder);
+
+} // namespace vistor

@@ -1,0 +1,175 @@
+#include "platform/IniFile.h"
+
+#include "platform/CodePage.h"
+
+#include <QFile>
+#include <QSaveFile>
+
+#include <charconv>
+#include <cmath>
+#include <string>
+#include <system_error>
+
+namespace vistor {
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+
+std::string_view trimmed(std::string_view text) {
+    const auto first = text.find_first_not_of(kBlanks);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+std::string_view unquoted(std::string_view text) {
+    const bool quoted =
+        text.size() >= 2 && text.front() == text.back() && (text.front() == '"' || text.front() == '\'');
+    return quoted ? text.substr(1, text.size() - 2) : text;
+}
+
+QString folded(std::string_view name) {
+    return fromCodePage(trimmed(name)).toLower();
+}
+
+QString oneLine(QString text) {
+    for (QChar& character : text) {
+        if (character == u'\n' || character == u'\r') character = u' ';
+    }
+    return text;
+}
+
+/// A value that would lose its own blanks or quotes on reading is put in quotes.
+QByteArray asWritten(const QString& value) {
+    const QByteArray bytes = toCodePage(value);
+    const std::string_view view(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    return unquoted(trimmed(view)) == view ? bytes : '"' + bytes + '"';
+}
+
+} // namespace
+
+void IniFile::appendLine(std::string_view raw) {
+    const std::string_view text = trimmed(raw);
+    if (!text.empty() && text.front() == '[') {
+        const auto end = text.find(']');
+        const QString name = folded(text.substr(1, end == std::string_view::npos ? end : end - 1));
+        m_sections.emplace_back();
+        if (!m_names.contains(name)) m_names.insert(name, static_cast<qsizetype>(m_sections.size()) - 1);
+    }
+    Section& section = m_sections.back();
+    Line line{QByteArray(raw.data(), static_cast<qsizetype>(raw.size())), {}};
+    const auto equals = text.find('=');
+    if (!text.empty() && text.front() != ';' && text.front() != '[' && equals != std::string_view::npos) {
+        line.value = fromCodePage(unquoted(trimmed(text.substr(equals + 1))));
+        const QString key = folded(text.substr(0, equals));
+        if (!section.keys.contains(key))
+            section.keys.insert(key, static_cast<qsizetype>(section.lines.size()));
+    }
+    section.lines.push_back(std::move(line));
+}
+
+IniFile IniFile::parse(std::string_view bytes) {
+    IniFile file;
+    while (!bytes.empty()) {
+        const auto end = bytes.find('\n');
+        std::string_view line = bytes.substr(0, end);
+        bytes.remove_prefix(end == std::string_view::npos ? bytes.size() : end + 1);
+        if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+        file.appendLine(line);
+    }
+    return file;
+}
+
+IniFile IniFile::load(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    const QByteArray bytes = file.readAll();
+    return parse({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+}
+
+QString IniFile::value(const QString& section, const QString& key, const QString& fallback,
+                       int buffer) const {
+    QString found = fallback;
+    const auto index = m_names.constFind(section.trimmed().toLower());
+    if (index != m_names.constEnd()) {
+        const Section& lines = m_sections[static_cast<std::size_t>(*index)];
+        const auto line = lines.keys.constFind(key.trimmed().toLower());
+        if (line != lines.keys.constEnd()) found = lines.lines[static_cast<std::size_t>(*line)].value;
+    }
+    found.truncate(qMax(0, buffer - 1));
+    const qsizetype nul = found.indexOf(QChar(u'\0'));
+    if (nul >= 0) found.truncate(nul);
+    return found;
+}
+
+IniFile::Section& IniFile::sectionFor(const QString& name) {
+    const QString key = name.trimmed().toLower();
+    const auto found = m_names.constFind(key);
+    if (found != m_names.constEnd()) return m_sections[static_cast<std::size_t>(*found)];
+    m_names.insert(key, static_cast<qsizetype>(m_sections.size()));
+    m_sections.emplace_back();
+    m_sections.back().lines.push_back({"[" + toCodePage(oneLine(name)) + "]", {}});
+    return m_sections.back();
+}
+
+void IniFile::setValue(const QString& section, const QString& key, const QString& value) {
+    Section& target = sectionFor(section);
+    const QString text = oneLine(value);
+    Line line{toCodePage(oneLine(key)) + "=" + asWritten(text), text};
+    const QString folder = key.trimmed().toLower();
+    const auto found = target.keys.constFind(folder);
+    if (found != target.keys.constEnd()) {
+        target.lines[static_cast<std::size_t>(*found)] = std::move(line);
+        return;
+    }
+    // Behind the section's last line that says something, so that blank lines go on parting the sections.
+    auto at = target.lines.end();
+    while (at != target.lines.begin() &&
+           trimmed({(at - 1)->raw.constData(), static_cast<std::size_t>((at - 1)->raw.size())}).empty())
+        --at;
+    target.keys.insert(folder, at - target.lines.begin());
+    target.lines.insert(at, std::move(line));
+}
+
+QByteArray IniFile::toBytes() const {
+    QByteArray bytes;
+    for (const Section& section : m_sections) {
+        for (const Line& line : section.lines) bytes += line.raw + "\r\n";
+    }
+    return bytes;
+}
+
+bool IniFile::save(const QString& path) const {
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) return false;
+    file.write(toBytes());
+    return file.commit();
+}
+
+QString readIniValue(const QString& path, const QString& section, const QString& key, const QString& fallback,
+                     int buffer) {
+    return IniFile::load(path).value(section, key, fallback, buffer);
+}
+
+bool writeIniValue(const QString& path, const QString& section, const QString& key, const QString& value) {
+    IniFile file = IniFile::load(path);
+    file.setValue(section, key, value);
+    return file.save(path);
+}
+
+double leadingNumber(const QString& text) {
+    std::string digits;
+    for (const QChar character : text) {
+        const char16_t code = character.unicode();
+        if (code == u' ' || code == u'\t' || code == u'\n' || code == u'\r') continue;
+        const bool number = (code >= u'0' && code <= u'9') || code == u'.' || code == u'-' || code == u'+';
+        const bool exponent = code == u'E' || code == u'e' || code == u'D' || code == u'd';
+        if (!number && !exponent) break;
+        digits += exponent ? 'e' : static_cast<char>(code);
+    }
+    if (!digits.empty() && digits.front() == '+') digits.erase(0, 1);
+    double value = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    return error == std::errc() && std::isfinite(value) ? value : 0;
+}
+
+} // namespace vistor

@@ -1,0 +1,70 @@
+// Initialisation files: sections, keys and values as lines of text. In and out: files in the program's code
+// page.
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+
+#include <string_view>
+#include <vector>
+
+namespace vistor {
+
+/// One initialisation file in memory: parsed once, asked and changed any number of times, written once.
+///
+/// Sections and keys are found without regard to case; of two equal ones the first wins. Blanks around
+/// sections, keys and values are dropped, and so is one pair of equal quotes around a value. Lines it does
+/// not know (comments, text without "=") are kept where they stand, and so is the order of first writing.
+class IniFile {
+public:
+    IniFile() = default;
+
+    /// The document in a file. A file that is missing or cannot be read gives an empty one.
+    static IniFile load(const QString& path);
+    static IniFile parse(std::string_view bytes);
+
+    /// The value of a key, or `fallback` where there is none, cut to `buffer` less 1 characters and at the
+    /// first NUL, as a reader with a buffer of that size gets it.
+    QString value(const QString& section, const QString& key, const QString& fallback, int buffer) const;
+
+    /// Sets a key, in the section of that name or in a new one at the end. A line end inside the value is
+    /// written as a blank, so that no value can forge a section.
+    void setValue(const QString& section, const QString& key, const QString& value);
+
+    QByteArray toBytes() const;
+    /// Writes the whole document, replacing the file in one step; false when that failed, and then the old
+    /// file stands.
+    bool save(const QString& path) const;
+
+private:
+    struct Line {
+        QByteArray
+            raw; ///< as it stood in the file, without the line end; for a key's line as it will be written
+        QString value; ///< of a key's line
+    };
+    struct Section {
+        std::vector<Line> lines; ///< the head itself first, but for what stands before the first head
+        QHash<QString, qsizetype> keys;
+    };
+
+    Section& sectionFor(const QString& name);
+    void appendLine(std::string_view raw);
+
+    std::vector<Section> m_sections = {Section{}}; ///< number 0 is what stands before the first head
+    QHash<QString, qsizetype> m_names;
+};
+
+/// Reads one key of a file (the first of the two classic operations). For more than a few keys load the file
+/// once.
+QString readIniValue(const QString& path, const QString& section, const QString& key, const QString& fallback,
+                     int buffer);
+
+/// Writes one key of a file, keeping all else in it; false when the file could not be written.
+bool writeIniValue(const QString& path, const QString& section, const QString& key, const QString& value);
+
+/// The number with which a text begins, after blanks: sign, digits, "." and exponent; 0 where there is none.
+/// Blanks between the digits are passed over. The form in which numbers in these files are read.
+double leadingNumber(const QString& text);
+
+} // namespace vistor

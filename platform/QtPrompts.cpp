@@ -1,0 +1,131 @@
+#include "platform/QtPrompts.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFontDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+
+namespace vistor {
+namespace {
+
+QWidget* parentWindow() {
+    return QApplication::activeWindow();
+}
+
+QMessageBox::Icon toolkitIcon(Icon icon) {
+    switch (icon) {
+    case Icon::Stop:
+        return QMessageBox::Critical;
+    case Icon::Question:
+        return QMessageBox::Question;
+    case Icon::Notice:
+        return QMessageBox::Warning;
+    case Icon::Information:
+        return QMessageBox::Information;
+    case Icon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons toolkitButtons(Buttons buttons) {
+    switch (buttons) {
+    case Buttons::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::YesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case Buttons::Ok:
+        break;
+    }
+    return QMessageBox::Ok;
+}
+
+Answer answerOf(int button) {
+    switch (button) {
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    case QMessageBox::Cancel:
+        return Answer::Cancel;
+    default:
+        return Answer::Ok;
+    }
+}
+
+QFont toolkitFont(const FontChoice& choice) {
+    QFont font(choice.family);
+    font.setPointSizeF(choice.size);
+    font.setBold(choice.bold);
+    font.setItalic(choice.italic);
+    font.setUnderline(choice.underline);
+    font.setStrikeOut(choice.strikeout);
+    return font;
+}
+
+std::optional<QString> chosen(const QString& path) {
+    return path.isEmpty() ? std::nullopt : std::optional(path);
+}
+
+} // namespace
+
+QString toolkitFilter(const QString& filter) {
+    const QStringList parts = filter.split(u'|');
+    QStringList entries;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString words = parts[i].left(parts[i].indexOf(u'(')).trimmed();
+        entries += words + QStringLiteral(" (") + QString(parts[i + 1]).replace(u';', u' ') + u')';
+    }
+    return entries.join(QStringLiteral(";;"));
+}
+
+Answer QtPrompts::message(const MessageRequest& request) {
+    QMessageBox box(toolkitIcon(request.icon),
+                    request.title.isEmpty() ? QApplication::applicationName() : request.title, request.text,
+                    toolkitButtons(request.buttons), parentWindow());
+    box.setTextFormat(Qt::PlainText);
+    return answerOf(box.exec());
+}
+
+std::optional<QString> QtPrompts::input(const InputRequest& request) {
+    bool ok = false;
+    const QString title = request.title.isEmpty() ? QApplication::applicationName() : request.title;
+    const QString text =
+        QInputDialog::getText(parentWindow(), title, request.text, QLineEdit::Normal, request.initial, &ok);
+    return ok ? std::optional(text) : std::nullopt;
+}
+
+std::optional<QString> QtPrompts::openFile(const FileRequest& request) {
+    return chosen(QFileDialog::getOpenFileName(parentWindow(), request.title, request.initial,
+                                               toolkitFilter(request.filter)));
+}
+
+std::optional<QString> QtPrompts::saveFile(const FileRequest& request) {
+    QFileDialog dialog(parentWindow(), request.title, QString(), toolkitFilter(request.filter));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(request.extension); // added before the question whether to write over a file
+    if (!request.initial.isEmpty()) dialog.selectFile(request.initial);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    return dialog.selectedFiles().constFirst();
+}
+
+std::optional<std::int32_t> QtPrompts::colour(std::int32_t initial) {
+    const QColor before(initial & 0xFF, (initial >> 8) & 0xFF, (initial >> 16) & 0xFF);
+    const QColor colour = QColorDialog::getColor(before, parentWindow());
+    if (!colour.isValid()) return std::nullopt;
+    return colour.red() | colour.green() << 8 | colour.blue() << 16;
+}
+
+std::optional<FontChoice> QtPrompts::font(const FontChoice& initial) {
+    bool ok = false;
+    const QFont font = QFontDialog::getFont(&ok, toolkitFont(initial), parentWindow());
+    if (!ok) return std::nullopt;
+    return FontChoice{font.family(),    static_cast<float>(font.pointSizeF()),
+                      font.bold(),      font.italic(),
+                      font.underline(), font.strikeOut()};
+}
+
+} // namespace vistor

@@ -1,0 +1,24 @@
+// Questions as real dialogs of the toolkit.
+#pragma once
+
+#include "platform/Prompts.h"
+
+class QWidget;
+
+namespace vistor {
+
+class QtPrompts final : public Prompter {
+public:
+    Answer message(const MessageRequest& request) override;
+    std::optional<QString> input(const InputRequest& request) override;
+    std::optional<QString> openFile(const FileRequest& request) override;
+    std::optional<QString> saveFile(const FileRequest& request) override;
+    std::optional<std::int32_t> colour(std::int32_t initial) override;
+    std::optional<FontChoice> font(const FontChoice& initial) override;
+};
+
+/// A filter in the toolkit's form: "words (pattern);;words (pattern)" from "words|pattern|words|pattern".
+/// Words that tell their pattern already do not get it twice.
+QString toolkitFilter(const QString& filter);
+
+} // namespace vistor

@@ -1,0 +1,28 @@
+// Runs every test in one process, with one application object on the offscreen platform.
+#include "variables/GlobalVarsAndTypes.h"
+
+#include <QApplication>
+
+#include <cstdio>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Every test starts from the state before start-up.
+class FreshGlobals final : public testing::EmptyTestEventListener {
+    void OnTestStart(const testing::TestInfo&) override { vistor::ResetGlobals(); }
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    testing::UnitTest::GetInstance()->listeners().Append(new FreshGlobals);
+    const int failed = RUN_ALL_TESTS();
+    const auto* run = testing::UnitTest::GetInstance();
+    std::fflush(stderr);
+    std::printf("%d passed, %d failed\n", run->successful_test_count(), run->failed_test_count());
+    return failed;
+}

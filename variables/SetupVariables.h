@@ -1,0 +1,41 @@
+// Keeps the table consistent, finds variables and units by name and reads numbers from text. In: the tables
+// and texts. Out: derived fields in the table, row numbers, numbers.
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+#include <span>
+
+namespace vistor {
+
+/// The set-up pass after every load or edit of the table: marks the available rows, derives ConstantName,
+/// makes row 8000 inert. A second run changes nothing. Rows that a short table lacks are passed over.
+void SetupVariables();
+
+/// True for the fixed set of variable numbers that this system has.
+bool isAvailableNumber(int number);
+
+/// The row of the first variable of that name, without regard to case, outer blanks, NULs and what follows a
+/// "["; 8000 when there is none. Constant time: the answers are those of a walk from row 0 up.
+int FindVariableByPhysicalName(const QString& name);
+int FindVariableByBaseName(const QString& name);
+
+/// The first row of UnitConversions whose key equals `key` to the letter; 0 when there is none.
+int FindUnit(const QString& key);
+
+/// The numbers of the rows with VariableType 4, ascending, 1 to 8000.
+std::span<const std::int32_t> calculatedRows();
+
+/// Reads a number whatever the locale: the locale's separator and "." both part the fraction. `text` is
+/// changed to its form with ".".
+double ParseNumber(QString& text);
+/// The same for a text that is not wanted afterwards.
+double ParseNumber(QString&& text);
+QString ToInvariantText(QString text);
+double ParseInvariantNumber(const QString& text);
+
+double Clamp(double low, double value, double high);
+double Larger(double a, double b);
+
+} // namespace vistor
