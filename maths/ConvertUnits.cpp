@@ -1,0 +1,220 @@
+#include "maths/ConvertUnits.h"
+
+#include "maths/FormulaEvaluator.h"
+#include "platform/IniFile.h"
+#include "platform/Prompts.h"
+#include "variables/GlobalVarsAndTypes.h"
+#include "variables/SetupVariables.h"
+
+#include <cmath>
+#include <utility>
+
+namespace vistor {
+namespace {
+
+struct ConstantName {
+    const char* name;
+    std::size_t item; ///< of CarConstants
+};
+
+constexpr ConstantName kConstants[] = {{"CAR_1", 6},  {"CAR_2", 7},   {"CAR_3", 8},  {"CAR_4", 9},
+                                       {"CAR_5", 10}, {"CAR_6", 11},  {"CAR_7", 12}, {"CAR_8", 13},
+                                       {"CAR_9", 14}, {"CAR_10", 15}, {"CdA", 0},    {"Roll", 1},
+                                       {"Mass", 2},   {"Temp", 3},    {"Press", 4},  {"Humid", 5}};
+
+const QString kVariablePrefix = QStringLiteral("VAR_");
+
+/// "VAR_" and a number in at least four digits.
+QString variableName(std::int32_t number) {
+    const QString digits = QString::number(std::abs(number)).rightJustified(4, u'0');
+    return kVariablePrefix + (number < 0 ? QStringLiteral("-") : QString()) + digits;
+}
+
+/// What is known of a row's formula from its last sample, so that the next one costs no look at the text. It
+/// holds the text itself: as long as it does, the same address means the same text.
+struct PreparedFormula {
+    struct Feed {
+        std::int32_t number;
+        double* place;
+    };
+
+    QString text;
+    std::uint64_t revision = 0;
+    FormulaForm form = FormulaForm::Identity;
+    double gain = 1;
+    double offset = 0;
+    std::shared_ptr<FormulaEvaluator> evaluator; ///< of an expression that has been run
+    std::vector<Feed> feeds;                     ///< other variables it reads, in the order of the text
+    double* own = nullptr;                       ///< the row's own name, "U" and "x"
+    double* u = nullptr;
+    double* x = nullptr;
+
+    bool isFor(const QString& formula) const {
+        return revision == tableRevision && formula.constData() == text.constData() &&
+               formula.size() == text.size();
+    }
+};
+
+std::vector<PreparedFormula> prepared;
+
+bool isRow(std::int32_t index) {
+    return index >= 0 && index < kVariableCount;
+}
+
+PreparedFormula prepare(const QString& formula) {
+    PreparedFormula result;
+    result.text = formula;
+    result.revision = tableRevision;
+    result.form = formOf(formula);
+    if (result.form == FormulaForm::GainAndOffset) {
+        const QStringList parts = formula.split(u'$'); // two at least; a part that is missing reads as 0
+        result.gain = ParseNumber(QString(parts.at(1)));
+        result.offset = ParseNumber(QString(parts.value(2)));
+    }
+    return result;
+}
+
+PreparedFormula& preparedFor(const QString& formula, std::int32_t index) {
+    static PreparedFormula elsewhere; // for an index that is no row
+    if (!isRow(index)) return elsewhere = prepare(formula);
+    if (prepared.empty()) prepared.resize(kVariableCount);
+    PreparedFormula& row = prepared[static_cast<std::size_t>(index)];
+    if (!row.isFor(formula)) row = prepare(formula);
+    return row;
+}
+
+std::shared_ptr<FormulaEvaluator> makeEvaluator(const QString& formula) {
+    auto evaluator = std::make_shared<FormulaEvaluator>();
+    evaluator->Expression(formula);
+    return evaluator;
+}
+
+std::shared_ptr<FormulaEvaluator>& evaluatorOf(std::int32_t index) {
+    if (FormulaEvaluators.empty()) FormulaEvaluators.resize(kVariableCount);
+    auto& evaluator = FormulaEvaluators[static_cast<std::size_t>(index)];
+    if (!evaluator) evaluator = makeEvaluator({});
+    return evaluator;
+}
+
+/// Defines in a row's evaluator what its formula may refer to, and notes where those values lie.
+void link(PreparedFormula& formula, std::int32_t index, std::shared_ptr<FormulaEvaluator> evaluator) {
+    evaluator->Expression(formula.text);
+    for (const ConstantName& constant : kConstants)
+        evaluator->SetVariable(QString::fromLatin1(constant.name),
+                               static_cast<double>(CarConstants[constant.item]));
+    formula.feeds.clear();
+    const QStringList parts = formula.text.split(kVariablePrefix); // the case is exact
+    for (qsizetype i = 1; i < parts.size(); ++i) {
+        const double number = std::nearbyint(leadingNumber(parts[i].left(4)));
+        if (number < 0 || number >= kVariableCount) continue; // no such element: the name stays unknown
+        const auto known = static_cast<std::int32_t>(number);
+        formula.feeds.push_back({known, evaluator->variable(variableName(known))});
+    }
+    formula.own = evaluator->variable(variableName(index));
+    formula.u = evaluator->variable(QStringLiteral("U"));
+    formula.x = evaluator->variable(QStringLiteral("x"));
+    formula.evaluator = std::move(evaluator);
+}
+
+float evaluate(PreparedFormula& formula, float value, std::int32_t index) {
+    const auto& evaluator = evaluatorOf(index);
+    if (formula.evaluator != evaluator) link(formula, index, evaluator);
+    for (const auto& feed : formula.feeds)
+        *feed.place = static_cast<double>(LastValue[static_cast<std::size_t>(feed.number)]);
+    *formula.own = *formula.u = *formula.x = static_cast<double>(value);
+    evaluator->Expression(formula.text);
+    double result = 0;
+    if (!evaluator->Value(result)) return 0;
+    const auto rounded = static_cast<float>(result);
+    return std::isfinite(rounded) ? rounded : 0;
+}
+
+bool isValidExpression(const QString& formula) {
+    std::vector<std::int32_t> variables;
+    std::vector<bool> carItems;
+    if (CheckExpression(formula, variables, carItems)) return true;
+    MsgBox(QStringLiteral("There is an error in the formula: ") + formula, Icon::Stop);
+    return false;
+}
+
+} // namespace
+
+FormulaForm formOf(const QString& formula) {
+    if (formula.isEmpty() || formula == QStringLiteral("$1$0") || formula == QStringLiteral("0"))
+        return FormulaForm::Identity;
+    if (formula.contains(u'$')) return FormulaForm::GainAndOffset;
+    const QString upper = formula.toUpper();
+    if (upper.contains(QStringLiteral("FUNCTION OUTPUT"))) return FormulaForm::Script;
+    if (upper.contains(QStringLiteral("EXTERNAL DLL"))) return FormulaForm::External;
+    return FormulaForm::Expression;
+}
+
+void createFormulaEvaluators() {
+    FormulaEvaluators.assign(kVariableCount, nullptr);
+    for (std::size_t row = 0; row < FormulaEvaluators.size(); ++row) {
+        const bool known = row < VariableTable.size();
+        FormulaEvaluators[row] = makeEvaluator(known ? VariableTable[row].CustomTransformation : QString());
+        IndexNumbers[row] = known ? VariableTable[row].IndexNumber : 0;
+    }
+}
+
+bool ConvertValue(const QString& formula, std::int32_t index, float& value, bool checkMode) {
+    PreparedFormula& known = preparedFor(formula, index);
+    switch (known.form) {
+    case FormulaForm::Identity:
+        return true;
+    case FormulaForm::GainAndOffset: {
+        const auto result = static_cast<float>(known.gain * static_cast<double>(value) + known.offset);
+        if (std::isfinite(result)) value = result; // an overflow leaves the value alone
+        return true;
+    }
+    case FormulaForm::Script:
+    case FormulaForm::External:
+        return false;
+    case FormulaForm::Expression:
+        break;
+    }
+    if (checkMode) return isValidExpression(formula);
+    if (isRow(index)) value = evaluate(known, value, index);
+    return true;
+}
+
+float EvaluateExpression(const QString& formula, float value, std::int32_t index) {
+    return isRow(index) ? evaluate(preparedFor(formula, index), value, index) : 0;
+}
+
+bool CheckExpression(const QString& formula, std::vector<std::int32_t>& usedVariables,
+                     std::vector<bool>& usedCarItems) {
+    FormulaEvaluator evaluator;
+    evaluator.Expression(formula);
+    for (const ConstantName& constant : kConstants)
+        evaluator.SetVariable(QString::fromLatin1(constant.name), 1);
+    evaluator.SetVariable(QStringLiteral("U"), 1);
+    evaluator.SetVariable(QStringLiteral("x"), 1);
+    for (std::int32_t number = 1; number < kVariableCount; ++number)
+        evaluator.SetVariable(variableName(number), 1);
+    double value = 0;
+    const bool valid = evaluator.Value(value);
+
+    usedVariables.clear();
+    bool used = false;
+    for (std::int32_t number = 1; valid && number < kVariableCount; ++number) {
+        evaluator.VariableUsed(variableName(number), used);
+        if (used) usedVariables.push_back(number);
+    }
+    if (usedVariables.empty()) usedVariables.push_back(0);
+    usedCarItems.assign(17, false);
+    for (std::size_t item = 0; item < std::size(kConstants); ++item) {
+        evaluator.VariableUsed(QString::fromLatin1(kConstants[item].name), used);
+        usedCarItems[item + 1] = used;
+    }
+    evaluator.Reset();
+    return valid;
+}
+
+void NumericKeyFilter(std::int16_t& key) {
+    const bool digit = key >= '0' && key <= '9';
+    if (!digit && key != 8 && key != 46 && key != 13 && key != 45) key = 0;
+}
+
+} // namespace vistor
