@@ -24,7 +24,7 @@ namespace vistor {
 
 /// Answers of DecodeMessage.
 inline constexpr std::int32_t kMessageDecoded = 0;
-inline constexpr std::int32_t kJunkSkipped = 1; ///< the position moved; try again
+inline constexpr std::int32_t kJunkSkipped = 1; ///< no message, but the position moved; try again
 inline constexpr std::int32_t kNoMessageNow = 2;
 
 /// Why bytes were skipped.
@@ -48,7 +48,8 @@ public:
     ///
     /// values, channels: the first `count` (0 to 21) entries are written when status is kMessageDecoded.
     /// messageBytes: the message without escapes and checksum, in the decoder's own memory, until the next
-    /// call. second: bytes skipped as junk by this call. third: the JunkReason of them. status: only an
+    /// call. second: bytes skipped as junk by this call.
+    /// third: the JunkReason of them. status: only an
     /// output here, whatever it holds. flag: without meaning in this format.
     void DecodeMessage(const std::vector<std::uint8_t>& bytes, std::int32_t& position, std::int32_t lastIndex,
                        std::array<double, 21>& values, std::array<std::int32_t, 21>& channels,
@@ -56,8 +57,19 @@ public:
                        std::int32_t& third, std::int32_t& messageNumber, std::int32_t& status, bool flag);
 
 private:
-    // Words of eight bytes are written whole, so up to eight more than a body needs, and eight again.
-    std::array<std::uint8_t, kLongestBody + 16> m_body;
+    /// What became of the bytes at the position.
+    struct Step {
+        const std::uint8_t* resumeAt;
+        std::int32_t status = kNoMessageNow;
+        JunkReason reason = JunkReason::none;
+        std::size_t skipped = 0;  ///< bytes, zeros not counted
+        std::size_t bodySize = 0; ///< of the message in m_body, with its checksum
+    };
+    Step findBody(const std::uint8_t* from, const std::uint8_t* end);
+    static Step junk(const std::uint8_t* from, const std::uint8_t* to, JunkReason reason);
+
+    // Words of eight bytes are written whole, so the last may begin where the longest body ends.
+    std::array<std::uint8_t, kLongestBody + 8> m_body;
 };
 
 } // namespace vistor

@@ -23,8 +23,8 @@ inline constexpr std::size_t kWideEntrySize = 2 + 8;   ///< channel, 64-bit floa
 inline constexpr std::size_t kLongestBody =
     kBodyHeadSize + kMostMessageValues * kWideEntrySize + kChecksumSize;
 
-/// Most bytes between two delimiters, strays included. The longest frame, every byte escaped and each of
-/// those followed by a stray zero, takes a quarter of it.
+/// Most bytes between two delimiters, strays included. The longest frame with every byte escaped and a stray
+/// zero behind every byte takes less than a quarter of it.
 inline constexpr std::size_t kLongestSpan = 4096;
 
 inline constexpr int kEngineSpeedMessage = 18;       ///< its first value counts ignition pulses
