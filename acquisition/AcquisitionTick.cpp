@@ -4,10 +4,14 @@
 #include "platform/Clock.h"
 #include "platform/Events.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace vistor {
 namespace {
+
+constexpr float kNoStreamTime =
+    -1; ///< no time message was met yet; below every time, it starts a recording over
 
 /// The first flagged element at or behind `from`, or the count. Most flags are off: eight bytes are looked at
 /// at once.
@@ -35,13 +39,16 @@ void AcquisitionTick::decode() {
         std::vector<std::uint8_t> recorded;
         ReadDataSource(recorded);
         ConcatanateBytes(StreamBytes, recorded);
-        StreamStartTime = -1;
+        StreamStartTime = kNoStreamTime;
         DecodeStream(StreamBytes, TickValues, TickUpdated, StreamStartTime, true);
         // An event inside the loop may have closed the source; its state then stands.
         if (TimeBase == kNotStartedTimeBase) TimeBase = static_cast<float>(Timer());
     } else {
         auto target = static_cast<float>(Timer() - static_cast<double>(TimeBase) +
                                          static_cast<double>(StreamStartTime));
+        // A recording without any time message was consumed in its first tick; a target below 0 would start
+        // it over.
+        if (StreamStartTime == kNoStreamTime) target = std::max(target, 0.0F);
         DecodeStream(StreamBytes, TickValues, TickUpdated, target, true);
     }
 }
