@@ -6,6 +6,8 @@
 #include "variables/GlobalVarsAndTypes.h"
 #include "variables/SetupVariables.h"
 
+#include <QVarLengthArray>
+
 #include <cmath>
 #include <utility>
 
@@ -32,7 +34,7 @@ QString variableName(std::int32_t number) {
 
 /// What is known of a row's formula from its last sample, so that the next one costs no look at the text. It
 /// holds the text itself: as long as it does, the same address means the same text.
-struct PreparedFormula {
+struct alignas(64) PreparedFormula {
     struct Feed {
         std::int32_t number;
         double* place;
@@ -44,10 +46,10 @@ struct PreparedFormula {
     double gain = 1;
     double offset = 0;
     std::shared_ptr<FormulaEvaluator> evaluator; ///< of an expression that has been run
-    std::vector<Feed> feeds;                     ///< other variables it reads, in the order of the text
     double* own = nullptr;                       ///< the row's own name, "U" and "x"
     double* u = nullptr;
     double* x = nullptr;
+    QVarLengthArray<Feed, 4> feeds; ///< other variables it reads, in the order of the text; seldom many
 
     bool isFor(const QString& formula) const {
         return revision == tableRevision && formula.constData() == text.constData() &&

@@ -119,12 +119,12 @@ std::string normalised(const QString& text) {
 
 /// Variables lie in a deque so that their addresses, which the compiled code holds, never change.
 struct FormulaEvaluator::Parser {
+    bool compiled = false; ///< the text was compiled, well or not, and nothing was defined since
+    bool good = false;     ///< and it evaluates
     mu::Parser engine;
     std::deque<double> values;
     std::map<std::string, double*> names;
     mu::varmap_type used;
-    bool compiled = false; ///< the text was compiled, well or not, and nothing was defined since
-    bool good = false;     ///< and it evaluates
 
     Parser() {
         engine.ClearFun();
