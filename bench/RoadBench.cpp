@@ -10,12 +10,10 @@
 #include "variables/SetupVariables.h"
 
 #include <benchmark/benchmark.h>
-
 #include <cstdlib>
+#include <muParser.h>
 #include <new>
 #include <random>
-
-#include <muParser.h>
 
 namespace {
 
@@ -29,8 +27,12 @@ void* operator new(std::size_t size) {
     if (void* memory = std::malloc(size)) return memory;
     throw std::bad_alloc();
 }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
 
 namespace vistor {
 namespace {
@@ -60,7 +62,8 @@ void makeRows(const QString& formula) {
 std::vector<std::int32_t> channels(int rows) {
     std::mt19937 random(1);
     std::vector<std::int32_t> numbers(kSamples);
-    for (auto& number : numbers) number = 2 + static_cast<std::int32_t>(random() % static_cast<unsigned>(rows));
+    for (auto& number : numbers)
+        number = 2 + static_cast<std::int32_t>(random() % static_cast<unsigned>(rows));
     return numbers;
 }
 
@@ -71,7 +74,8 @@ std::vector<std::uint8_t> frames(int rows) {
         std::vector<ChannelValue> values;
         for (int i = 0; i < kValuesPerMessage; ++i) {
             const auto sample = static_cast<std::size_t>(message * kValuesPerMessage + i);
-            values.push_back({static_cast<std::uint16_t>(numbers[sample]), static_cast<double>(sample) * 0.37});
+            values.push_back(
+                {static_cast<std::uint16_t>(numbers[sample]), static_cast<double>(sample) * 0.37});
         }
         appendMessage(stream, 3, values);
     }
@@ -98,9 +102,15 @@ void wholeRoad(benchmark::State& state, const QString& formula) {
     countSamples(state);
 }
 
-void roadIdentity(benchmark::State& state) { wholeRoad(state, {}); }
-void roadGainAndOffset(benchmark::State& state) { wholeRoad(state, QStringLiteral("$1.5$-3")); }
-void roadExpression(benchmark::State& state) { wholeRoad(state, QStringLiteral("VAR_0100*2+VAR_0200-x")); }
+void roadIdentity(benchmark::State& state) {
+    wholeRoad(state, {});
+}
+void roadGainAndOffset(benchmark::State& state) {
+    wholeRoad(state, QStringLiteral("$1.5$-3"));
+}
+void roadExpression(benchmark::State& state) {
+    wholeRoad(state, QStringLiteral("VAR_0100*2+VAR_0200-x"));
+}
 BENCHMARK(roadIdentity)->Arg(200)->Arg(7990);
 BENCHMARK(roadGainAndOffset)->Arg(200)->Arg(7990);
 BENCHMARK(roadExpression)->Arg(200);
@@ -114,8 +124,8 @@ void partDecode(benchmark::State& state) {
         StreamDecoder decoder;
         std::int32_t position = 0, count = 0, second = 0, third = 0, number = 0, status = 0;
         while (status != kNoMessageNow) {
-            decoder.DecodeMessage(stream, position, static_cast<std::int32_t>(stream.size()) - 1, values, numbers, count,
-                                  body, second, third, number, status, true);
+            decoder.DecodeMessage(stream, position, static_cast<std::int32_t>(stream.size()) - 1, values,
+                                  numbers, count, body, second, third, number, status, true);
             benchmark::DoNotOptimize(values);
         }
     }
@@ -140,7 +150,8 @@ void partStages(benchmark::State& state) {
         for (const std::int32_t number : numbers) {
             float value = 3;
             TransformSample(number, value, value);
-            benchmark::DoNotOptimize(LastValue[static_cast<std::size_t>(number)] = ProcessSample(number, value, now));
+            benchmark::DoNotOptimize(LastValue[static_cast<std::size_t>(number)] =
+                                         ProcessSample(number, value, now));
         }
     }
     countSamples(state);
@@ -151,21 +162,28 @@ void transform(benchmark::State& state, const QString& formula) {
     makeRows(formula);
     float output = 0;
     std::int32_t number = 0;
+    const auto rows = static_cast<std::int32_t>(state.range(0));
     for (auto unused : state) {
-        number = number % 200 + 1;
+        number = number % rows + 1;
         TransformSample(number, 3, output);
         benchmark::DoNotOptimize(output);
     }
 }
-void transformIdentity(benchmark::State& state) { transform(state, {}); }
-void transformGainAndOffset(benchmark::State& state) { transform(state, QStringLiteral("$1.5$-3")); }
-void transformExpression(benchmark::State& state) { transform(state, QStringLiteral("VAR_0100*2+VAR_0200-x")); }
-BENCHMARK(transformIdentity);
-BENCHMARK(transformGainAndOffset);
-BENCHMARK(transformExpression);
+void transformIdentity(benchmark::State& state) {
+    transform(state, {});
+}
+void transformGainAndOffset(benchmark::State& state) {
+    transform(state, QStringLiteral("$1.5$-3"));
+}
+void transformExpression(benchmark::State& state) {
+    transform(state, QStringLiteral("VAR_0100*2+VAR_0200-x"));
+}
+BENCHMARK(transformIdentity)->Arg(1)->Arg(200);
+BENCHMARK(transformGainAndOffset)->Arg(1)->Arg(200);
+BENCHMARK(transformExpression)->Arg(1)->Arg(200);
 
 void bareParser(benchmark::State& state) {
-    std::vector<mu::Parser> parsers(200);
+    std::vector<mu::Parser> parsers(static_cast<std::size_t>(state.range(0)));
     double x = 3, a = 1, b = 2;
     for (mu::Parser& parser : parsers) {
         parser.DefineVar("X", &x);
@@ -180,7 +198,7 @@ void bareParser(benchmark::State& state) {
         benchmark::DoNotOptimize(parsers[number].Eval());
     }
 }
-BENCHMARK(bareParser);
+BENCHMARK(bareParser)->Arg(1)->Arg(200);
 
 /// A tick with nothing to do: a live source that is silent and no calculated rows.
 void tickIdle(benchmark::State& state) {

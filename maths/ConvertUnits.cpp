@@ -43,13 +43,13 @@ struct alignas(64) PreparedFormula {
     QString text;
     std::uint64_t revision = 0;
     FormulaForm form = FormulaForm::Identity;
-    double gain = 1;
-    double offset = 0;
     std::shared_ptr<FormulaEvaluator> evaluator; ///< of an expression that has been run
     double* own = nullptr;                       ///< the row's own name, "U" and "x"
     double* u = nullptr;
     double* x = nullptr;
     QVarLengthArray<Feed, 4> feeds; ///< other variables it reads, in the order of the text; seldom many
+    double gain = 1;
+    double offset = 0;
 
     bool isFor(const QString& formula) const {
         return revision == tableRevision && formula.constData() == text.constData() &&
@@ -57,7 +57,8 @@ struct alignas(64) PreparedFormula {
     }
 };
 
-std::vector<PreparedFormula> prepared;
+std::vector<PreparedFormula> prepared(kVariableCount);
+PreparedFormula preparedElsewhere; // for an index that is no row
 
 bool isRow(std::int32_t index) {
     return index >= 0 && index < kVariableCount;
@@ -77,9 +78,7 @@ PreparedFormula prepare(const QString& formula) {
 }
 
 PreparedFormula& preparedFor(const QString& formula, std::int32_t index) {
-    static PreparedFormula elsewhere; // for an index that is no row
-    if (!isRow(index)) return elsewhere = prepare(formula);
-    if (prepared.empty()) prepared.resize(kVariableCount);
+    if (!isRow(index)) return preparedElsewhere = prepare(formula);
     PreparedFormula& row = prepared[static_cast<std::size_t>(index)];
     if (!row.isFor(formula)) row = prepare(formula);
     return row;
@@ -101,9 +100,10 @@ std::shared_ptr<FormulaEvaluator>& evaluatorOf(std::int32_t index) {
 /// Defines in a row's evaluator what its formula may refer to, and notes where those values lie.
 void link(PreparedFormula& formula, std::int32_t index, std::shared_ptr<FormulaEvaluator> evaluator) {
     evaluator->Expression(formula.text);
-    for (const ConstantName& constant : kConstants)
-        evaluator->SetVariable(QString::fromLatin1(constant.name),
-                               static_cast<double>(CarConstants[constant.item]));
+    // What changes at every sample is defined first, so that it lies together.
+    formula.own = evaluator->variable(variableName(index));
+    formula.u = evaluator->variable(QStringLiteral("U"));
+    formula.x = evaluator->variable(QStringLiteral("x"));
     formula.feeds.clear();
     const QStringList parts = formula.text.split(kVariablePrefix); // the case is exact
     for (qsizetype i = 1; i < parts.size(); ++i) {
@@ -112,19 +112,19 @@ void link(PreparedFormula& formula, std::int32_t index, std::shared_ptr<FormulaE
         const auto known = static_cast<std::int32_t>(number);
         formula.feeds.push_back({known, evaluator->variable(variableName(known))});
     }
-    formula.own = evaluator->variable(variableName(index));
-    formula.u = evaluator->variable(QStringLiteral("U"));
-    formula.x = evaluator->variable(QStringLiteral("x"));
+    for (const ConstantName& constant : kConstants)
+        evaluator->SetVariable(QString::fromLatin1(constant.name),
+                               static_cast<double>(CarConstants[constant.item]));
     formula.evaluator = std::move(evaluator);
 }
 
 float evaluate(PreparedFormula& formula, float value, std::int32_t index) {
+    // Only this module gives a row's evaluator its text, so one that is linked has the text of `formula`.
     const auto& evaluator = evaluatorOf(index);
     if (formula.evaluator != evaluator) link(formula, index, evaluator);
     for (const auto& feed : formula.feeds)
         *feed.place = static_cast<double>(LastValue[static_cast<std::size_t>(feed.number)]);
     *formula.own = *formula.u = *formula.x = static_cast<double>(value);
-    evaluator->Expression(formula.text);
     double result = 0;
     if (!evaluator->Value(result)) return 0;
     const auto rounded = static_cast<float>(result);

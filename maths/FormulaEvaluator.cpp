@@ -182,7 +182,8 @@ bool FormulaEvaluator::compile() {
 }
 
 bool FormulaEvaluator::Value(double& value) {
-    if (!compile()) return false;
+    const bool ready = m_parser && m_parser->compiled ? m_parser->good : compile();
+    if (!ready) return false;
     try {
         const double result = m_parser->engine.Eval();
         if (!std::isfinite(result)) return false;

@@ -32,8 +32,8 @@ struct alignas(64) VariableDefinition {
     std::int32_t Calculus = 0;   ///< 0 none, 1 and 2 integrate and differentiate by time, 3 and 4 by distance
     float DefaultMin = 0;        ///< limits of the clamp; none unless the upper is above the lower
     float DefaultMax = 0;
-    QString ApplyTransformation;  ///< key of the unit conversion in use
-    QString CustomTransformation; ///< the person's own formula; "0" is none
+    QString ApplyTransformation;   ///< key of the unit conversion in use
+    QString CustomTransformation;  ///< the person's own formula; "0" is none
     std::int32_t IndexNumber = 0;  ///< the variable's number; 0 marks an empty row
     std::int32_t VariableType = 0; ///< group 1 to 9
     Bool16 Enabled = kFalse16;     ///< shown in the tree; rewritten by SetupVariables

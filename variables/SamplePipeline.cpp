@@ -4,17 +4,27 @@
 #include "variables/GlobalVarsAndTypes.h"
 #include "variables/SetupVariables.h"
 
+#include <array>
 #include <cmath>
-#include <vector>
 
 namespace vistor {
 namespace {
 
 constexpr double kNoLimit = 1e20;
 
+/// The unit conversion of a row, kept until the row names another one or the tables change.
+struct KnownUnit {
+    QString key;
+    std::uint64_t revision = 0;
+    std::size_t unit = 0;
+};
+
+std::array<KnownUnit, kVariableCount> knownUnits;
+const VariableDefinition noSettings;
+const QString noFormula;
+
 const VariableDefinition& rowOf(std::size_t number) {
-    static const VariableDefinition none;
-    return number < VariableTable.size() ? VariableTable[number] : none;
+    return number < VariableTable.size() ? VariableTable[number] : noSettings;
 }
 
 /// Stores a result rounded to 32 bits, unless the arithmetic behind it failed: then the place keeps what it
@@ -24,17 +34,9 @@ void storeIfFinite(float& place, double result) {
     if (std::isfinite(rounded)) place = rounded;
 }
 
-/// The unit conversion of a row, looked up when the row names another one than at its last sample.
 const QString& conversionOf(std::size_t number, const VariableDefinition& row) {
-    struct Known {
-        QString key;
-        std::uint64_t revision = 0;
-        std::size_t unit = 0;
-    };
-    static std::vector<Known> known(kVariableCount);
-    static const QString none;
-    if (UnitConversions.empty()) return none;
-    Known& last = known[number];
+    if (UnitConversions.empty()) return noFormula;
+    KnownUnit& last = knownUnits[number];
     const QString& key = row.ApplyTransformation;
     if (last.revision != tableRevision || last.key.constData() != key.constData() ||
         last.key.size() != key.size())
