@@ -1,103 +1,14 @@
 #include "maths/DefinitionTables.h"
 
-#include "platform/CodePage.h"
+#include "maths/TableCells.h"
 
-#include <QHash>
 #include <QSet>
 
 #include <algorithm>
-#include <charconv>
-#include <functional>
 #include <iterator>
-#include <string>
 
 namespace vistor {
 namespace {
-
-/// What stands for characters that would end a cell, a line or a key in a list.
-constexpr struct {
-    char16_t character;
-    char16_t letter;
-} kEscapes[] = {{u'\\', u'\\'}, {u'\t', u't'}, {u'\n', u'n'}, {u'\r', u'r'}, {u'|', u'p'}};
-const QString kEmptyText = QStringLiteral("\\e");
-const QString kEmptyList = QStringLiteral("\\-");
-
-QString escaped(const QString& text, bool inList) {
-    QString cell;
-    for (const QChar character : text) {
-        const auto* found = std::find_if(std::begin(kEscapes), std::end(kEscapes),
-                                         [=](auto entry) { return entry.character == character.unicode(); });
-        const bool plain = found == std::end(kEscapes) || (character == u'|' && !inList);
-        cell += plain ? QString(character) : QString(u'\\') + QChar(found->letter);
-    }
-    return cell;
-}
-
-/// The text behind a cell; false when an escape is unknown or the files' code page lacks a character.
-bool fromCell(const QString& cell, QString& text) {
-    text.clear();
-    for (qsizetype i = 0; i < cell.size(); ++i) {
-        if (cell[i] != u'\\') {
-            text += cell[i];
-            continue;
-        }
-        const char16_t letter = ++i < cell.size() ? cell[i].unicode() : u'\0';
-        const auto* found = std::find_if(std::begin(kEscapes), std::end(kEscapes),
-                                         [=](auto entry) { return entry.letter == letter; });
-        if (found == std::end(kEscapes) && letter != u'e') return false;
-        if (found != std::end(kEscapes)) text += QChar(found->character);
-    }
-    const QByteArray bytes = toCodePage(text);
-    return bytes.size() <= 65535 &&
-           fromCodePage({bytes.constData(), static_cast<std::size_t>(bytes.size())}) == text;
-}
-
-template <typename Number>
-bool fromCell(const QString& cell, Number& number) {
-    const std::string digits = cell.toStdString();
-    const char* end = digits.data() + digits.size();
-    const auto [stop, error] = std::from_chars(digits.data(), end, number);
-    return error == std::errc() && stop == end;
-}
-
-bool fromCell(const QString& cell, Bool16& flag) {
-    flag = kTrue16;
-    return cell == QStringLiteral("yes");
-}
-
-bool fromCell(const QString& cell, std::optional<QStringList>& list) {
-    list.emplace();
-    if (cell == kEmptyList) return true;
-    for (const QString& part : cell.split(u'|')) {
-        list->emplace_back();
-        if (!fromCell(part, list->back())) return false;
-    }
-    return true;
-}
-
-QString toCell(const QString& text) {
-    return escaped(text, false);
-}
-
-template <typename Number>
-QString toCell(Number number) {
-    char digits[32];
-    const auto end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
-    return number == 0 ? QString() : QString::fromLatin1(digits, end - digits);
-}
-
-QString toCell(Bool16 flag) {
-    return flag ? QStringLiteral("yes") : QString();
-}
-
-QString toCell(const std::optional<QStringList>& list) {
-    if (!list) return {};
-    if (list->isEmpty()) return kEmptyList;
-    QStringList parts;
-    for (const QString& text : *list) parts += escaped(text, true);
-    const QString cell = parts.join(u'|');
-    return cell.isEmpty() ? kEmptyText : cell;
-}
 
 /// A column of a table: its head, and the way of a field into a cell and out of one.
 template <typename Row>
@@ -126,7 +37,7 @@ constexpr Column<VariableDefinition> limitColumn(const char* head) {
 
 using Unit = UnitConversion;
 constexpr Column<Unit> kUnitColumns[] = {
-    {"Key", [](const Unit& row) { return row.UnitName.isEmpty() ? kEmptyText : toCell(row.UnitName); },
+    {"Key", [](const Unit& row) { return row.UnitName.isEmpty() ? emptyTextCell() : toCell(row.UnitName); },
      [](Unit& row, const QString& cell) { return fromCell(cell, row.UnitName); }},
     column<&Unit::Uniit, Unit>("Label"),
     column<&Unit::Conversion, Unit>("Conversion"),
@@ -208,7 +119,9 @@ public:
     }
 
     bool failed() const { return !m_fault.message.isEmpty(); }
-    void fail(const QString& message) { m_fault.message = message; }
+    void fail(const QString& message) {
+        if (!failed()) m_fault.message = message;
+    }
 
     void checkHeads(const QStringList& known, const QString& needed) {
         for (const QString& head : m_heads) {
@@ -294,21 +207,20 @@ std::vector<Variable> readVariables(const QByteArray& text, const std::vector<Un
     QSet<QString> keys;
     for (const Unit& unit : units) keys.insert(unit.UnitName);
     QSet<QString> names;
-    QSet<std::size_t> numbers;
+    QSet<std::int32_t> numbers;
     std::vector<Variable> rows(kVariableCount);
     while (reader.next()) {
-        std::size_t number = 0;
+        std::int32_t number = -1;
         reader.readNumber(kNumber, number);
+        if (number < 0 || number >= kVariableCount) reader.fail(QStringLiteral("a number is 0 to 8000"));
+        if (numbers.contains(number)) reader.fail(QStringLiteral("number %1 comes twice").arg(number));
         if (reader.failed()) break;
-        if (number >= rows.size() || numbers.contains(number)) {
-            reader.fail(QStringLiteral("number %1 is beyond 8000 or comes twice").arg(number));
-            break;
-        }
         numbers.insert(number);
-        rows[number].IndexNumber = static_cast<std::int32_t>(number);
-        if (!reader.cell(kIndex).isEmpty()) reader.readNumber(kIndex, rows[number].IndexNumber);
-        if (!reader.failed()) reader.read<Variable>(kVariableColumns, rows[number]);
-        if (!reader.failed()) checkVariable(reader, rows[number], keys, names);
+        Variable& row = rows[static_cast<std::size_t>(number)];
+        row.IndexNumber = number;
+        if (!reader.cell(kIndex).isEmpty()) reader.readNumber(kIndex, row.IndexNumber);
+        reader.read<Variable>(kVariableColumns, row);
+        if (!reader.failed()) checkVariable(reader, row, keys, names);
     }
     return rows;
 }
