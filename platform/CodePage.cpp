@@ -30,12 +30,16 @@ QString fromCodePage(std::string_view bytes) {
 }
 
 QByteArray toCodePage(const QString& text) {
-    QByteArray bytes;
-    bytes.reserve(text.size());
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        bytes.append(byteOf(text[i].unicode()));
-        if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) ++i;
+    if (text.isEmpty()) return {};
+    QByteArray bytes(text.size(), Qt::Uninitialized);
+    char* const begin = bytes.data();
+    char* out = begin;
+    const QChar* const end = text.constData() + text.size();
+    for (const QChar* in = text.constData(); in != end; ++in) {
+        *out++ = byteOf(in->unicode());
+        if (in->isHighSurrogate() && in + 1 != end && in[1].isLowSurrogate()) ++in;
     }
+    bytes.resize(out - begin);
     return bytes;
 }
 

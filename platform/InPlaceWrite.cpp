@@ -1,0 +1,24 @@
+#include "platform/InPlaceWrite.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <fcntl.h>
+
+namespace vistor {
+
+bool writeInPlace(const QString& path, const QByteArray& bytes) {
+    const QFileInfo before(path);
+    if (before.exists() && !before.isFile()) return false; // opening a pipe would wait for its reader
+    QFile file(path);
+    if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered)) return false;
+    const qint64 oldSize = file.size();
+    if (posix_fallocate(file.handle(), 0, bytes.size()) != 0) {
+        file.resize(oldSize);
+        if (!before.exists()) file.remove();
+        return false;
+    }
+    return file.write(bytes) == bytes.size();
+}
+
+} // namespace vistor
