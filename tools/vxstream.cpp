@@ -61,9 +61,13 @@ struct OptionText {
 };
 
 void addOptions(QCommandLineParser& parser, std::span<const OptionText> options) {
-    for (const OptionText& option : options)
-        parser.addOption({QString::fromLatin1(option.name), QString::fromLatin1(option.does),
-                          QString::fromLatin1(option.value), QString::fromLatin1(option.fallback)});
+    for (const OptionText& option : options) {
+        const QString fallback = QString::fromLatin1(option.fallback);
+        QString does = QString::fromLatin1(option.does);
+        if (!fallback.isEmpty()) does += QStringLiteral(" Default: %1.").arg(fallback);
+        parser.addOption(
+            {QString::fromLatin1(option.name), does, QString::fromLatin1(option.value), fallback});
+    }
 }
 
 constexpr OptionText kSimulateOptions[] = {
