@@ -28,7 +28,7 @@ std::size_t nextFlag(const TickFlagArray& flags, std::size_t from) {
 
 } // namespace
 
-void AcquisitionTick::decode() {
+void AcquisitionTick::decode(double now) {
     if (TimeBase == kLiveTimeBase) {
         std::vector<std::uint8_t> arrived;
         ReadDataSource(arrived);
@@ -42,10 +42,10 @@ void AcquisitionTick::decode() {
         StreamStartTime = kNoStreamTime;
         DecodeStream(StreamBytes, TickValues, TickUpdated, StreamStartTime, true);
         // An event inside the loop may have closed the source; its state then stands.
-        if (TimeBase == kNotStartedTimeBase) TimeBase = static_cast<float>(Timer());
+        if (TimeBase == kNotStartedTimeBase) TimeBase = static_cast<float>(now);
     } else {
-        auto target = static_cast<float>(Timer() - static_cast<double>(TimeBase) +
-                                         static_cast<double>(StreamStartTime));
+        auto target =
+            static_cast<float>(now - static_cast<double>(TimeBase) + static_cast<double>(StreamStartTime));
         // A recording without any time message was consumed in its first tick; a target below 0 would start
         // it over.
         if (StreamStartTime == kNoStreamTime) target = std::max(target, 0.0F);
@@ -65,7 +65,7 @@ void AcquisitionTick::run(const RefreshFunction& refreshControls) {
     InTick = true;
     TickValues.fill(0);
     TickUpdated.fill(kFalse16);
-    decode();
+    decode(Timer());
     sweep(refreshControls);
     pumpEvents();
     InTick = false;

@@ -13,6 +13,7 @@ namespace vistor {
 /// Takes a variable's PhysicalName and its newest value.
 using RefreshFunction = std::function<void(const QString& name, float value)>;
 
+/// The tick with what lives between two of them.
 class AcquisitionTick {
 public:
     /// Does one tick, unless PlayMode is off or a tick is being done already: events that run inside a tick
@@ -20,7 +21,7 @@ public:
     void run(const RefreshFunction& refreshControls);
 
 private:
-    void decode();
+    void decode(double now); // the clock as the tick began
     void sweep(const RefreshFunction& refreshControls);
 
     bool InTick = false;

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <limits>
 #include <memory>
+#include <new>
 
 namespace vistor {
 namespace {
@@ -38,8 +39,8 @@ void sayNotBuilt() {
     MsgBox(QStringLiteral("Not yet implemented"));
 }
 
-bool openRunFile(const QString& path) {
-    if (!IsRunFile(path)) return false;
+bool openRunFile(QString path) {
+    if (!FileExists(path) || !IsRunFile(path)) return false; // the path is cleaned on the way
     auto file = std::make_unique<QFile>(path);
     if (!file->open(QIODevice::ReadOnly)) return false;
     runFile = std::move(file);
@@ -63,8 +64,14 @@ void readSerial(std::vector<std::uint8_t>& bytes) {
 void readFile(std::vector<std::uint8_t>& bytes) {
     bytes.clear();
     if (!runFile) return;
-    const qint64 length = std::min<qint64>(runFile->size(), std::numeric_limits<std::int32_t>::max() - 2);
-    bytes.resize(static_cast<std::size_t>(length) + 1, 0);
+    const qint64 length = std::min<qint64>(runFile->size(), std::numeric_limits<std::int32_t>::max() - 3);
+    try {
+        bytes.reserve(static_cast<std::size_t>(length) + 2); // room for the one byte that it is appended to
+        bytes.resize(static_cast<std::size_t>(length) + 1, 0);
+    } catch (const std::bad_alloc&) { // the file is larger than memory: there is nothing to play
+        bytes = {};
+        return;
+    }
     runFile->seek(0);
     runFile->read(reinterpret_cast<char*>(bytes.data()), length);
 }

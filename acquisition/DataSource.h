@@ -14,8 +14,8 @@ namespace vistor {
 bool OpenDataSource();
 
 /// Gets what the source has now, without waiting: of a serial line what has arrived, of a run file all of it,
-/// with a 0 behind it. `bytes` stays as it is when there is nothing. A serial line that was silent for eleven
-/// reads in a row is opened again.
+/// with a 0 behind it. A serial line that brought nothing leaves `bytes` as it is; one that
+/// was silent for eleven reads in a row is opened again.
 void ReadDataSource(std::vector<std::uint8_t>& bytes);
 
 /// Closes whatever is open and drops what was not decoded.

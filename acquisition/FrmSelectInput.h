@@ -13,6 +13,7 @@ namespace vistor {
 
 struct SourceChoice;
 
+/// Modal; detects the ports when it is first shown, so each opening makes a new window.
 class FrmSelectInput final : public QDialog {
     Q_OBJECT
 

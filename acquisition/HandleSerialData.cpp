@@ -12,7 +12,6 @@
 namespace vistor {
 namespace {
 
-constexpr std::int32_t kEngineSpeedMessage = 18;
 constexpr std::int32_t kCompactionThreshold = 1'000'000;
 
 /// What one call of the decoder delivers.
@@ -111,10 +110,13 @@ bool HasBytes(const std::vector<std::uint8_t>& bytes) {
 }
 
 void ConcatanateBytes(std::vector<std::uint8_t>& target, std::vector<std::uint8_t>& addition) {
-    if (HasBytes(target))
+    if (target.size() <
+        addition.size()) { // the fewer bytes move: a whole recording comes behind a single one
+        addition.insert(addition.begin(), target.begin(), target.end());
+        target.swap(addition);
+    } else {
         target.insert(target.end(), addition.begin(), addition.end());
-    else if (HasBytes(addition))
-        target = std::move(addition);
+    }
     addition = {};
 }
 

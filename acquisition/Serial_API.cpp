@@ -77,7 +77,8 @@ bool ReadPort(std::vector<std::uint8_t>& bytes) {
     if (arrived.isEmpty()) {
         // A device that was pulled out would wake the event loop without end; the caller opens it again in
         // time.
-        if (thePort->error() == QSerialPort::ResourceError) ClosePort();
+        const auto error = thePort->error();
+        if (error != QSerialPort::NoError && error != QSerialPort::TimeoutError) ClosePort();
         return false;
     }
     bytes.assign(arrived.begin(), arrived.end());

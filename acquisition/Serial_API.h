@@ -12,6 +12,7 @@ namespace vistor {
 /// Opens port number `port` at `speed` bits per second for this program alone and empties the line. False
 /// when that failed; no message is shown.
 bool OpenPort(std::int32_t port, std::int32_t speed);
+/// Closes the port; does nothing when none is open.
 void ClosePort();
 /// Makes `bytes` what has arrived, at most 31000 bytes, with one 0 behind them. False when nothing has, or
 /// the device is gone; `bytes` stays as it is then.

@@ -14,15 +14,15 @@
 namespace vistor {
 namespace {
 
-struct ConstantName {
+struct NamedConstant {
     const char* name;
     std::size_t item; ///< of CarConstants
 };
 
-constexpr ConstantName kConstants[] = {{"CAR_1", 6},  {"CAR_2", 7},   {"CAR_3", 8},  {"CAR_4", 9},
-                                       {"CAR_5", 10}, {"CAR_6", 11},  {"CAR_7", 12}, {"CAR_8", 13},
-                                       {"CAR_9", 14}, {"CAR_10", 15}, {"CdA", 0},    {"Roll", 1},
-                                       {"Mass", 2},   {"Temp", 3},    {"Press", 4},  {"Humid", 5}};
+constexpr NamedConstant kConstants[] = {{"CAR_1", 6},  {"CAR_2", 7},   {"CAR_3", 8},  {"CAR_4", 9},
+                                        {"CAR_5", 10}, {"CAR_6", 11},  {"CAR_7", 12}, {"CAR_8", 13},
+                                        {"CAR_9", 14}, {"CAR_10", 15}, {"CdA", 0},    {"Roll", 1},
+                                        {"Mass", 2},   {"Temp", 3},    {"Press", 4},  {"Humid", 5}};
 
 const QString kVariablePrefix = QStringLiteral("VAR_");
 
@@ -112,7 +112,7 @@ void link(PreparedFormula& formula, std::int32_t index, std::shared_ptr<FormulaE
         const auto known = static_cast<std::int32_t>(number);
         formula.feeds.push_back({known, evaluator->variable(variableName(known))});
     }
-    for (const ConstantName& constant : kConstants)
+    for (const NamedConstant& constant : kConstants)
         evaluator->SetVariable(QString::fromLatin1(constant.name),
                                static_cast<double>(CarConstants[constant.item]));
     formula.evaluator = std::move(evaluator);
@@ -189,7 +189,7 @@ bool CheckExpression(const QString& formula, std::vector<std::int32_t>& usedVari
                      std::vector<bool>& usedCarItems) {
     FormulaEvaluator evaluator;
     evaluator.Expression(formula);
-    for (const ConstantName& constant : kConstants)
+    for (const NamedConstant& constant : kConstants)
         evaluator.SetVariable(QString::fromLatin1(constant.name), 1);
     evaluator.SetVariable(QStringLiteral("U"), 1);
     evaluator.SetVariable(QStringLiteral("x"), 1);

@@ -18,6 +18,7 @@ enum class FormulaForm : std::uint8_t {
     Expression     ///< anything else
 };
 
+/// The form of a formula; every text has one.
 FormulaForm formOf(const QString& formula);
 
 /// Makes the evaluators of all rows, gives each its row's own formula and the car constants, and copies the

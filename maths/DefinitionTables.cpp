@@ -35,46 +35,47 @@ constexpr Column<VariableDefinition> limitColumn(const char* head) {
     return limit;
 }
 
-using Unit = UnitConversion;
-constexpr Column<Unit> kUnitColumns[] = {
-    {"Key", [](const Unit& row) { return row.UnitName.isEmpty() ? emptyTextCell() : toCell(row.UnitName); },
-     [](Unit& row, const QString& cell) { return fromCell(cell, row.UnitName); }},
-    column<&Unit::Uniit, Unit>("Label"),
-    column<&Unit::Conversion, Unit>("Conversion"),
-    column<&Unit::Description, Unit>("Description"),
+constexpr Column<UnitConversion> kUnitColumns[] = {
+    {"Key",
+     [](const UnitConversion& row) {
+         return row.UnitName.isEmpty() ? emptyTextCell() : toCell(row.UnitName);
+     },
+     [](UnitConversion& row, const QString& cell) { return fromCell(cell, row.UnitName); }},
+    column<&UnitConversion::Uniit, UnitConversion>("Label"),
+    column<&UnitConversion::Conversion, UnitConversion>("Conversion"),
+    column<&UnitConversion::Description, UnitConversion>("Description"),
 };
 
 constexpr const char* kNumber = "Number";
 constexpr const char* kIndex = "Index";
 
-using Variable = VariableDefinition;
 template <auto Member>
-constexpr Column<Variable> field(const char* head) {
-    return column<Member, Variable>(head);
+constexpr Column<VariableDefinition> field(const char* head) {
+    return column<Member, VariableDefinition>(head);
 }
-constexpr Column<Variable> kVariableColumns[] = {
-    field<&Variable::PhysicalName>("PhysicalName"),
-    field<&Variable::BaseName>("BaseName"),
-    field<&Variable::VariableType>("Type"),
-    limitColumn<&Variable::DefaultMin>("Min"),
-    limitColumn<&Variable::DefaultMax>("Max"),
-    field<&Variable::ApplyTransformation>("Unit"),
-    field<&Variable::AllowTransformations>("Units"),
-    field<&Variable::allowLowerBound>("UnitsFrom"),
-    field<&Variable::UseCustomTrans>("UseFormula"),
-    field<&Variable::CustomTransformation>("Formula"),
-    field<&Variable::CustomUnits>("FormulaUnit"),
-    field<&Variable::Calculus>("Calculus"),
-    field<&Variable::SmoothingTime>("Smoothing"),
-    field<&Variable::MaximumROC>("MaximumROC"),
-    field<&Variable::FilterDesign>("FilterDesign"),
-    field<&Variable::FilterLowVal>("FilterLow"),
-    field<&Variable::FilterHighVal>("FilterHigh"),
-    field<&Variable::FilterRipple>("FilterRipple"),
-    field<&Variable::FilterOrder>("FilterOrder"),
-    field<&Variable::AlwaysOn>("AlwaysOn"),
-    field<&Variable::Misc>("Misc"),
-    field<&Variable::Description>("Description"),
+constexpr Column<VariableDefinition> kVariableColumns[] = {
+    field<&VariableDefinition::PhysicalName>("PhysicalName"),
+    field<&VariableDefinition::BaseName>("BaseName"),
+    field<&VariableDefinition::VariableType>("Type"),
+    limitColumn<&VariableDefinition::DefaultMin>("Min"),
+    limitColumn<&VariableDefinition::DefaultMax>("Max"),
+    field<&VariableDefinition::ApplyTransformation>("Unit"),
+    field<&VariableDefinition::AllowTransformations>("Units"),
+    field<&VariableDefinition::allowLowerBound>("UnitsFrom"),
+    field<&VariableDefinition::UseCustomTrans>("UseFormula"),
+    field<&VariableDefinition::CustomTransformation>("Formula"),
+    field<&VariableDefinition::CustomUnits>("FormulaUnit"),
+    field<&VariableDefinition::Calculus>("Calculus"),
+    field<&VariableDefinition::SmoothingTime>("Smoothing"),
+    field<&VariableDefinition::MaximumROC>("MaximumROC"),
+    field<&VariableDefinition::FilterDesign>("FilterDesign"),
+    field<&VariableDefinition::FilterLowVal>("FilterLow"),
+    field<&VariableDefinition::FilterHighVal>("FilterHigh"),
+    field<&VariableDefinition::FilterRipple>("FilterRipple"),
+    field<&VariableDefinition::FilterOrder>("FilterOrder"),
+    field<&VariableDefinition::AlwaysOn>("AlwaysOn"),
+    field<&VariableDefinition::Misc>("Misc"),
+    field<&VariableDefinition::Description>("Description"),
 };
 
 template <typename Row>
@@ -172,13 +173,13 @@ private:
     QStringList m_cells;
 };
 
-std::vector<Unit> readUnits(const QByteArray& text, TableFault& fault) {
+std::vector<UnitConversion> readUnits(const QByteArray& text, TableFault& fault) {
     TableReader reader(kUnitsTable, text, fault);
-    reader.checkHeads(heads<Unit>(kUnitColumns), QString::fromLatin1(kUnitColumns[0].head));
-    std::vector<Unit> units;
+    reader.checkHeads(heads<UnitConversion>(kUnitColumns), QString::fromLatin1(kUnitColumns[0].head));
+    std::vector<UnitConversion> units;
     QSet<QString> keys;
     while (reader.next()) {
-        reader.read<Unit>(kUnitColumns, units.emplace_back());
+        reader.read<UnitConversion>(kUnitColumns, units.emplace_back());
         const QString& key = units.back().UnitName;
         if (keys.contains(key)) reader.fail(QStringLiteral("unit \"%1\" comes twice").arg(key));
         keys.insert(key);
@@ -186,7 +187,7 @@ std::vector<Unit> readUnits(const QByteArray& text, TableFault& fault) {
     return units;
 }
 
-void checkVariable(TableReader& reader, const Variable& row, const QSet<QString>& units,
+void checkVariable(TableReader& reader, const VariableDefinition& row, const QSet<QString>& units,
                    QSet<QString>& names) {
     QStringList keys = row.AllowTransformations.value_or(QStringList());
     if (!row.ApplyTransformation.isEmpty()) keys += row.ApplyTransformation;
@@ -200,15 +201,15 @@ void checkVariable(TableReader& reader, const Variable& row, const QSet<QString>
     names.insert(name);
 }
 
-std::vector<Variable> readVariables(const QByteArray& text, const std::vector<Unit>& units,
-                                    TableFault& fault) {
+std::vector<VariableDefinition> readVariables(const QByteArray& text,
+                                              const std::vector<UnitConversion>& units, TableFault& fault) {
     TableReader reader(kVariablesTable, text, fault);
-    reader.checkHeads(QStringList{kNumber, kIndex} + heads<Variable>(kVariableColumns), kNumber);
+    reader.checkHeads(QStringList{kNumber, kIndex} + heads<VariableDefinition>(kVariableColumns), kNumber);
     QSet<QString> keys;
-    for (const Unit& unit : units) keys.insert(unit.UnitName);
+    for (const UnitConversion& unit : units) keys.insert(unit.UnitName);
     QSet<QString> names;
     QSet<std::int32_t> numbers;
-    std::vector<Variable> rows(kVariableCount);
+    std::vector<VariableDefinition> rows(kVariableCount);
     while (reader.next()) {
         std::int32_t number = -1;
         reader.readNumber(kNumber, number);
@@ -216,20 +217,20 @@ std::vector<Variable> readVariables(const QByteArray& text, const std::vector<Un
         if (numbers.contains(number)) reader.fail(QStringLiteral("number %1 comes twice").arg(number));
         if (reader.failed()) break;
         numbers.insert(number);
-        Variable& row = rows[static_cast<std::size_t>(number)];
+        VariableDefinition& row = rows[static_cast<std::size_t>(number)];
         row.IndexNumber = number;
         if (!reader.cell(kIndex).isEmpty()) reader.readNumber(kIndex, row.IndexNumber);
-        reader.read<Variable>(kVariableColumns, row);
+        reader.read<VariableDefinition>(kVariableColumns, row);
         if (!reader.failed()) checkVariable(reader, row, keys, names);
     }
     return rows;
 }
 
-QByteArray printVariables(const std::vector<Variable>& variables) {
-    QList<QStringList> lines = {QStringList{kNumber, kIndex} + heads<Variable>(kVariableColumns)};
+QByteArray printVariables(const std::vector<VariableDefinition>& variables) {
+    QList<QStringList> lines = {QStringList{kNumber, kIndex} + heads<VariableDefinition>(kVariableColumns)};
     for (std::size_t number = 0; number < variables.size(); ++number) {
-        const Variable& row = variables[number];
-        const QStringList cells = cellsOf<Variable>(kVariableColumns, row);
+        const VariableDefinition& row = variables[number];
+        const QStringList cells = cellsOf<VariableDefinition>(kVariableColumns, row);
         if (row.IndexNumber == 0 && cells.join(QString()).isEmpty()) continue;
         const bool own = row.IndexNumber == static_cast<std::int32_t>(number);
         const QString index = own ? QString() : QString::number(row.IndexNumber);
@@ -250,8 +251,8 @@ std::optional<Definitions> readTables(const DefinitionTables& tables, TableFault
 }
 
 DefinitionTables printTables(const Definitions& definitions) {
-    QList<QStringList> units = {heads<Unit>(kUnitColumns)};
-    for (const Unit& unit : definitions.units) units += cellsOf<Unit>(kUnitColumns, unit);
+    QList<QStringList> units = {heads<UnitConversion>(kUnitColumns)};
+    for (const UnitConversion& unit : definitions.units) units += cellsOf<UnitConversion>(kUnitColumns, unit);
     return {printVariables(definitions.variables), printed(units)};
 }
 

@@ -68,12 +68,14 @@ private:
 } // namespace
 
 double ReadConfigValue(const QString& path, const QString& key) {
-    QFile file(path);
-    if (!file.exists()) {
-        file.open(QIODevice::WriteOnly | QIODevice::NewOnly);
+    QString cleaned = path;
+    const bool holdsSomething = FileExists(cleaned);
+    QFile file(cleaned);
+    if (!holdsSomething) {
+        file.open(QIODevice::WriteOnly | QIODevice::NewOnly); // makes a missing one, and only that
         return 0;
     }
-    if (!FileExists(QString(path)) || !file.open(QIODevice::ReadOnly)) return 0;
+    if (!file.open(QIODevice::ReadOnly)) return 0;
     const QByteArray bytes = file.read(kLargestConfigFile);
     ItemReader items({bytes.constData(), static_cast<std::size_t>(bytes.size())});
     for (items.skipBlankLines(); !items.atEnd(); items.skipBlankLines()) {

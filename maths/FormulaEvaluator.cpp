@@ -99,6 +99,8 @@ std::string normalised(const QString& text) {
     for (qsizetype i = 0; i < upper.size(); ++i) {
         const char character = upper[i];
         const char next = i + 1 < upper.size() ? upper[i + 1] : '\0';
+        if (character == '{' || (character == '}' && next != '('))
+            result += ' '; // parts what stands beside it
         if (character == '{' || character == '}') continue;
         if (character == '<' && next == '>') {
             result += "!=";

@@ -14,6 +14,9 @@
 
 namespace vistor {
 
+/// The most bytes that a text in a definition file can have.
+inline constexpr qsizetype kLongestText = 65535;
+
 /// What one definition file holds.
 struct Definitions {
     std::vector<UnitConversion> units;

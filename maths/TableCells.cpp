@@ -1,5 +1,6 @@
 #include "maths/TableCells.h"
 
+#include "maths/LoadAndSaveVariableDefinitions.h"
 #include "platform/CodePage.h"
 
 #include <algorithm>
@@ -7,6 +8,7 @@
 #include <cmath>
 #include <iterator>
 #include <string>
+#include <type_traits>
 
 namespace vistor {
 namespace {
@@ -19,7 +21,6 @@ struct Escape {
 constexpr Escape kEscapes[] = {{u'\\', u'\\'}, {u'\t', u't'}, {u'\n', u'n'}, {u'\r', u'r'}, {u'|', u'p'}};
 constexpr char16_t kEmptyText = u'e';
 constexpr const char* kEmptyList = "\\-";
-constexpr qsizetype kLongestText = 65535;
 
 QString escaped(const QString& text, bool inList) {
     QString cell;
@@ -57,6 +58,9 @@ bool readNumber(const QString& cell, Number& number) {
     const std::string digits = cell.toStdString();
     const char* end = digits.data() + digits.size();
     const auto [stop, error] = std::from_chars(digits.data(), end, number);
+    if constexpr (std::is_floating_point_v<Number>) {
+        if (!std::isfinite(number)) return false;
+    }
     return error == std::errc() && stop == end;
 }
 

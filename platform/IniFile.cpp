@@ -3,10 +3,12 @@
 #include "platform/CodePage.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
 #include <charconv>
 #include <cmath>
+#include <optional>
 #include <string>
 #include <system_error>
 
@@ -14,6 +16,7 @@ namespace vistor {
 namespace {
 
 constexpr std::string_view kBlanks = " \t";
+constexpr qint64 kLargestFile = 16 * 1024 * 1024;
 
 std::string_view trimmed(std::string_view text) {
     const auto first = text.find_first_not_of(kBlanks);
@@ -36,6 +39,17 @@ QString oneLine(QString text) {
         if (character == u'\n' || character == u'\r') character = u' ';
     }
     return text;
+}
+
+/// All of a file; nothing of one that is missing. No value for what is no plain file, cannot be read or is
+/// larger than any initialisation file: what is not known whole must not be written back.
+std::optional<QByteArray> readWhole(const QString& path) {
+    const QFileInfo info(path);
+    if (!info.exists()) return QByteArray();
+    QFile file(path);
+    if (!info.isFile() || info.size() > kLargestFile || !file.open(QIODevice::ReadOnly)) return std::nullopt;
+    const QByteArray bytes = file.readAll();
+    return file.error() == QFileDevice::NoError ? std::optional(bytes) : std::nullopt;
 }
 
 /// A value that would lose its own blanks or quotes on reading is put in quotes.
@@ -80,9 +94,7 @@ IniFile IniFile::parse(std::string_view bytes) {
 }
 
 IniFile IniFile::load(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return {};
-    const QByteArray bytes = file.readAll();
+    const QByteArray bytes = readWhole(path).value_or(QByteArray());
     return parse({bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
@@ -115,8 +127,8 @@ void IniFile::setValue(const QString& section, const QString& key, const QString
     Section& target = sectionFor(section);
     const QString text = oneLine(value);
     Line line{toCodePage(oneLine(key)) + "=" + asWritten(text), text};
-    const QString folder = key.trimmed().toLower();
-    const auto found = target.keys.constFind(folder);
+    const QString foldedKey = key.trimmed().toLower();
+    const auto found = target.keys.constFind(foldedKey);
     if (found != target.keys.constEnd()) {
         target.lines[static_cast<std::size_t>(*found)] = std::move(line);
         return;
@@ -126,7 +138,7 @@ void IniFile::setValue(const QString& section, const QString& key, const QString
     while (at != target.lines.begin() &&
            trimmed({(at - 1)->raw.constData(), static_cast<std::size_t>((at - 1)->raw.size())}).empty())
         --at;
-    target.keys.insert(folder, at - target.lines.begin());
+    target.keys.insert(foldedKey, at - target.lines.begin());
     target.lines.insert(at, std::move(line));
 }
 
@@ -151,7 +163,9 @@ QString readIniValue(const QString& path, const QString& section, const QString&
 }
 
 bool writeIniValue(const QString& path, const QString& section, const QString& key, const QString& value) {
-    IniFile file = IniFile::load(path);
+    const auto bytes = readWhole(path);
+    if (!bytes) return false;
+    IniFile file = IniFile::parse({bytes->constData(), static_cast<std::size_t>(bytes->size())});
     file.setValue(section, key, value);
     return file.save(path);
 }

@@ -20,8 +20,10 @@ class IniFile {
 public:
     IniFile() = default;
 
-    /// The document in a file. A file that is missing or cannot be read gives an empty one.
+    /// The document in a file. A file that is missing, cannot be read or has more than 16 MiB gives an empty
+    /// one.
     static IniFile load(const QString& path);
+    /// The document in bytes of the code page; any bytes are one.
     static IniFile parse(std::string_view bytes);
 
     /// The value of a key, or `fallback` where there is none, cut to `buffer` less 1 characters and at the
@@ -32,6 +34,7 @@ public:
     /// written as a blank, so that no value can forge a section.
     void setValue(const QString& section, const QString& key, const QString& value);
 
+    /// The document as it is written.
     QByteArray toBytes() const;
     /// Writes the whole document, replacing the file in one step; false when that failed, and then the old
     /// file stands.
@@ -60,7 +63,8 @@ private:
 QString readIniValue(const QString& path, const QString& section, const QString& key, const QString& fallback,
                      int buffer);
 
-/// Writes one key of a file, keeping all else in it; false when the file could not be written.
+/// Writes one key of a file, keeping all else in it; false when the file could not be
+/// read whole or not be written.
 bool writeIniValue(const QString& path, const QString& section, const QString& key, const QString& value);
 
 /// The number with which a text begins, after blanks: sign, digits, "." and exponent; 0 where there is none.

@@ -60,6 +60,8 @@ public:
 /// like a person who cancels. Returns the one before (null: the default).
 Prompter* setPrompter(Prompter* prompter);
 
+/// The questions themselves; each returns when it is answered. Without a title the application's name stands
+/// there.
 Answer MsgBox(const QString& text, Icon icon = Icon::None, Buttons buttons = Buttons::Ok,
               const QString& title = {});
 std::optional<QString> InputBox(const QString& text, const QString& title = {}, const QString& initial = {});

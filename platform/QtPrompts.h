@@ -7,6 +7,7 @@ class QWidget;
 
 namespace vistor {
 
+/// Asks over the active window. To be put in with setPrompter() by the program.
 class QtPrompts final : public Prompter {
 public:
     Answer message(const MessageRequest& request) override;

@@ -1,4 +1,8 @@
 // Runs every test in one process, with one application object on the offscreen platform.
+#include "acquisition/DataSource.h"
+#include "platform/Clock.h"
+#include "platform/Folders.h"
+#include "platform/Prompts.h"
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QApplication>
@@ -10,7 +14,13 @@ namespace {
 
 /// Every test starts from the state before start-up.
 class FreshGlobals final : public testing::EmptyTestEventListener {
-    void OnTestStart(const testing::TestInfo&) override { vistor::ResetGlobals(); }
+    void OnTestStart(const testing::TestInfo&) override {
+        vistor::CloseDataSource();
+        vistor::setClock({});
+        vistor::setPrompter(nullptr);
+        vistor::setProgramFolder({});
+        vistor::ResetGlobals();
+    }
 };
 
 } // namespace

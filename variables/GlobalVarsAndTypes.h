@@ -23,7 +23,8 @@ using Bool16 = std::int16_t;
 inline constexpr Bool16 kTrue16 = -1;
 inline constexpr Bool16 kFalse16 = 0;
 
-/// One row of the table. What every sample reads stands together at the head, in one cache line.
+/// One row of the table. What every sample reads stands together at the head, in one cache line but for the
+/// last text.
 struct alignas(64) VariableDefinition {
     Bool16 UseCustomTrans = kFalse16;
     Bool16 Available = kFalse16; ///< rewritten by SetupVariables after every load
@@ -70,24 +71,25 @@ extern std::vector<VariableDefinition> VariableTableEdit; ///< the working copy 
 extern std::vector<UnitConversion> UnitConversions;       ///< written together with VariableTable
 
 extern std::array<float, kVariableCount>
-    SampleTime; ///< s since midnight of a variable's last sample; 0: none yet
-extern std::array<double, kVariableCount> SampleDistance; ///< distance at a variable's last sample
-extern std::array<float, kVariableCount> LastValue;       ///< last output of the pipeline
+    SampleTime; ///< s since midnight of the last sample, 0: none; by the pipeline
+extern std::array<double, kVariableCount> SampleDistance; ///< distance at the last sample; by the pipeline
+extern std::array<float, kVariableCount> LastValue; ///< last output of the pipeline; by the decoding loop
 extern std::array<std::int32_t, kVariableCount>
     IndexNumbers; ///< copy of each row's IndexNumber, filled at start-up
 
-extern std::vector<std::uint8_t> StreamBytes; ///< bytes received and not yet discarded; empty: no storage
-extern std::int32_t StreamPos;                ///< read position in StreamBytes
-extern std::int32_t EmptyReadCount;           ///< serial reads in a row that brought nothing
-extern QString DataSourceDescriptor;          ///< the chosen source, "SER,..." "GSM,..." or "FIL,..."
-extern std::int16_t RunFileHandle;            ///< handle of the open run file; -1 when closed
+extern std::vector<std::uint8_t>
+    StreamBytes;                     ///< bytes not yet discarded, empty: no storage; by source and loop
+extern std::int32_t StreamPos;       ///< 0 to the last byte of StreamBytes; by the decoding loop
+extern std::int32_t EmptyReadCount;  ///< serial reads in a row that brought nothing; by the data source
+extern QString DataSourceDescriptor; ///< "SER,...", "GSM,..." or "FIL,..."; by the source window
+extern std::int16_t RunFileHandle;   ///< above 0 while a run file is open, else -1; by the data source
 extern float TimeBase;   ///< -99 live, -1 recorded and not started, else s since midnight of the start
 extern bool PlayMode;    ///< true while acquisition runs; written by the dashboard's mode commands
 extern bool TagsVisible; ///< the labels command's state; written by TagsOn
 extern bool PropertiesWindowShown;         ///< the properties window follows the mouse
 extern float IgnitionPulsesPerRev;         ///< 0.1 to 20; from the car file
-extern std::array<float, 16> CarConstants; ///< CdA, Roll, Mass, Temp, Press, Humid, then CAR_1 to CAR_10
-extern QString DecimalSeparator;           ///< of the person's locale
+extern std::array<float, 16> CarConstants; ///< CdA, Roll, Mass, Temp, Press, Humid, CAR_1 to 10; by start-up
+extern QString DecimalSeparator;           ///< of the person's locale; by start-up
 extern QString VariableFilePath;           ///< the definition file in use; empty when none was found
 extern QString WorkingFolder;              ///< where the program keeps its files; ends in "/"
 extern QString SettingsPath;               ///< "vxvis.cfg" in the working folder

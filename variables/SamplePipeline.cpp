@@ -20,11 +20,11 @@ struct KnownUnit {
 };
 
 std::array<KnownUnit, kVariableCount> knownUnits;
-const VariableDefinition noSettings;
-const QString noFormula;
+const VariableDefinition kNoSettings;
+const QString kNoFormula;
 
 const VariableDefinition& rowOf(std::size_t number) {
-    return number < VariableTable.size() ? VariableTable[number] : noSettings;
+    return number < VariableTable.size() ? VariableTable[number] : kNoSettings;
 }
 
 /// Stores a result rounded to 32 bits, unless the arithmetic behind it failed: then the place keeps what it
@@ -35,13 +35,21 @@ void storeIfFinite(float& place, double result) {
 }
 
 const QString& conversionOf(std::size_t number, const VariableDefinition& row) {
-    if (UnitConversions.empty()) return noFormula;
+    if (UnitConversions.empty()) return kNoFormula;
     KnownUnit& last = knownUnits[number];
     const QString& key = row.ApplyTransformation;
     if (last.revision != tableRevision || last.key.constData() != key.constData() ||
         last.key.size() != key.size())
         last = {key, tableRevision, static_cast<std::size_t>(FindUnit(key))};
-    return UnitConversions[last.unit].Conversion;
+    return last.unit < UnitConversions.size() ? UnitConversions[last.unit].Conversion : kNoFormula;
+}
+
+/// The current distance. A table without its row supplies none, and a number that is no variable's neither.
+void noteDistance(double& place) {
+    if (VariableTable.size() <= kDistanceRow) return;
+    const std::int32_t number = VariableTable[kDistanceRow].IndexNumber;
+    if (number < 0 || number >= kVariableCount) return;
+    place = static_cast<double>(LastValue[static_cast<std::size_t>(number)]);
 }
 
 /// A sample that comes too long after the one before it is thrown away and the last value repeated; the
@@ -103,9 +111,7 @@ float ProcessSample(const std::int32_t& number, const float& value, const double
     const double dt = now - oldTime;
     SampleTime[index] = static_cast<float>(now);
     const auto newTime = static_cast<double>(SampleTime[index]);
-    const std::int32_t distance = rowOf(kDistanceRow).IndexNumber;
-    if (distance >= 0 && distance < kVariableCount)
-        SampleDistance[index] = static_cast<double>(LastValue[static_cast<std::size_t>(distance)]);
+    noteDistance(SampleDistance[index]);
 
     float v = value;
     rateStage(v, row, oldTime, newTime, last);

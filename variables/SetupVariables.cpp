@@ -25,7 +25,11 @@ constexpr NumberRange kAvailable[] = {
 
 /// The form in which names are compared.
 QString normalisedName(const QString& name) {
-    return name.trimmed().toUpper();
+    qsizetype first = 0;
+    qsizetype end = name.size();
+    while (first < end && name[first] == u' ') ++first;
+    while (end > first && name[end - 1] == u' ') --end;
+    return name.mid(first, end - first).toUpper();
 }
 
 /// Everything that is looked up by text, built from the tables when they have changed.

@@ -32,10 +32,15 @@ std::span<const std::int32_t> calculatedRows();
 double ParseNumber(QString& text);
 /// The same for a text that is not wanted afterwards.
 double ParseNumber(QString&& text);
+/// The text with the locale's separator turned into ".".
 QString ToInvariantText(QString text);
+/// The number that the first 40 characters of a text hold, with "." before the fraction and "E" before the
+/// exponent; other characters are passed over. 0 where there is none.
 double ParseInvariantNumber(const QString& text);
 
+/// `value` brought into the range from `low` to `high`.
 double Clamp(double low, double value, double high);
+/// The greater of two numbers.
 double Larger(double a, double b);
 
 } // namespace vistor

@@ -217,6 +217,7 @@ TEST(DefinitionFile, BadFilesShowOneMessageAndChangeNothing) {
 
 TEST(DefinitionFile, MissingFileIsToldAndMade) {
     QTemporaryDir dir;
+    const QByteArray before = qgetenv("XDG_CONFIG_HOME");
     qputenv("XDG_CONFIG_HOME", dir.path().toLocal8Bit());
     ASSERT_TRUE(QDir(dir.path()).mkdir("Kelvane"));
     const QString working = dir.filePath("Kelvane/VistorVars.cfg");
@@ -227,7 +228,7 @@ TEST(DefinitionFile, MissingFileIsToldAndMade) {
     EXPECT_EQ(listener.texts, QStringList({kCorrupted, kCorrupted, kCorrupted}));
     EXPECT_TRUE(QFileInfo(working).isFile());
     EXPECT_EQ(QFileInfo(working).size(), 0);
-    qunsetenv("XDG_CONFIG_HOME");
+    qputenv("XDG_CONFIG_HOME", before);
 }
 
 TEST(DefinitionFile, LoadReplacesBothTablesAndSetsThemUp) {
