@@ -26,7 +26,7 @@ void VXALPHANUME::refreshValue(std::int16_t, float value) {
     PropertyStore& p = inCTRL().properties();
     p.setNumber(NumLedValue, roundedValue(value, p.integer(NumLedDecimals)));
     if (p.integer(NumLedDisplayMode) == kAlphaNumericMode) {
-        if (const auto text = alphanumericText(value, formOf(p))) p.setText(NumLedText, *text);
+        if (const auto text = alphanumericText(value, formOf(p))) p.setText(NumLedText, text->view());
     }
     inCTRL().call(p.table().parts().methods.redraw);
 }
