@@ -6,6 +6,7 @@
 #include <QDialogButtonBox>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
@@ -115,6 +116,12 @@ void PropertySheet::accept() {
 void PropertySheet::reject() {
     if (m_apply->isEnabled()) Q_EMIT changed(m_kept);
     QDialog::reject();
+}
+
+/// The key that ends an entry must not end the dialog.
+void PropertySheet::keyPressEvent(QKeyEvent* event) {
+    const bool ends = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!ends) QDialog::keyPressEvent(event);
 }
 
 void PropertySheet::filter(const QString& text) {

@@ -35,6 +35,9 @@ Q_SIGNALS:
     /// A person took the draft over.
     void applied();
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     QWidget* makeSectionButtons();
     QWidget* makeDialogButtons();

@@ -45,7 +45,8 @@ QStringList VXALPHANUME::shownLabels() const {
 QStringList VXALPHANUME::shownValues() const {
     const PropertyStore& p = inCTRL().properties();
     const bool alpha = p.integer(NumLedDisplayMode) == kAlphaNumericMode;
-    return {alpha ? p.text(NumLedText) : p.item(NumLedValue, 0),
+    const ShortText number = plainText(static_cast<float>(p.number(NumLedValue)), DecimalSeparator);
+    return {alpha ? p.text(NumLedText) : number.view().toString(),
             alpha ? QStringLiteral("Alpha Numeric") : QStringLiteral("Numeric"),
             p.item(NumLedDigits, 0),
             p.item(NumLedDecimals, 0),

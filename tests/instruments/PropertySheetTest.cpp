@@ -143,6 +143,9 @@ TEST(PropertySheet, EveryTypeHasItsEditorAndShowsAtOnce) {
     QTest::keyClicks(shown.editor<QLineEdit>(), "12.75");
     EXPECT_EQ(shown.last.number(9), 12.75);
     EXPECT_EQ(shown.editor<QLineEdit>()->text(), "12.75") << "typing is left alone";
+    QTest::keyClick(shown.editor<QLineEdit>(), Qt::Key_Return);
+    QTest::keyClick(shown.sheet.findChild<QLineEdit*>(), Qt::Key_Return);
+    EXPECT_TRUE(shown.sheet.isVisible()) << "the key that ends an entry ends nothing else";
 }
 
 TEST(PropertySheet, CancelGoesBackToTheLastApply) {
