@@ -31,7 +31,10 @@ void Instrument::UserControl_Resize() {
 }
 
 void Instrument::resizeEvent(QResizeEvent*) {
-    if (size() != m_laidOut) UserControl_Resize(); // the first showing tells a size that is known
+    if (size() == m_laidOut) return;
+    const bool painted = m_framePainted;
+    UserControl_Resize();
+    if (!isVisible()) m_framePainted = painted; // a size from before the last mode, told on showing
 }
 
 void Instrument::paintEvent(QPaintEvent*) {

@@ -1,5 +1,7 @@
 #include "instruments/displays/InnerDisplay.h"
 
+#include "instruments/PropertySheet.h"
+
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -35,7 +37,13 @@ void InnerDisplay::redraw() {
     update();
 }
 
-void InnerDisplay::openPropertySheet() {}
+void InnerDisplay::openPropertySheet() {
+    PropertySheet sheet(m_properties, window());
+    connect(&sheet, &PropertySheet::changed, this, &InnerDisplay::setProperties);
+    connect(&sheet, &PropertySheet::applied, this, &InnerDisplay::edited);
+    sheet.placeBeside(QRect(mapToGlobal(QPoint()), size()));
+    sheet.exec();
+}
 
 void InnerDisplay::refreshStaticPicture() {
     const double ratio = devicePixelRatioF();

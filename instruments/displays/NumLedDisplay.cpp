@@ -82,7 +82,7 @@ constexpr PropertyInfo kProperties[] = {
     whole(NumLedDecimals, "Decimals", 1, kDigitsGroup, 0, 15),
     whole(NumLedSlant, "Slant", 7, kDigitsGroup, 0, 20),
     whole(NumLedBarWidth, "Segment Width %", 17, kDigitsGroup, 6, 30),
-    whole(NumLedSpacing, "Digit Spacing %", 36, kDigitsGroup, 24, 150),
+    whole(NumLedSpacing, "Digit Spacing %", 40, kDigitsGroup, 24, 150),
     colour(NumLedLitColour, "Lit Colour", 0x2EB4FF, kDigitsGroup),
     colour(NumLedUnlitColour, "Unlit Colour", 0x2A2923, kDigitsGroup),
     flag(NumLedLeadingZeros, "Leading Zeros", false, kValueGroup),
@@ -99,7 +99,10 @@ constexpr PropertyInfo kProperties[] = {
     {.number = NumLedDefault, .type = Double, .live = true},
 };
 
+constexpr const char* kGroups[] = {kValueGroup, kDigitsGroup, kPanelGroup, kCaptionGroup};
+
 constexpr KindTable::Parts kParts{.fixed = kProperties,
+                                  .groups = kGroups,
                                   .pins = PinForm::ToCount,
                                   .methods = {.redraw = 34, .sheet = 33},
                                   .values = {.value = NumLedValue}};
@@ -223,7 +226,7 @@ const QPixmap& NumLedDisplay::glyph(std::uint16_t segments) {
     if (!picture.isNull()) return picture;
     const double ratio = devicePixelRatioF();
     const SegmentShape& shape = m_row.shape;
-    const QSizeF size(shape.width + shape.lean + 2 * shape.bar + 1, shape.height + 1);
+    const QSizeF size(shape.width + shape.lean + shape.spacing, shape.height + 1);
     picture = QPixmap((size * ratio).toSize().expandedTo(QSize(1, 1)));
     picture.setDevicePixelRatio(ratio);
     picture.fill(Qt::transparent);

@@ -217,27 +217,21 @@ void PropertyStore::setItem(int number, int index, const QString& item) {
     if (m_table->find(number).role != Role::Selector) setText(number, index, item);
 }
 
-void PropertyStore::insertSection(std::size_t block, int index) {
-    Block& b = m_blocks[block];
-    if (block == 0 || b.count >= kMaximumSections || index < 0 || index > b.count) return;
+void PropertyStore::rearrange(std::size_t block, std::span<const int> order) {
+    if (block == 0 || order.size() > kMaximumSections) return;
+    const Block before = m_blocks[block];
+    resizeBlock(block, static_cast<int>(order.size()));
     const int numbers = m_table->numbersIn(block);
     const int texts = m_table->textsIn(block);
-    b.numbers.insert(b.numbers.begin() + index * numbers, static_cast<std::size_t>(numbers), 0.0);
-    b.texts.insert(b.texts.begin() + index * texts, static_cast<std::size_t>(texts), QString());
-    ++b.count;
-    fillDefaults(block, index);
-    countChanged(block);
-}
-
-void PropertyStore::removeSection(std::size_t block, int index) {
     Block& b = m_blocks[block];
-    if (block == 0 || index < 0 || index >= b.count) return;
-    const int numbers = m_table->numbersIn(block);
-    const int texts = m_table->textsIn(block);
-    b.numbers.erase(b.numbers.begin() + index * numbers, b.numbers.begin() + (index + 1) * numbers);
-    b.texts.erase(b.texts.begin() + index * texts, b.texts.begin() + (index + 1) * texts);
-    --b.count;
-    countChanged(block);
+    for (int i = 0; i < b.count; ++i) {
+        fillDefaults(block, i);
+        const int from = order[static_cast<std::size_t>(i)];
+        if (from < 0 || from >= before.count) continue;
+        const auto at = [](auto& values, int index, int width) { return values.begin() + index * width; };
+        std::copy_n(at(before.numbers, from, numbers), numbers, at(b.numbers, i, numbers));
+        std::copy_n(at(before.texts, from, texts), texts, at(b.texts, i, texts));
+    }
 }
 
 void PropertyStore::resetSelectors() {

@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringView>
 
+#include <span>
 #include <vector>
 
 namespace vistor {
@@ -48,9 +49,9 @@ public:
 
     /// Sections of a block: 1 for the fixed properties.
     int sections(std::size_t block) const { return m_blocks[block].count; }
-    /// Puts a section with its defaults in place `index`, the others moving up; drops one.
-    void insertSection(std::size_t block, int index);
-    void removeSection(std::size_t block, int index);
+    /// Makes a block's sections anew: place i takes the section that stood at `order[i]`, or its defaults where
+    /// that is none. So sections are added, dropped and moved.
+    void rearrange(std::size_t block, std::span<const int> order);
     /// Makes section 0 of every list the current one.
     void resetSelectors();
 

@@ -47,7 +47,7 @@ struct PropertyInfo {
     const char* label = nullptr; ///< null: shown as "Property n"
     double initial = 0;
     const char* initialText = "";
-    const char* group = nullptr; ///< branch of the property sheet; null: "Other", or the section itself
+    const char* group = nullptr; ///< one of the kind's branches in the sheet; null: "Other", or its section
     double low = 0;              ///< what the sheet lets a person enter; equal bounds are those of the type
     double high = 0;
     Editor editor = Editor::ByType;
@@ -94,6 +94,7 @@ public:
     };
     struct Parts {
         std::span<const PropertyInfo> fixed{}; ///< from item 2 of the list on
+        std::span<const char* const> groups{}; ///< branches of the sheet in their order
         std::span<const SectionInfo> sections{};
         PinForm pins = PinForm::ToBound;
         Methods methods{};

@@ -113,7 +113,7 @@ QPainterPath segmentPath(const SegmentShape& shape, std::uint16_t segments) {
     }
     if ((segments & SegPoint) != 0) {
         const double size = shape.bar * kPointShare;
-        path.addEllipse(QRectF(shape.width + size * 0.3, shape.height - size, size, size));
+        path.addEllipse(QRectF(shape.width + (shape.spacing - size) / 2, shape.height - size, size, size));
     }
     const double shear = shape.height > 0 ? shape.lean / shape.height : 0;
     return QTransform(1, 0, -shear, 1, shape.lean, 0).map(path);
@@ -131,6 +131,7 @@ RowLayout rowLayout(const RowStyle& style, const QRectF& room) {
     shape.bar = shape.width * style.barShare;
     shape.gap = shape.bar * style.gapShare / 2;
     shape.lean = shape.height * slant;
+    shape.spacing = shape.width * style.spacingShare;
     shape.fourteen = style.fourteen;
     layout.pitch = shape.width * pitch;
     const QSizeF size(shape.width * widths, shape.height);
