@@ -18,7 +18,7 @@ namespace vistor {
 namespace {
 
 constexpr QSize kNewSize(160, 80); ///< logical pixels
-constexpr double kLargestTwips = 8000.0 * kTwipsPerPixel;
+constexpr double kLargestTwips = 4096.0 * kTwipsPerPixel;
 constexpr int kTagFontPixels = 11;
 
 /// The size that an item of a list asks for; `before` for an unusable one.
@@ -157,9 +157,10 @@ void Instrument::mnuDefineCustom_Click() {
 }
 
 void Instrument::saveSnapshot(const QString& fileName) {
-    const QRectF inside(kFrameTwips, kFrameTwips, widthTwips() - 2 * kFrameTwips,
-                        heightTwips() - 2 * kFrameTwips);
-    snapshotOf(*this, pixelsOf(inside)).save(bitmapFolder(WorkingFolder) + fileName, "BMP");
+    const auto pixels = [](int size) { return qRound(double(size) / kTwipsPerPixel); };
+    const QRect inside(pixels(kFrameTwips), pixels(kFrameTwips), pixels(widthTwips() - 2 * kFrameTwips),
+                       pixels(heightTwips() - 2 * kFrameTwips));
+    snapshotOf(*this, inside).save(bitmapFolder(WorkingFolder) + fileName, "BMP");
 }
 
 void Instrument::mnuVariables_Click() {}

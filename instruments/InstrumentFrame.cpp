@@ -64,9 +64,11 @@ std::optional<FrameLayout> frameLayout(double width, double height, bool tagOn) 
     return layout;
 }
 
-QPainterPath frameHatch(int width, int height) {
+QPainterPath frameHatchTile() {
+    constexpr int kTileTwips = kHatchTilePixels * kTwipsPerPixel;
+    static_assert(kTileTwips % kHatchPitch == 0);
     QPainterPath hatch;
-    for (int i = 0; i <= width + height; i += kHatchPitch) {
+    for (int i = 0; i <= 2 * kTileTwips; i += kHatchPitch) {
         const double near = double(i) / kTwipsPerPixel;
         const double far = double(i + kHatchWidth) / kTwipsPerPixel;
         hatch.addPolygon(QPolygonF({{0, near}, {near, 0}, {far, 0}, {0, far}}));

@@ -41,8 +41,10 @@ struct FrameLayout {
 /// No value for a size that leaves no room inside the frame.
 std::optional<FrameLayout> frameLayout(double width, double height, bool tagOn);
 
-/// The diagonal bands of the frame in edit mode, in logical pixels, for a size in twips.
-QPainterPath frameHatch(int width, int height);
+/// The diagonal bands of the frame in edit mode as a tile, in logical pixels: they repeat after this size
+/// each way.
+inline constexpr int kHatchTilePixels = 28;
+QPainterPath frameHatchTile();
 
 /// Twips to the nearest logical pixels, edge by edge.
 QRect pixelsOf(const QRectF& twips);

@@ -17,6 +17,19 @@ float twips(double pixels) {
     return static_cast<float>(pixels * kTwipsPerPixel);
 }
 
+QPixmap hatchTile(double ratio) {
+    const int pixels = qRound(kHatchTilePixels * ratio);
+    QPixmap tile(pixels, pixels);
+    tile.fill(Qt::white);
+    QPainter painter(&tile);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(double(pixels) / kHatchTilePixels, double(pixels) / kHatchTilePixels);
+    painter.fillPath(frameHatchTile(), kHatchColour);
+    painter.end();
+    tile.setDevicePixelRatio(ratio);
+    return tile;
+}
+
 } // namespace
 
 void Instrument::UserControl_Resize() {
@@ -45,9 +58,7 @@ void Instrument::paintEvent(QPaintEvent*) {
 }
 
 void Instrument::paintFrame(QPainter& painter) const {
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(frameHatch(widthTwips(), heightTwips()), kHatchColour);
-    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.drawTiledPixmap(rect(), hatchTile(devicePixelRatioF()));
     for (const HandleRect& r : m_handles)
         painter.fillRect(pixelsOf(QRectF(r.left, r.top, r.right - r.left, r.bottom - r.top)), Qt::black);
 }

@@ -48,10 +48,10 @@ QWidget* PropertyDelegate::createEditor(QWidget* parent, const QStyleOptionViewI
                                         const QModelIndex& index) const {
     const PropertyInfo* property = propertyOf(index);
     if (!property) return nullptr;
-    QWidget* editor = property->editor == Editor::Choice             ? choiceEditor(parent, *property)
-                      : property->type == PropertyType::FontName     ? fontEditor(parent)
-                      : isWhole(property->type)                      ? spinEditor(parent, *property)
-                                                                     : lineEditor(parent);
+    QWidget* editor = property->editor == Editor::Choice         ? choiceEditor(parent, *property)
+                      : property->type == PropertyType::FontName ? fontEditor(parent)
+                      : isWhole(property->type)                  ? spinEditor(parent, *property)
+                                                                 : lineEditor(parent);
     editor->setAutoFillBackground(true);
     return editor;
 }
@@ -99,11 +99,13 @@ void PropertyDelegate::setEditorData(QWidget* editor, const QModelIndex& index) 
     } else if (auto* list = qobject_cast<QComboBox*>(editor)) {
         list->setCurrentIndex(value.toInt() < list->count() ? value.toInt() : -1);
     } else if (auto* line = qobject_cast<QLineEdit*>(editor)) {
-        if (!line->isModified()) line->setText(index.data(Qt::DisplayRole).toString()); // not under the typing hand
+        if (!line->isModified())
+            line->setText(index.data(Qt::DisplayRole).toString()); // not under the typing hand
     }
 }
 
-void PropertyDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const {
+void PropertyDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
+                                    const QModelIndex& index) const {
     if (auto* spin = qobject_cast<QSpinBox*>(editor)) {
         model->setData(index, double(spin->value()));
     } else if (auto* fonts = qobject_cast<QFontComboBox*>(editor)) {

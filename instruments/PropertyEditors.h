@@ -1,5 +1,5 @@
-// Fitting editors for the lines of a property sheet. In: the declaration of a property. Out: a spin box, a list of
-// words, a list of fonts or a line of text that hands over every change at once.
+// Fitting editors for the lines of a property sheet. In: the declaration of a property. Out: a spin box, a
+// list of words, a list of fonts or a line of text that hands over every change at once.
 #pragma once
 
 #include "instruments/displays/PropertyTable.h"

@@ -41,7 +41,8 @@ QString propertyLabel(const PropertyInfo& property) {
 
 QString propertyWords(const PropertyInfo& property, const PropertyStore& store, int index) {
     if (property.editor == Editor::Colour) return colourWords(store.integer(property.number, index));
-    if (property.editor == Editor::Choice) return choiceWords(property, store.integer(property.number, index));
+    if (property.editor == Editor::Choice)
+        return choiceWords(property, store.integer(property.number, index));
     if (isCheckable(property)) return {};
     return store.item(property.number, index);
 }
@@ -90,7 +91,8 @@ void PropertyModel::addFixed() {
 /// A branch with the properties of a group; null is what has none.
 void PropertyModel::addGroup(const char* group) {
     const auto belongs = [this, group](const PropertyInfo& property) {
-        const bool same = group && property.group ? std::string_view(group) == property.group : group == property.group;
+        const bool same =
+            group && property.group ? std::string_view(group) == property.group : group == property.group;
         return same && !isHidden(property);
     };
     const auto fixed = m_draft.table().fixed();
@@ -156,7 +158,8 @@ void PropertyModel::rearrange(std::size_t block, const std::vector<int>& shown) 
     const int count = static_cast<int>(shown.size());
     std::vector<int> order(shown.size());
     for (int row = 0; row < count; ++row)
-        order[static_cast<std::size_t>(sectionShownAt(row, count, fromPins))] = shown[static_cast<std::size_t>(row)];
+        order[static_cast<std::size_t>(sectionShownAt(row, count, fromPins))] =
+            shown[static_cast<std::size_t>(row)];
     PropertyStore draft = m_draft;
     draft.rearrange(block, order);
     setDraft(draft);
@@ -184,7 +187,8 @@ void PropertyModel::removeSection(const SectionPlace& place) {
 
 QModelIndex PropertyModel::index(int row, int column, const QModelIndex& parent) const {
     const auto& children = node(parent).children;
-    if (row < 0 || static_cast<std::size_t>(row) >= children.size() || column < 0 || column >= ColumnCount) return {};
+    if (row < 0 || static_cast<std::size_t>(row) >= children.size() || column < 0 || column >= ColumnCount)
+        return {};
     return createIndex(row, column, static_cast<quintptr>(children[static_cast<std::size_t>(row)]));
 }
 

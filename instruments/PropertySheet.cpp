@@ -49,7 +49,8 @@ PropertySheet::PropertySheet(const PropertyStore& start, QWidget* parent)
 
     connect(filterBox, &QLineEdit::textChanged, this, &PropertySheet::filter);
     connect(m_model, &PropertyModel::edited, this, &PropertySheet::draftEdited);
-    connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this, &PropertySheet::selectionMoved);
+    connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &PropertySheet::selectionMoved);
     m_view->setFocus();
 }
 
@@ -136,7 +137,8 @@ void PropertySheet::selectionMoved() {
     m_add->setEnabled(room);
     m_remove->setEnabled(inList && place.row >= 0);
     m_add->setText(inList ? tr("Add %1").arg(name) : tr("Add"));
-    m_remove->setText(inList && place.row >= 0 ? tr("Remove %1 %2").arg(name).arg(place.row + 1) : tr("Remove"));
+    m_remove->setText(inList && place.row >= 0 ? tr("Remove %1 %2").arg(name).arg(place.row + 1)
+                                               : tr("Remove"));
 }
 
 void PropertySheet::addSection() {

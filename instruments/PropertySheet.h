@@ -1,5 +1,5 @@
-// The one editor for the properties of every kind of display, driven by its table. In: the values as they stand.
-// Out: every draft as it is edited, so that the instrument shows it at once.
+// The one editor for the properties of every kind of display, driven by its table. In: the values as they
+// stand. Out: every draft as it is edited, so that the instrument shows it at once.
 #pragma once
 
 #include "instruments/displays/PropertyStore.h"

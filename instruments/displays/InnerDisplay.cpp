@@ -9,7 +9,7 @@ namespace vistor {
 namespace {
 
 /// Beyond this many device pixels a cached picture costs more memory than it is worth.
-constexpr double kLargestPicture = 16e6;
+constexpr double kLargestPicture = 9e6;
 
 } // namespace
 

@@ -82,7 +82,7 @@ constexpr PropertyInfo kProperties[] = {
     whole(NumLedDecimals, "Decimals", 1, kDigitsGroup, 0, 15),
     whole(NumLedSlant, "Slant", 7, kDigitsGroup, 0, 20),
     whole(NumLedBarWidth, "Segment Width %", 17, kDigitsGroup, 6, 30),
-    whole(NumLedSpacing, "Digit Spacing %", 40, kDigitsGroup, 24, 150),
+    whole(NumLedSpacing, "Digit Spacing %", 46, kDigitsGroup, 24, 150),
     colour(NumLedLitColour, "Lit Colour", 0x2EB4FF, kDigitsGroup),
     colour(NumLedUnlitColour, "Unlit Colour", 0x2A2923, kDigitsGroup),
     flag(NumLedLeadingZeros, "Leading Zeros", false, kValueGroup),

@@ -21,6 +21,11 @@ double wholeNumber(double value) {
     return std::clamp(std::nearbyint(value), kLow, kHigh);
 }
 
+double singleNumber(double value) {
+    constexpr double kHigh = std::numeric_limits<float>::max();
+    return std::isinf(value) ? value : static_cast<float>(std::clamp(value, -kHigh, kHigh));
+}
+
 std::size_t place(int index, int width, int slot) {
     return static_cast<std::size_t>(index) * static_cast<std::size_t>(width) + static_cast<std::size_t>(slot);
 }
@@ -55,7 +60,7 @@ double coerced(PropertyType type, double value, double before) {
     case PropertyType::Long:
         return wholeNumber<std::int32_t>(value);
     case PropertyType::Single:
-        return static_cast<float>(value);
+        return singleNumber(value);
     case PropertyType::Boolean:
     case PropertyType::Flag:
         return value != 0 ? -1 : 0;
@@ -68,7 +73,8 @@ double numberOfText(const QString& text) {
     double value = 0;
     if (exactNumber(text, value)) return value;
     if (text.compare(QLatin1String("True"), Qt::CaseInsensitive) == 0) return -1;
-    return ParseNumber(QString(text));
+    const double read = ParseNumber(QString(text));
+    return std::isfinite(read) ? read : 0;
 }
 
 QString textOfNumber(double value, bool single) {

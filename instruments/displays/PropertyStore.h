@@ -49,8 +49,8 @@ public:
 
     /// Sections of a block: 1 for the fixed properties.
     int sections(std::size_t block) const { return m_blocks[block].count; }
-    /// Makes a block's sections anew: place i takes the section that stood at `order[i]`, or its defaults where
-    /// that is none. So sections are added, dropped and moved.
+    /// Makes a block's sections anew: place i takes the section that stood at `order[i]`, or its defaults
+    /// where that is none. So sections are added, dropped and moved.
     void rearrange(std::size_t block, std::span<const int> order);
     /// Makes section 0 of every list the current one.
     void resetSelectors();

@@ -101,6 +101,17 @@ bool isZero(std::string_view text) {
     return text.find_first_not_of("0.") == std::string_view::npos;
 }
 
+/// A 32-bit number in a double carries digits that nobody measured.
+double asTold(double value) {
+    const auto single = static_cast<float>(value);
+    if (static_cast<double>(single) != value) return value;
+    char buffer[32];
+    const auto end = std::to_chars(buffer, buffer + sizeof buffer, single);
+    double told = value;
+    std::from_chars(buffer, end.ptr, told);
+    return told;
+}
+
 int cellsOf(std::string_view digits) {
     return static_cast<int>(std::count_if(digits.begin(), digits.end(), [](char c) { return c != '.'; }));
 }
@@ -134,9 +145,10 @@ void SegmentRow::append(char16_t sign) {
 SegmentRow numberCells(double value, const NumberForm& form) {
     const int digits = std::clamp(form.digits, 1, kMaximumCells);
     if (!std::isfinite(value)) return dashes(digits);
+    const double size = std::abs(asTold(value));
     std::array<char, 80> buffer;
     for (int decimals = std::clamp(form.decimals, 0, kMostDecimals); decimals >= 0; --decimals) {
-        const std::string_view text = digitsOf(std::abs(value), decimals, form.fixedDecimals, buffer);
+        const std::string_view text = digitsOf(size, decimals, form.fixedDecimals, buffer);
         const char16_t sign = signBefore(value, isZero(text), form.plusMinus);
         const int cells = cellsOf(text) + (sign != 0 ? 1 : 0);
         if (text.empty() || cells > digits) continue;

@@ -33,8 +33,9 @@ struct NumberForm {
     bool plusMinus = false;    ///< "+" before what is above 0
 };
 
-/// A number in at most `digits` cells. Where it does not fit decimals go first; a number that fits without
-/// any no more, or that is none, fills the cells with dashes.
+/// A number in at most `digits` cells. A value of 32-bit precision counts as the shortest decimal that tells
+/// it. Where it does not fit decimals go first; a number that fits without any no more, or that is none,
+/// fills the cells with dashes.
 SegmentRow numberCells(double value, const NumberForm& form);
 
 /// A text's first `digits` cells.

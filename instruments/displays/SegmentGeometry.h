@@ -16,7 +16,7 @@ struct SegmentShape {
     double bar = 0; ///< thickness
     double gap = 0; ///< between two bars
     double lean = 0;
-    double spacing = 0; ///< to the next digit; the point stands in its middle
+    double spacing = 0;    ///< to the next digit; the point stands in its middle
     bool fourteen = false; ///< the middle bar is two halves
 };
 
