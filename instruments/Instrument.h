@@ -3,6 +3,8 @@
 // main window.
 #pragma once
 
+#include "instruments/InstrumentFrame.h"
+#include "instruments/InstrumentKinds.h"
 #include "instruments/PinTable.h"
 
 #include <QStringList>
@@ -10,13 +12,33 @@
 
 #include <cstdint>
 
+class QLabel;
+
 namespace vistor {
 
-/// One panel on a page. Geometry in arguments and lists is in twips (15 to a logical pixel).
+class InnerDisplay;
+
+/// One panel on a page. Geometry in arguments and lists is in twips (15 to a logical pixel). A signal may end
+/// with the instrument being deleted, but by deleteLater only.
 class Instrument : public QWidget {
     Q_OBJECT
 
 public:
+    /// `display` becomes a child of the instrument.
+    Instrument(Kind kind, InnerDisplay* display, QWidget* parent);
+
+    Kind kind() const { return m_kind; }
+    InnerDisplay& inCTRL() { return *m_display; }
+    const InnerDisplay& inCTRL() const { return *m_display; }
+    bool tagIsOn() const { return m_tagOn; }
+    QString tagText() const;
+    /// How many pins a person can choose from: as many as there are needles, pointers, portions or tracks.
+    int pinCount() const;
+    /// Resizes to the nearest logical pixels and lays out at once, also while hidden.
+    void setSizeTwips(double width, double height);
+    int widthTwips() const { return width() * kTwipsPerPixel; }
+    int heightTwips() const { return height() * kTwipsPerPixel; }
+
     /// Stores the background, gives it to the instrument and its tag, and `fore` to the tag's text. Colours
     /// are 0x00BBGGRR, or a system colour with the top bit set.
     void setColour(std::int32_t back, std::int32_t fore);
@@ -39,13 +61,20 @@ public:
     virtual void mnuVariables_Click();
     virtual void mnuProperties_Click();
     virtual void UserControl_Initialize();
+    /// Lays display and tag out for the size; nothing happens at 160 twips or less either way.
+    void UserControl_Resize();
 
     /// Writes the whole state to a positional list; answers the count that goes with it.
     virtual int Serialise(QStringList& list) const;
+    /// Restores from a list, which may be short, long or wrong: what can be used is taken, the rest stays.
     virtual void Deserialise(const QStringList& list);
+    /// A variable was dropped here: pin 1 takes it, or the person is asked for the pin.
     virtual void FunctionDrop(const QString& name);
     virtual PinTable AssignPin(int pin, const QString& name);
     virtual PinTable RemovePin(int pin, const QString& unused = {});
+    /// The same on an axis of a graph's track, 0 X and others Y. Kinds without axes ignore it.
+    virtual PinTable AssignPin(int pin, std::uint8_t axis, const QString& name);
+    virtual PinTable RemovePin(int pin, std::uint8_t axis);
 
 Q_SIGNALS:
     void ControlMoving(float startX, float startY, float x, float y);
@@ -65,6 +94,41 @@ Q_SIGNALS:
     void menuWanted(const QPoint& place);
     /// The mouse is over the display in edit mode: what the properties window shows.
     void propertiesShown(const QString& kind, const QStringList& labels, const QStringList& values);
+
+protected:
+    /// Asks a person which of several pins takes a dropped variable.
+    virtual void choosePin(const QString& name);
+    /// The rows of the properties window: labels and values in step.
+    virtual QStringList shownLabels() const;
+    virtual QStringList shownValues() const;
+
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    void displayPressed(Qt::MouseButton button, const QPoint& place);
+    void displayMoved();
+    void refreshCaption();
+    void paintFrame(QPainter& painter) const;
+    void saveSnapshot(const QString& fileName);
+
+    Kind m_kind;
+    InnerDisplay* m_display;
+    QLabel* lblTag;
+    PinTable pins;
+    HandleRects m_handles{};
+    QSize m_laidOut;
+    std::uint8_t m_activeHandle = 0;
+    bool m_dragging = false;
+    bool m_sizing = false;
+    bool m_tagOn = false;
+    bool m_framePainted = false;
+    float m_dragStartX = 0;
+    float m_dragStartY = 0;
+    std::int32_t m_backColour = 0x00FFFFFF;
 };
 
 } // namespace vistor

@@ -1,0 +1,21 @@
+// Colours as files and instruments hold them. In: numbers 0x00BBGGRR, or a system colour with the top bit
+// set. Out: the toolkit's colours, and back.
+#pragma once
+
+#include <QColor>
+
+#include <cstdint>
+
+namespace vistor {
+
+/// The colour of a number. A system colour follows the application's palette; an unknown one is its window
+/// colour.
+QColor colourOf(std::int32_t number);
+
+/// The number of an opaque colour, 0x00BBGGRR.
+std::int32_t numberOf(const QColor& colour);
+
+/// Between two colours: 0 gives the first, 1 the second.
+QColor mixed(const QColor& a, const QColor& b, double share);
+
+} // namespace vistor

@@ -1,0 +1,224 @@
+#include "instruments/Instrument.h"
+
+#include "instruments/Colours.h"
+#include "instruments/Snapshot.h"
+#include "instruments/displays/InnerDisplay.h"
+#include "instruments/displays/PropertyList.h"
+#include "platform/Events.h"
+#include "platform/Folders.h"
+#include "variables/GlobalVarsAndTypes.h"
+
+#include <QDateTime>
+#include <QLabel>
+#include <QPointer>
+
+#include <cmath>
+
+namespace vistor {
+namespace {
+
+constexpr QSize kNewSize(160, 80); ///< logical pixels
+constexpr double kLargestTwips = 4096.0 * kTwipsPerPixel;
+constexpr int kTagFontPixels = 11;
+
+/// The size that an item of a list asks for; `before` for an unusable one.
+double listSize(const QStringList& list, qsizetype position, double before) {
+    if (position >= list.size()) return before;
+    const double wanted = numberOfText(list.at(position));
+    return wanted > 0 ? std::min(wanted, kLargestTwips) : before;
+}
+
+} // namespace
+
+Instrument::Instrument(Kind kind, InnerDisplay* display, QWidget* parent)
+    : QWidget(parent),
+      m_kind(kind),
+      m_display(display),
+      lblTag(new QLabel(this)),
+      pins(display->properties().table().parts().pins == PinForm::Graph ? PinTable::kGraphColumns : 1) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+    hide();
+    m_display->setParent(this);
+    m_display->show();
+    connect(m_display, &InnerDisplay::pressed, this, &Instrument::displayPressed);
+    connect(m_display, &InnerDisplay::moved, this, &Instrument::displayMoved);
+    connect(m_display, &InnerDisplay::edited, this, &Instrument::layoutChanged);
+    lblTag->setTextFormat(Qt::PlainText);
+    lblTag->setAutoFillBackground(true);
+    lblTag->setAttribute(Qt::WA_NoMousePropagation);
+    QFont tagFont = lblTag->font();
+    tagFont.setPixelSize(kTagFontPixels);
+    lblTag->setFont(tagFont);
+    lblTag->hide();
+    resize(kNewSize);
+    Instrument::UserControl_Initialize();
+}
+
+void Instrument::UserControl_Initialize() {
+    pins = PinTable(pins.columns());
+    UserControl_Resize();
+    m_framePainted = false;
+}
+
+QString Instrument::tagText() const {
+    return lblTag->text();
+}
+
+int Instrument::pinCount() const {
+    const KindTable::Parts& parts = m_display->properties().table().parts();
+    if (parts.pins == PinForm::None) return 0;
+    return parts.pinCountProperty == 0 ? 1 : m_display->properties().integer(parts.pinCountProperty);
+}
+
+void Instrument::setSizeTwips(double width, double height) {
+    resize(qRound(width / kTwipsPerPixel), qRound(height / kTwipsPerPixel));
+    UserControl_Resize();
+}
+
+void Instrument::setColour(std::int32_t back, std::int32_t fore) {
+    m_backColour = back;
+    QPalette palette = lblTag->palette();
+    palette.setColor(QPalette::Window, colourOf(back));
+    palette.setColor(QPalette::WindowText, colourOf(fore));
+    lblTag->setPalette(palette);
+    update();
+}
+
+void Instrument::mode(bool edit) {
+    m_framePainted = edit;
+    m_dragging = m_dragging && edit;
+    m_sizing = m_sizing && edit;
+    m_display->setEnabled(edit);
+    update();
+}
+
+PinTable Instrument::curVarTable() const {
+    return pins;
+}
+
+void Instrument::refreshValue(std::int16_t pin, float value) {
+    PropertyStore& properties = m_display->properties();
+    const KindTable::Parts& parts = properties.table().parts();
+    if (parts.values.selector != 0) properties.setNumber(parts.values.selector, pin);
+    properties.setNumber(parts.values.value, value);
+    m_display->call(parts.methods.redraw);
+}
+
+void Instrument::refreshValue(std::int16_t pin, std::uint8_t, float value) {
+    refreshValue(pin, value);
+}
+
+void Instrument::ClearCurrentData() {}
+
+void Instrument::TagOn(bool on) {
+    if (on != m_tagOn) mnuTag_Click();
+}
+
+void Instrument::mnuTag_Click() {
+    m_tagOn = !m_tagOn;
+    if (m_tagOn) refreshCaption();
+    lblTag->setVisible(m_tagOn);
+    UserControl_Resize();
+}
+
+void Instrument::refreshCaption() {
+    lblTag->setText(tagCaption(pins));
+}
+
+void Instrument::mnuCopy_Click() {
+    QStringList list;
+    Serialise(list);
+    Q_EMIT ControlCopy(list);
+}
+
+void Instrument::mnuCut_Click() {
+    QStringList list;
+    Serialise(list);
+    Q_EMIT ControlCut(list);
+}
+
+void Instrument::mnuDelete_Click() {
+    Q_EMIT ControlDelete();
+}
+
+void Instrument::mnuDefineCustom_Click() {
+    const QPointer<Instrument> alive(this);
+    Q_EMIT SnapshotBegin();
+    const QSize before = size();
+    const QString fileName = snapshotName(QDateTime::currentDateTime());
+    setSizeTwips(kSnapshotPixels * kTwipsPerPixel, kSnapshotPixels * kTwipsPerPixel);
+    pumpEvents(); // so that the display is seen at that size
+    if (!alive) return;
+    saveSnapshot(fileName);
+    setSizeTwips(before.width() * kTwipsPerPixel, before.height() * kTwipsPerPixel);
+    Q_EMIT SnapshotEnd();
+    if (alive) Q_EMIT CustomDefined(fileName);
+}
+
+void Instrument::saveSnapshot(const QString& fileName) {
+    const auto pixels = [](int size) { return qRound(double(size) / kTwipsPerPixel); };
+    const QRect inside(pixels(kFrameTwips), pixels(kFrameTwips), pixels(widthTwips() - 2 * kFrameTwips),
+                       pixels(heightTwips() - 2 * kFrameTwips));
+    snapshotOf(*this, inside).save(bitmapFolder(WorkingFolder) + fileName, "BMP");
+}
+
+void Instrument::mnuVariables_Click() {}
+
+void Instrument::mnuProperties_Click() {
+    const QPointer<Instrument> alive(this);
+    Q_EMIT layoutChanged();
+    if (alive) m_display->call(m_display->properties().table().parts().methods.sheet);
+}
+
+int Instrument::Serialise(QStringList& list) const {
+    list = {QString::number(widthTwips()), QString::number(heightTwips())};
+    writeProperties(m_display->properties(), list);
+    return writePins(pins, m_display->properties().table().parts().pins, list);
+}
+
+void Instrument::Deserialise(const QStringList& list) {
+    setSizeTwips(listSize(list, 0, widthTwips()), listSize(list, 1, heightTwips()));
+    PropertyStore& properties = m_display->properties();
+    const qsizetype pinBlock = readProperties(properties, list);
+    pins = readPins(properties.table().parts().pins, list, pinBlock);
+    m_display->redraw();
+}
+
+void Instrument::FunctionDrop(const QString& name) {
+    if (pinCount() == 0) return;
+    if (pinCount() > 1 || pins.columns() > 1) return choosePin(name);
+    pins.resize(1);
+    pins.setCount(1);
+    pins.set(1, name);
+    Q_EMIT layoutChanged();
+    refreshCaption();
+}
+
+void Instrument::choosePin(const QString&) {}
+
+PinTable Instrument::AssignPin(int pin, const QString& name) {
+    return AssignPin(pin, std::uint8_t{0}, name);
+}
+
+PinTable Instrument::AssignPin(int pin, std::uint8_t axis, const QString& name) {
+    const int column = pins.columns() > 1 && axis != 0 ? 1 : 0;
+    pins.assign(pin, name, column);
+    constexpr int kFirstFlag = 4;
+    if (pins.columns() > 1) pins.set(pin, QStringLiteral("0"), kFirstFlag + column);
+    Q_EMIT layoutChanged();
+    return pins;
+}
+
+PinTable Instrument::RemovePin(int pin, const QString&) {
+    return RemovePin(pin, std::uint8_t{0});
+}
+
+PinTable Instrument::RemovePin(int pin, std::uint8_t axis) {
+    pins.remove(pin, pins.columns() > 1 && axis != 0 ? 1 : 0);
+    Q_EMIT layoutChanged();
+    refreshCaption();
+    return pins;
+}
+
+} // namespace vistor

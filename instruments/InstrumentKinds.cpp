@@ -1,0 +1,37 @@
+#include "instruments/InstrumentKinds.h"
+
+#include "instruments/VXALPHANUME.h"
+
+#include <algorithm>
+
+namespace vistor {
+namespace {
+
+using Maker = std::unique_ptr<Instrument> (*)(QWidget*);
+
+template <class Type>
+std::unique_ptr<Instrument> make(QWidget* parent) {
+    return std::make_unique<Type>(parent);
+}
+
+/// In the order of the kinds.
+constexpr std::array<Maker, kInstrumentKinds.size()> kMakers{
+    nullptr, make<VXALPHANUME>, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+};
+
+} // namespace
+
+std::optional<Kind> kindOf(const QString& className) {
+    const auto* found =
+        std::find_if(kInstrumentKinds.begin(), kInstrumentKinds.end(),
+                     [&](const KindInfo& info) { return className == QLatin1String(info.className); });
+    if (found == kInstrumentKinds.end()) return {};
+    return found->kind;
+}
+
+std::unique_ptr<Instrument> makeInstrument(Kind kind, QWidget* parent) {
+    const Maker maker = kMakers.at(static_cast<std::size_t>(kind));
+    return maker ? maker(parent) : nullptr;
+}
+
+} // namespace vistor

@@ -1,0 +1,128 @@
+// The instrument's frame as a person sees and drags it.
+#include "instruments/Colours.h"
+#include "instruments/Instrument.h"
+#include "instruments/displays/InnerDisplay.h"
+#include "variables/GlobalVarsAndTypes.h"
+
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace vistor {
+namespace {
+
+const QColor kHatchColour(0xA0, 0xA6, 0xB0);
+
+float twips(double pixels) {
+    return static_cast<float>(pixels * kTwipsPerPixel);
+}
+
+QPixmap hatchTile(double ratio) {
+    const int pixels = qRound(kHatchTilePixels * ratio);
+    QPixmap tile(pixels, pixels);
+    tile.fill(Qt::white);
+    QPainter painter(&tile);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(double(pixels) / kHatchTilePixels, double(pixels) / kHatchTilePixels);
+    painter.fillPath(frameHatchTile(), kHatchColour);
+    painter.end();
+    tile.setDevicePixelRatio(ratio);
+    return tile;
+}
+
+} // namespace
+
+void Instrument::UserControl_Resize() {
+    const auto layout = frameLayout(widthTwips(), heightTwips(), m_tagOn);
+    if (!layout) return;
+    m_display->setGeometry(pixelsOf(layout->display));
+    if (m_tagOn) lblTag->setGeometry(pixelsOf(layout->tag));
+    m_handles = handleRects(0, 0, widthTwips(), heightTwips());
+    m_laidOut = size();
+    m_framePainted = true;
+    update();
+}
+
+void Instrument::resizeEvent(QResizeEvent*) {
+    if (size() == m_laidOut) return;
+    const bool painted = m_framePainted;
+    UserControl_Resize();
+    if (!isVisible()) m_framePainted = painted; // a size from before the last mode, told on showing
+}
+
+void Instrument::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setClipRegion(QRegion(rect()).subtracted(m_display->geometry()));
+    painter.fillRect(rect(), m_framePainted ? QColor(Qt::white) : colourOf(m_backColour));
+    if (m_framePainted) paintFrame(painter);
+}
+
+void Instrument::paintFrame(QPainter& painter) const {
+    painter.drawTiledPixmap(rect(), hatchTile(devicePixelRatioF()));
+    for (const HandleRect& r : m_handles)
+        painter.fillRect(pixelsOf(QRectF(r.left, r.top, r.right - r.left, r.bottom - r.top)), Qt::black);
+}
+
+void Instrument::mousePressEvent(QMouseEvent* event) {
+    event->accept();
+    if (PlayMode || event->button() != Qt::LeftButton) return;
+    const float x = twips(event->position().x());
+    const float y = twips(event->position().y());
+    const int handle = handleAt(m_handles, x, y);
+    m_sizing = handle >= 0;
+    m_dragging = !m_sizing;
+    if (m_sizing) m_activeHandle = static_cast<std::uint8_t>(handle);
+    if (!m_dragging) return;
+    m_dragStartX = x;
+    m_dragStartY = y;
+}
+
+void Instrument::mouseMoveEvent(QMouseEvent* event) {
+    event->accept();
+    const float x = twips(event->position().x());
+    const float y = twips(event->position().y());
+    if (PlayMode) return setCursor(Qt::ArrowCursor);
+    if (m_sizing) return Q_EMIT ControlSizing(m_activeHandle, x, y);
+    if (m_dragging) {
+        setCursor(Qt::SizeAllCursor);
+        return Q_EMIT ControlMoving(m_dragStartX, m_dragStartY, x, y);
+    }
+    const int handle = handleAt(m_handles, x, y);
+    if (handle >= 0) m_activeHandle = static_cast<std::uint8_t>(handle);
+    setCursor(pointerOver(handle));
+}
+
+void Instrument::mouseReleaseEvent(QMouseEvent* event) {
+    event->accept();
+    if (PlayMode || event->button() != Qt::LeftButton) return;
+    const float x = twips(event->position().x());
+    const float y = twips(event->position().y());
+    if (m_sizing) {
+        m_sizing = false;
+        return Q_EMIT ControlSized(m_activeHandle, x, y);
+    }
+    if (!m_dragging) return;
+    m_dragging = false;
+    Q_EMIT ControlMoved(m_dragStartX, m_dragStartY, x, y);
+}
+
+void Instrument::displayPressed(Qt::MouseButton button, const QPoint& place) {
+    if (!PlayMode && button == Qt::RightButton) Q_EMIT menuWanted(place);
+}
+
+void Instrument::displayMoved() {
+    if (PlayMode) return;
+    setCursor(Qt::ArrowCursor);
+    if (!PropertiesWindowShown) return;
+    Q_EMIT propertiesShown(QLatin1String(kindInfo(m_kind).title), shownLabels(), shownValues());
+}
+
+QStringList Instrument::shownLabels() const {
+    return {};
+}
+
+QStringList Instrument::shownValues() const {
+    return {};
+}
+
+} // namespace vistor

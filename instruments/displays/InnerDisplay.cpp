@@ -1,0 +1,87 @@
+#include "instruments/displays/InnerDisplay.h"
+
+#include "instruments/PropertySheet.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace vistor {
+namespace {
+
+/// Beyond this many device pixels a cached picture costs more memory than it is worth.
+constexpr double kLargestPicture = 9e6;
+
+} // namespace
+
+InnerDisplay::InnerDisplay(const KindTable& table, QWidget* parent) : QWidget(parent), m_properties(table) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+}
+
+void InnerDisplay::setProperties(const PropertyStore& properties) {
+    m_properties = properties;
+    m_staticRevision = 0; // another store counts for itself
+    m_paintedRevision = 0;
+    redraw();
+}
+
+void InnerDisplay::call(int method) {
+    const KindTable::Methods& methods = m_properties.table().parts().methods;
+    if (method == methods.redraw) return redraw();
+    if (method == methods.sheet) openPropertySheet();
+}
+
+void InnerDisplay::redraw() {
+    if (m_paintedRevision == m_properties.revision()) return;
+    m_paintedRevision = m_properties.revision();
+    update();
+}
+
+void InnerDisplay::openPropertySheet() {
+    PropertySheet sheet(m_properties, window());
+    connect(&sheet, &PropertySheet::changed, this, &InnerDisplay::setProperties);
+    connect(&sheet, &PropertySheet::applied, this, &InnerDisplay::edited);
+    sheet.placeBeside(QRect(mapToGlobal(QPoint()), size()));
+    sheet.exec();
+}
+
+void InnerDisplay::refreshStaticPicture() {
+    const double ratio = devicePixelRatioF();
+    const QSize pixels = (QSizeF(size()) * ratio).toSize();
+    const bool same = m_static.size() == pixels && m_static.devicePixelRatio() == ratio;
+    if (same && m_staticRevision == m_properties.staticRevision()) return;
+    if (!same) m_static = QPixmap(pixels);
+    m_static.setDevicePixelRatio(ratio);
+    QPainter painter(&m_static);
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintStatic(painter);
+    m_staticRevision = m_properties.staticRevision();
+}
+
+void InnerDisplay::paintEvent(QPaintEvent*) {
+    if (size().isEmpty()) return;
+    QPainter painter(this);
+    const QSizeF pixels = QSizeF(size()) * devicePixelRatioF();
+    if (pixels.width() * pixels.height() > kLargestPicture) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        paintStatic(painter);
+    } else {
+        refreshStaticPicture();
+        painter.drawPixmap(0, 0, m_static);
+    }
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintMoving(painter);
+    m_paintedRevision = m_properties.revision();
+}
+
+void InnerDisplay::mousePressEvent(QMouseEvent* event) {
+    event->accept();
+    Q_EMIT pressed(event->button(), event->globalPosition().toPoint());
+}
+
+void InnerDisplay::mouseMoveEvent(QMouseEvent* event) {
+    event->accept();
+    Q_EMIT moved();
+}
+
+} // namespace vistor

@@ -1,0 +1,251 @@
+#include "instruments/displays/NumLedDisplay.h"
+
+#include "instruments/Colours.h"
+#include "instruments/displays/Panel.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace vistor {
+namespace {
+
+using enum PropertyType;
+
+constexpr const char* kModes[] = {"Numeric", "Alpha Numeric"};
+constexpr const char* kBorders[] = {"None", "Flat", "Raised", "Sunken"};
+constexpr const char* kAlignments[] = {"Left", "Right", "Centre"};
+constexpr const char* kPlaces[] = {"Above", "Below"};
+constexpr const char* kForms[] = {"By mode", "Seven segments", "Fourteen segments"};
+
+constexpr const char* kValueGroup = "Value";
+constexpr const char* kDigitsGroup = "Digits";
+constexpr const char* kPanelGroup = "Panel";
+constexpr const char* kCaptionGroup = "Caption";
+
+constexpr PropertyInfo colour(NumLedProperty number, const char* label, int initial, const char* group) {
+    return {.number = number,
+            .type = Long,
+            .label = label,
+            .initial = double(initial),
+            .group = group,
+            .editor = Editor::Colour};
+}
+
+constexpr PropertyInfo choice(NumLedProperty number, PropertyType type, const char* label, int initial,
+                              const char* group, std::span<const char* const> words) {
+    return {.number = number,
+            .type = type,
+            .label = label,
+            .initial = double(initial),
+            .group = group,
+            .editor = Editor::Choice,
+            .choices = {words}};
+}
+
+constexpr PropertyInfo flag(NumLedProperty number, const char* label, bool initial, const char* group) {
+    return {
+        .number = number, .type = Boolean, .label = label, .initial = initial ? -1.0 : 0.0, .group = group};
+}
+
+constexpr PropertyInfo whole(NumLedProperty number, const char* label, int initial, const char* group,
+                             int low, int high) {
+    return {.number = number,
+            .type = Integer,
+            .label = label,
+            .initial = double(initial),
+            .group = group,
+            .low = double(low),
+            .high = double(high)};
+}
+
+constexpr PropertyInfo words(NumLedProperty number, const char* label, const char* group) {
+    return {.number = number, .type = String, .label = label, .group = group};
+}
+
+constexpr PropertyInfo kProperties[] = {
+    words(NumLedUnit, "Unit", kCaptionGroup),
+    flag(NumLedShading, "Shading", true, kPanelGroup),
+    {.number = 30, .type = Boolean},
+    colour(NumLedBackColour, "Back Colour", 0x1E1812, kPanelGroup),
+    choice(NumLedBorder, Integer, "Border", int(Border::Sunken), kPanelGroup, kBorders),
+    whole(NumLedBorderWidth, "Border Width", 1, kPanelGroup, 0, 20),
+    colour(NumLedBorderLight, "Border Light Colour", 0x5C5044, kPanelGroup),
+    colour(NumLedBorderShadow, "Border Shadow Colour", 0x0C0A08, kPanelGroup),
+    flag(NumLedShowCaption, "Show Caption", false, kCaptionGroup),
+    choice(NumLedCaptionAlignment, Integer, "Caption Alignment", 0, kCaptionGroup, kAlignments),
+    colour(NumLedCaptionColour, "Caption Colour", 0xC8BCAE, kCaptionGroup),
+    choice(NumLedCaptionPlace, Long, "Caption Place", 0, kCaptionGroup, kPlaces),
+    words(NumLedCaption, "Caption", kCaptionGroup),
+    whole(NumLedDigits, "Digits", 6, kDigitsGroup, 1, kMaximumCells),
+    whole(NumLedDecimals, "Decimals", 1, kDigitsGroup, 0, 15),
+    whole(NumLedSlant, "Slant", 7, kDigitsGroup, 0, 20),
+    whole(NumLedBarWidth, "Segment Width %", 17, kDigitsGroup, 6, 30),
+    whole(NumLedSpacing, "Digit Spacing %", 46, kDigitsGroup, 24, 150),
+    colour(NumLedLitColour, "Lit Colour", 0x2EB4FF, kDigitsGroup),
+    colour(NumLedUnlitColour, "Unlit Colour", 0x2A2923, kDigitsGroup),
+    flag(NumLedLeadingZeros, "Leading Zeros", false, kValueGroup),
+    flag(NumLedLeadingPlusMinus, "Leading PlusMinus", false, kValueGroup),
+    flag(NumLedShowUnlit, "Show Unlit Segments", true, kDigitsGroup),
+    flag(NumLedFixedDecimals, "Fixed Decimals", true, kValueGroup),
+    choice(NumLedAlignment, Integer, "Alignment", 1, kDigitsGroup, kAlignments),
+    whole(NumLedMargin, "Margin", 4, kPanelGroup, 0, 100),
+    {.number = 12, .type = Integer},
+    choice(NumLedDigitForm, Integer, "Digit Form", 0, kDigitsGroup, kForms),
+    choice(NumLedDisplayMode, Long, "Display Mode", 0, kValueGroup, kModes),
+    {.number = NumLedText, .type = String, .label = "Text", .group = kValueGroup, .live = true},
+    {.number = NumLedValue, .type = Double, .label = "Value", .group = kValueGroup, .live = true},
+    {.number = NumLedDefault, .type = Double, .live = true},
+};
+
+constexpr const char* kGroups[] = {kValueGroup, kDigitsGroup, kPanelGroup, kCaptionGroup};
+
+constexpr KindTable::Parts kParts{.fixed = kProperties,
+                                  .groups = kGroups,
+                                  .pins = PinForm::ToCount,
+                                  .methods = {.redraw = 34, .sheet = 33},
+                                  .values = {.value = NumLedValue}};
+
+Qt::Alignment alignmentOf(int choice) {
+    constexpr Qt::AlignmentFlag kFlags[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
+    return choice >= 0 && choice <= 2 ? kFlags[choice] : Qt::AlignLeft;
+}
+
+int bounded(const PropertyStore& p, NumLedProperty number) {
+    const PropertyInfo* info = p.table().info(number);
+    return std::clamp(p.integer(number), int(info->low), int(info->high));
+}
+
+QColor colourIn(const PropertyStore& p, NumLedProperty number) {
+    return colourOf(p.integer(number));
+}
+
+PanelStyle panelStyle(const PropertyStore& p) {
+    PanelStyle style;
+    style.back = colourIn(p, NumLedBackColour);
+    style.shaded = p.flag(NumLedShading);
+    const int border = p.integer(NumLedBorder);
+    style.border = border >= 0 && border <= 3 ? Border(border) : Border::None;
+    style.borderWidth = bounded(p, NumLedBorderWidth);
+    style.light = colourIn(p, NumLedBorderLight);
+    style.shadow = colourIn(p, NumLedBorderShadow);
+    if (p.flag(NumLedShowCaption)) style.caption = p.text(NumLedCaption);
+    style.captionAlignment = alignmentOf(p.integer(NumLedCaptionAlignment));
+    style.captionBelow = p.integer(NumLedCaptionPlace) == 1;
+    style.captionColour = colourIn(p, NumLedCaptionColour);
+    return style;
+}
+
+bool usesFourteen(const PropertyStore& p) {
+    const int form = p.integer(NumLedDigitForm);
+    return form == 0 ? p.integer(NumLedDisplayMode) == kAlphaNumericMode : form == 2;
+}
+
+RowStyle rowStyle(const PropertyStore& p) {
+    RowStyle style;
+    style.digits = bounded(p, NumLedDigits);
+    style.slantDegrees = bounded(p, NumLedSlant);
+    style.barShare = bounded(p, NumLedBarWidth) / 100.0;
+    style.spacingShare = bounded(p, NumLedSpacing) / 100.0;
+    style.fourteen = usesFourteen(p);
+    return style;
+}
+
+QFont unitFont(double height) {
+    constexpr double kUnitShare = 0.30;
+    QFont font;
+    font.setPixelSize(std::clamp(qRound(height * kUnitShare), 8, 60));
+    return font;
+}
+
+} // namespace
+
+constinit const KindTable kNumLedTable{kParts};
+
+NumLedDisplay::NumLedDisplay(QWidget* parent) : InnerDisplay(kNumLedTable, parent) {}
+
+SegmentRow NumLedDisplay::shown() const {
+    const PropertyStore& p = properties();
+    const int digits = bounded(p, NumLedDigits);
+    if (p.integer(NumLedDisplayMode) == kAlphaNumericMode) return textCells(p.text(NumLedText), digits);
+    return numberCells(p.number(NumLedValue), {.digits = digits,
+                                               .decimals = p.integer(NumLedDecimals),
+                                               .leadingZeros = p.flag(NumLedLeadingZeros),
+                                               .fixedDecimals = p.flag(NumLedFixedDecimals),
+                                               .plusMinus = p.flag(NumLedLeadingPlusMinus)});
+}
+
+void NumLedDisplay::layOut() {
+    const PropertyStore& p = properties();
+    const double margin = std::min(double(bounded(p, NumLedMargin)), std::min(width(), height()) / 4.0);
+    QRectF room = panelInside(panelStyle(p), rect()).adjusted(margin, margin, -margin, -margin);
+    m_unitPlace = {};
+    if (const QString& unit = p.text(NumLedUnit); !unit.isEmpty()) {
+        const double advance = QFontMetricsF(unitFont(room.height())).horizontalAdvance(unit) + margin;
+        const double taken = std::min(advance, room.width() / 3);
+        m_unitPlace = QRectF(room.right() - taken, room.top(), taken, room.height());
+        room.setRight(room.right() - taken);
+    }
+    m_row = rowLayout(rowStyle(p), room);
+    const double ratio = devicePixelRatioF();
+    m_row.pitch = std::floor(m_row.pitch * ratio) / ratio;
+    m_row.left = std::round(m_row.left * ratio) / ratio;
+    m_row.top = std::round(m_row.top * ratio) / ratio;
+    m_glyphs.clear();
+}
+
+QPointF NumLedDisplay::cellPlace(int cell) const {
+    return {m_row.left + cell * m_row.pitch, m_row.top};
+}
+
+void NumLedDisplay::paintStatic(QPainter& painter) {
+    layOut();
+    const PropertyStore& p = properties();
+    paintPanel(painter, panelStyle(p), rect());
+    if (!m_unitPlace.isEmpty()) paintUnit(painter, m_unitPlace);
+    if (!p.flag(NumLedShowUnlit)) return;
+    const std::uint16_t all = m_row.shape.fourteen ? kFourteenSegments : kSevenSegments;
+    const QPainterPath unlit = segmentPath(m_row.shape, all | SegPoint);
+    const QColor unlitColour = colourIn(p, NumLedUnlitColour);
+    for (int cell = 0; cell < bounded(p, NumLedDigits); ++cell)
+        painter.fillPath(unlit.translated(cellPlace(cell)), unlitColour);
+}
+
+void NumLedDisplay::paintUnit(QPainter& painter, const QRectF& place) const {
+    painter.setFont(unitFont(place.height()));
+    painter.setPen(colourIn(properties(), NumLedCaptionColour));
+    QRectF line = place;
+    line.setBottom(m_row.bounds.bottom() + QFontMetricsF(painter.font()).descent());
+    painter.drawText(line, int(Qt::AlignRight | Qt::AlignBottom) | Qt::TextSingleLine,
+                     properties().text(NumLedUnit));
+}
+
+const QPixmap& NumLedDisplay::glyph(std::uint16_t segments) {
+    QPixmap& picture = m_glyphs[segments];
+    if (!picture.isNull()) return picture;
+    const double ratio = devicePixelRatioF();
+    const SegmentShape& shape = m_row.shape;
+    const QSizeF size(shape.width + shape.lean + shape.spacing, shape.height + 1);
+    picture = QPixmap((size * ratio).toSize().expandedTo(QSize(1, 1)));
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(segmentPath(shape, segments), colourIn(properties(), NumLedLitColour));
+    return picture;
+}
+
+void NumLedDisplay::paintMoving(QPainter& painter) {
+    const SegmentRow row = shown();
+    const int spare = std::max(bounded(properties(), NumLedDigits) - row.count, 0);
+    const Qt::Alignment alignment = alignmentOf(properties().integer(NumLedAlignment));
+    const int first = alignment == Qt::AlignRight ? spare : alignment == Qt::AlignHCenter ? spare / 2 : 0;
+    for (int i = 0; i < row.count; ++i) {
+        const SegmentCell& cell = row.cells[static_cast<std::size_t>(i)];
+        const std::uint16_t segments = segmentsOf(cell.sign) | (cell.point ? SegPoint : 0);
+        if (segments != 0) painter.drawPixmap(cellPlace(first + i), glyph(segments));
+    }
+}
+
+} // namespace vistor
