@@ -72,7 +72,11 @@ QByteArray documentOf(const Outline& outline, bool disabled) {
         R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 24 24"><g fill="none" stroke="%1" )"
         R"(stroke-width="1.5" stroke-linecap="round" stroke-linejoin="round">)");
     const QString body = frame + QLatin1String(outline.body) + QStringLiteral("</g></svg>");
-    return QString(body).replace(u"%1", lines).replace(u"%2", accents).replace(u"%3", grounds).toUtf8();
+    return QString(body)
+        .replace(QLatin1String("%1"), lines)
+        .replace(QLatin1String("%2"), accents)
+        .replace(QLatin1String("%3"), grounds)
+        .toUtf8();
 }
 
 /// Draws the outline anew for each size, density and state that is asked for.
