@@ -1,6 +1,7 @@
 // The change between edit mode and play mode, the dispatch of values, and what all instruments share:
 // colours, labels, grid.
 #include "acquisition/DataSource.h"
+#include "acquisition/FrmSelectInput.h"
 #include "dashboard/ModeCommands.h"
 #include "dashboard/frmInterface.h"
 #include "instruments/Colours.h"
@@ -48,6 +49,10 @@ void frmInterface::mnuEditMode_Click() {
     CloseDataSource();
     setCommandsForMode();
     setInstrumentMode(true);
+}
+
+void frmInterface::mnuSelectDataSource_Click() {
+    FrmSelectInput(this).exec();
 }
 
 void frmInterface::setCommandsForMode() {
