@@ -75,6 +75,16 @@ void ControlManager::adoptGeometry() {
 void ControlManager::fitPanes() {
     if (!m_adopted) adoptGeometry();
     place();
+    Q_EMIT paneResizing();
+    // Whoever hears that the panes stand lets pending events run, which has no place inside the window's own
+    // show and resize events.
+    if (m_completionPending) return;
+    m_completionPending = true;
+    QMetaObject::invokeMethod(this, &ControlManager::complete, Qt::QueuedConnection);
+}
+
+void ControlManager::complete() {
+    m_completionPending = false;
     Q_EMIT ControlResizeComplete();
 }
 

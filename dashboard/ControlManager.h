@@ -33,7 +33,7 @@ public:
     TwipsBox paneBox(int number) const;
     /// Leaves a pane out of the layout; its room goes to the others.
     void removePane(int number);
-    /// Makes the panes fill the window without overlap.
+    /// Makes the panes fill the window without overlap. That they stand is told when pending events run.
     void fitPanes();
 
 Q_SIGNALS:
@@ -41,7 +41,7 @@ Q_SIGNALS:
     /// A pane found another place beside a pane, or at an edge of the window.
     void paneMoved();
     void paneDocked();
-    /// A border is being dragged.
+    /// A border is being dragged, or the window sized.
     void paneResizing();
 
 protected:
@@ -60,6 +60,7 @@ private:
     QRect room() const;
     QRect outerRect(const Pane& pane) const;
     void adoptGeometry();
+    void complete();
     void place();
     void placeBorders();
     void dragBorder(std::size_t border, const QPoint& place);
@@ -71,6 +72,7 @@ private:
     std::array<Pane, kPaneCount> m_panes;
     PaneLayout m_layout;
     bool m_adopted = false; ///< m_layout stands for the geometry of the panes
+    bool m_completionPending = false;
     std::vector<PaneBorder*> m_borders;
     std::unique_ptr<QRubberBand> m_preview;
 };

@@ -48,9 +48,15 @@ constexpr Readout kReadouts[] = {
 
 constexpr int kColumns = 4;
 constexpr int kRowCount = static_cast<int>(std::size(kReadouts)) / kColumns;
-constexpr int kMargin = 240; ///< twips, around the page and between readouts
-constexpr int kWidth = 3990;
-constexpr int kHeight = 1740;
+constexpr int kMargin = 8;  ///< pixels, around the page and between readouts
+constexpr QSize kSmallest(160, 80);
+constexpr QSize kLargest(420, 210);
+
+/// As large as the page lets all of them be, within what looks well.
+QSize readoutSize(const QSize& page) {
+    const QSize room((page.width() - kMargin) / kColumns - kMargin, (page.height() - kMargin) / kRowCount - kMargin);
+    return room.expandedTo(kSmallest).boundedTo(kLargest);
+}
 
 void dress(Instrument& instrument, const Readout& readout) {
     PropertyStore draft = instrument.inCTRL().properties();
@@ -65,13 +71,14 @@ void dress(Instrument& instrument, const Readout& readout) {
 }
 
 void addReadout(frmInterface& dashboard, const Readout& readout, int column, int row) {
-    Instrument* added = dashboard.addInstrument(Kind::Alphanumeric, dashboard.pic.front());
+    Page* page = dashboard.pic.front();
+    Instrument* added = dashboard.addInstrument(Kind::Alphanumeric, page);
     if (!added) return;
+    const QSize size = readoutSize(page->size());
     dress(*added, readout);
     added->AssignPin(1, QLatin1String(readout.variable));
-    added->move(toPixels(kMargin + column * (kWidth + kMargin)),
-                toPixels(kMargin + row * (kHeight + kMargin)));
-    added->setSizeTwips(kWidth, kHeight);
+    added->move(kMargin + column * (size.width() + kMargin), kMargin + row * (size.height() + kMargin));
+    added->setSizeTwips(toTwips(size.width()), toTwips(size.height()));
     added->show();
 }
 

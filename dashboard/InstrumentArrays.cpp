@@ -7,9 +7,9 @@
 
 namespace vistor {
 
-Instrument* InstrumentArrays::insert(Kind kind, int number, QWidget* page) {
-    std::unique_ptr<Instrument> made = makeInstrument(kind, page);
+Instrument* InstrumentArrays::adopt(int number, std::unique_ptr<Instrument> made) {
     if (!made) return nullptr;
+    const Kind kind = made->kind();
     made->setObjectName(QLatin1String(kindInfo(kind).className));
     made->hide();
     // An instrument may ask for its own end from inside one of its signals.
@@ -19,7 +19,7 @@ Instrument* InstrumentArrays::insert(Kind kind, int number, QWidget* page) {
 }
 
 void InstrumentArrays::makeTemplates(QWidget* page) {
-    for (const KindInfo& info : kInstrumentKinds) insert(info.kind, 0, page);
+    for (const KindInfo& info : kInstrumentKinds) adopt(0, makeInstrument(info.kind, page));
 }
 
 Instrument* InstrumentArrays::add(Kind kind, QWidget* page) {
@@ -27,7 +27,7 @@ Instrument* InstrumentArrays::add(Kind kind, QWidget* page) {
     for (const InstrumentElement& element : m_elements) {
         if (element.kind == kind) number = std::max(number, element.number + 1);
     }
-    return insert(kind, number, page);
+    return adopt(number, makeInstrument(kind, page));
 }
 
 void InstrumentArrays::removeFrom(const Page* page) {

@@ -33,10 +33,10 @@ public:
     const std::vector<InstrumentElement>& all() const { return m_elements; }
     /// The elements with a number, which stand on pages.
     int placedCount() const;
+    /// Takes an instrument over as element `number` of its kind's array, hidden; null for null.
+    Instrument* adopt(int number, std::unique_ptr<Instrument> made);
 
 private:
-    Instrument* insert(Kind kind, int number, QWidget* page);
-
     std::vector<InstrumentElement> m_elements;
 };
 
