@@ -48,13 +48,14 @@ constexpr Readout kReadouts[] = {
 
 constexpr int kColumns = 4;
 constexpr int kRowCount = static_cast<int>(std::size(kReadouts)) / kColumns;
-constexpr int kMargin = 8;  ///< pixels, around the page and between readouts
+constexpr int kMargin = 8; ///< pixels, around the page and between readouts
 constexpr QSize kSmallest(160, 80);
 constexpr QSize kLargest(420, 210);
 
 /// As large as the page lets all of them be, within what looks well.
 QSize readoutSize(const QSize& page) {
-    const QSize room((page.width() - kMargin) / kColumns - kMargin, (page.height() - kMargin) / kRowCount - kMargin);
+    const QSize room((page.width() - kMargin) / kColumns - kMargin,
+                     (page.height() - kMargin) / kRowCount - kMargin);
     return room.expandedTo(kSmallest).boundedTo(kLargest);
 }
 

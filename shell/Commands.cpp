@@ -54,19 +54,19 @@ constexpr MenuEntry kEntries[] = {
 };
 
 constexpr ToolButton kButtons[] = {
-    {2, "new", "New profile", false, true},
-    {3, "load", "Load profile", false, true},
-    {4, "save", "Save profile", false, true},
-    {6, "play", "Play mode: open the data source and run", true, true},
-    {7, "edit", "Edit mode: stop and change the layout", true, true},
-    {9, "properties", "Show the properties window", false, true},
-    {10, "", "", false, false},
-    {11, "newtab", "Insert a new tab", true, true},
-    {12, "cleartab", "Clear the current tab", true, true},
-    {14, "labelson", "Labels on", true, true},
-    {15, "labelsoff", "Labels off", true, true},
-    {17, "help", "Help index", false, true},
-    {18, "", "", false, false},
+    {2, "new", "New profile", false},
+    {3, "load", "Load profile", false},
+    {4, "save", "Save profile", false},
+    {6, "play", "Play mode: open the data source and run", true},
+    {7, "edit", "Edit mode: stop and change the layout", true},
+    {9, "properties", "Show the properties window", false},
+    {10, "tabs", "Tabs", true},
+    {11, "newtab", "Insert a new tab", true},
+    {12, "cleartab", "Clear the current tab", true},
+    {14, "labelson", "Labels on", true},
+    {15, "labelsoff", "Labels off", true},
+    {17, "help", "Help index", false},
+    {18, "mark", "Vistor - Version " VISTOR_VERSION, true},
 };
 
 } // namespace

@@ -31,12 +31,12 @@ std::span<const MenuHead> menuHeads();
 /// In the order in which they stand in their menus.
 std::span<const MenuEntry> menuEntries();
 
+/// Two of them are marks without a command: the head of the tab group, and the program's own at the end.
 struct ToolButton {
     int number; ///< from 1; a number that is not in the table is a separator
     const char* picture;
     const char* tip;
     bool works; ///< its command stands; one that does not work stays disabled in both modes
-    bool shown; ///< two buttons have a number but nothing to do
 };
 
 inline constexpr int kToolButtons = 18;

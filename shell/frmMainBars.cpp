@@ -80,7 +80,6 @@ void frmMain::makeToolbar() {
         QAction* action = bar->addAction(picture(button->picture), QLatin1String(button->tip));
         action->setObjectName(QStringLiteral("button%1").arg(number));
         action->setToolTip(QLatin1String(button->tip));
-        action->setVisible(button->shown);
         connect(action, &QAction::triggered, this,
                 [this, number] { m_dashboard->Toolbar_ButtonClick(number); });
         m_buttons.insert(number, action);
@@ -88,9 +87,7 @@ void frmMain::makeToolbar() {
 }
 
 void frmMain::setButtonEnabled(int number, bool enabled) {
-    const ToolButton* entry = toolButton(number);
-    // Buttons without a shown picture follow the mode as well; nobody can press them.
-    if (QAction* action = button(number)) action->setEnabled(enabled && (entry->works || !entry->shown));
+    if (QAction* action = button(number)) action->setEnabled(enabled && toolButton(number)->works);
 }
 
 void frmMain::makeStatusBar() {

@@ -1,5 +1,5 @@
-// Answers the program's questions in tests from lists written beforehand, and keeps the exact words of all that
-// was asked.
+// Answers the program's questions in tests from lists written beforehand, and keeps the exact words of all
+// that was asked.
 #pragma once
 
 #include "platform/Prompts.h"
@@ -12,8 +12,8 @@
 
 namespace vistor {
 
-/// Stands in as the prompter for as long as it lives. A question without an answer in its list is answered like a
-/// person who cancels.
+/// Stands in as the prompter for as long as it lives. A question without an answer in its list is answered
+/// like a person who cancels.
 class ScriptedPrompts final : public Prompter {
 public:
     ScriptedPrompts() : m_before(setPrompter(this)) {}
@@ -51,7 +51,8 @@ public:
     std::optional<FontChoice> font(const FontChoice&) override { return std::nullopt; }
 
 private:
-    template <typename Value> static Value next(std::deque<Value>& list, Value otherwise) {
+    template <typename Value>
+    static Value next(std::deque<Value>& list, Value otherwise) {
         if (list.empty()) return otherwise;
         Value first = list.front();
         list.pop_front();

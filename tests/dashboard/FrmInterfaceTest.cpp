@@ -1,8 +1,8 @@
 #include "dashboard/frmInterface.h"
 
-#include "dashboard/DemoPage.h"
 #include "dashboard/ModeCommands.h"
 #include "instruments/Instrument.h"
+#include "instruments/displays/InnerDisplay.h"
 #include "platform/Events.h"
 #include "tests/ScriptedPrompts.h"
 #include "variables/GlobalVarsAndTypes.h"
@@ -14,8 +14,6 @@
 #include <QTreeWidget>
 
 #include <gtest/gtest.h>
-
-#include <cstring>
 
 namespace vistor {
 namespace {
@@ -130,7 +128,8 @@ TEST_F(FrmInterfaceTest, CloseAsksOnlyAboutChanges) {
         window.ProfileChanged = c.changed;
         prompts.answers = {c.answer};
         EXPECT_EQ(window.Form_Unload(), c.closes);
-        EXPECT_EQ(prompts.takeWords().value(0), c.changed ? QString("Do you want to save changes ?") : QString());
+        EXPECT_EQ(prompts.takeWords().value(0),
+                  c.changed ? QString("Do you want to save changes ?") : QString());
         EXPECT_EQ(stored().contains("LASTFILE"), c.closes);
     }
     for (const MessageRequest& request : prompts.messages) {
@@ -159,10 +158,12 @@ TEST_F(FrmInterfaceTest, NewTabsAreAskedForAndChecked) {
         window.mnuNewPane_Click();
         QStringList words = {"Enter caption for the new tab"};
         if (c.refusal) words += QLatin1String(c.refusal);
+        const Icon icon = c.refusal ? Icon::Stop : Icon::None;
         EXPECT_EQ(prompts.takeWords(), words);
         EXPECT_EQ(window.mainTab->Tabs(), c.tabs);
         EXPECT_EQ(window.ProfileChanged, c.tabs > 1);
-        if (c.refusal) EXPECT_EQ(prompts.messages.back().icon, Icon::Stop);
+        EXPECT_EQ(prompts.messages.empty() ? Icon::None : prompts.messages.back().icon, icon);
+        prompts.messages.clear();
     }
     EXPECT_EQ(window.CurrentTab, 1);
     EXPECT_EQ(window.mainTab->TabCaption(1), "A & B");
@@ -180,7 +181,10 @@ TEST_F(FrmInterfaceTest, RenameNeverSpeaksAndAlwaysMarksTheProfile) {
         std::optional<QString> answer;
         const char* caption;
     };
-    const Case cases[] = {{std::nullopt, "ABC"}, {QString(), "ABC"}, {QString("VX"), "ABC"}, {QString("abc"), "abc"},
+    const Case cases[] = {{std::nullopt, "ABC"},
+                          {QString(), "ABC"},
+                          {QString("VX"), "ABC"},
+                          {QString("abc"), "abc"},
                           {QString("vx"), "vx"}};
     for (const Case& c : cases) {
         window.ProfileChanged = false;
@@ -258,7 +262,8 @@ TEST_F(FrmInterfaceTest, ModesFreezeAndFreeTheLayout) {
     EXPECT_EQ(timer.takeLast().at(0).toInt(), 20);
     EXPECT_EQ(commands.count(), static_cast<int>(std::size(kModeCommands)));
     for (const auto& command : commands)
-        EXPECT_EQ(command.at(1).toBool(), command.at(0).toString() == "mnuEditMode") << command.at(0).toString();
+        EXPECT_EQ(command.at(1).toBool(), command.at(0).toString() == "mnuEditMode")
+            << qPrintable(command.at(0).toString());
     EXPECT_FALSE(instrument->inCTRL().isEnabled());
     EXPECT_FALSE(window.VarTree->isEnabled());
     EXPECT_FALSE(window.pic[0]->hasDrawing());

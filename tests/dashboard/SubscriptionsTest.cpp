@@ -6,7 +6,6 @@
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <gtest/gtest.h>
-
 #include <stdexcept>
 
 namespace vistor {
@@ -15,7 +14,8 @@ namespace {
 /// Writes down what reaches it, as "pin:value" or "pin/axis:value".
 class Probe final : public Instrument {
 public:
-    Probe(Kind kind, QWidget* page) : Instrument(kind, new NumLedDisplay, page), table(isGraph(kind) ? 6 : 1) {}
+    Probe(Kind kind, QWidget* page)
+        : Instrument(kind, new NumLedDisplay, page), table(isGraph(kind) ? 6 : 1) {}
 
     PinTable curVarTable() const override { return table; }
     void ClearCurrentData() override { ++cleared; }
@@ -45,7 +45,9 @@ protected:
         name(41, "FortyOne");
         tableChanged();
     }
-    static void name(std::size_t row, const char* text) { VariableTable[row].PhysicalName = QLatin1String(text); }
+    static void name(std::size_t row, const char* text) {
+        VariableTable[row].PhysicalName = QLatin1String(text);
+    }
     Probe* add(int number, Kind kind, QWidget* page) {
         auto made = std::make_unique<Probe>(kind, page);
         Probe* probe = made.get();
