@@ -22,7 +22,7 @@ constexpr Outline kOutlines[] = {
     {"new", R"(<path d="M6 3h8l4 4v14H6z" fill="%3"/><path d="M14 3v4h4"/>)"},
     {"load", R"(<path d="M3 19V6h6l2 2h8v3" fill="%3"/><path d="M3 19l3-8h16l-3 8z" fill="%3"/>)"},
     {"save", R"(<path d="M4 4h13l3 3v13H4z" fill="%3"/><path d="M8 4v5h7V4M7 20v-7h10v7"/>)"},
-    {"play", R"(<path d="M7 4l13 8-13 8z" fill="%2" stroke="%2"/>)"},
+    {"play", R"(<path d="M7 4l13 8-13 8z" fill="%2"/>)"},
     {"edit", R"(<path d="M4 20l1-5L16 4l4 4L9 19z" fill="%3"/><path d="M13 7l4 4" stroke="%2"/>)"},
     {"properties",
      R"(<rect x="3" y="4" width="18" height="16" rx="1" fill="%3"/><path d="M3 8h18M7 12h3M7 16h3"/><path d="M13 12h5M13 16h5" stroke="%2"/>)"},

@@ -1,5 +1,7 @@
 #include "shell/Appearance.h"
 
+#include "dashboard/Pictures.h"
+
 #include <QApplication>
 #include <QPalette>
 #include <QStyleFactory>
@@ -48,10 +50,10 @@ QPalette ownPalette() {
 
 } // namespace
 
-void applyAppearance(QApplication& application) {
+void applyAppearance() {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(ownPalette());
-    application.setAttribute(Qt::AA_DontShowIconsInMenus, false);
+    QApplication::setWindowIcon(picture("mark"));
 }
 
 } // namespace vistor

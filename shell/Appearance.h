@@ -2,10 +2,9 @@
 // object. Out: its style and palette.
 #pragma once
 
-class QApplication;
-
 namespace vistor {
 
-void applyAppearance(QApplication& application);
+/// Once, when the application object stands.
+void applyAppearance();
 
 } // namespace vistor

@@ -81,7 +81,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "%s\n", qPrintable(options.problem));
         return 2;
     }
-    QApplication application(argc, argv);
-    applyAppearance(application);
+    const QApplication application(argc, argv);
+    applyAppearance();
     return run(options);
 }
