@@ -1,0 +1,21 @@
+// The unit of all stored geometry: 15 twips are one logical pixel, on every screen.
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+
+namespace vistor {
+
+inline constexpr double kTwipsOfPixel = 15;
+
+/// The nearest pixel, bounded to what a window system can place.
+inline int toPixels(double twips) {
+    constexpr double kFarthest = 32000;
+    return static_cast<int>(std::lround(std::clamp(twips / kTwipsOfPixel, -kFarthest, kFarthest)));
+}
+
+inline float toTwips(double pixels) {
+    return static_cast<float>(pixels * kTwipsOfPixel);
+}
+
+} // namespace vistor

@@ -1,0 +1,129 @@
+// The dashboard window: pages with instruments, palette, variable tree, and the change between edit and play.
+// In: the person's commands, the settings file, values from the tick. Out: values on instruments; to the main
+// window signals only.
+#pragma once
+
+#include "dashboard/ControlManager.h"
+#include "dashboard/InstrumentArrays.h"
+#include "dashboard/Page.h"
+#include "dashboard/SSTab.h"
+#include "dashboard/Subscriptions.h"
+#include "dashboard/VXSPLITTER.h"
+
+#include <QStringList>
+
+class QListWidget;
+class QTreeWidget;
+
+namespace vistor {
+
+class Palette;
+
+class frmInterface : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit frmInterface(QWidget* parent = nullptr);
+    ~frmInterface() override;
+
+    // The state of the open profile and of its editing.
+    bool ProfileChanged = false;
+    std::int16_t GridSize = 0; ///< twips
+    std::uint8_t SnapToGrid = 0;
+    std::uint8_t ShowGrid = 0;
+    float PopupX = 0; ///< twips; where a page was last right-clicked
+    float PopupY = 0;
+    bool HasProfilePath = false;
+    QString ProfilePath;
+    std::int32_t CurBackColour = 0; ///< handed to every page and instrument
+    std::int32_t CurLabelColour = 0;
+    std::int16_t CurrentTab = 0; ///< follows the tab control's click
+    SubscriptionTable Subscriptions = SubscriptionTable(1);
+
+    // The children, by their names.
+    SSTab* mainTab;
+    std::vector<Page*> pic; ///< page n lies inside mainTab; page 0 is always there
+    QWidget* VarPic;
+    QTreeWidget* VarTree;
+    vistor::VXSPLITTER* VXSPLITTER;
+    QTreeWidget* trvControl;
+    QListWidget* lvControl;
+    ControlManager* ControlManager1;
+    InstrumentArrays instruments;
+
+    /// The window's load: reads the settings and brings everything up in edit mode.
+    void Form_Load();
+    /// The window's unload: asks about unsaved changes and stores the layout. False when the person
+    /// cancelled, and then nothing happened. Once it is done, a further call does nothing.
+    bool Form_Unload();
+    /// Leaves out the panes that a hand-edited settings file hides. Once, when the window stands.
+    void ArrangeSplitter();
+
+    void UserControlChanged() { ProfileChanged = true; }
+    /// Puts a new instrument on a page, in the state that the dashboard is in, hidden and at its default
+    /// size. Null for a kind that there is not.
+    Instrument* addInstrument(Kind kind, Page* page);
+    void setCurBackColour(std::int32_t back, std::int32_t label);
+    void TagsOn(std::uint8_t on);
+    void initGrid(std::int16_t size, std::uint8_t show, std::uint8_t snap);
+    void DrawGrid();
+    void ClearGrid();
+
+    void RebuildSubscriptions();
+    /// Hands a variable's new value to the instruments of the page in front. Only the tick calls it.
+    void refreshControls(const QString& name, float value);
+
+    void mnuPlayMode_Click();
+    void mnuEditMode_Click();
+    void mnuSelectDataSource_Click();
+    void mnuSaveConfig_Click();
+    void mnuExit_Click();
+    void Toolbar_ButtonClick(int button);
+
+    void mnuNewTab_Click();
+    void mnuNewPane_Click();
+    void mnuRename_Click();
+    void mnuClearCurrentTab_Click();
+    void mnuClearPane_Click();
+    void mnuClearAllTabs_Click();
+    void mnuCloseLastTab_Click();
+    void mnuClosePane_Click();
+    void mnuCloseAllTabs_Click();
+
+Q_SIGNALS:
+    /// A menu, menu entry or toolbar button of the main window is to be enabled or disabled.
+    void commandEnabled(const QString& name, bool enabled);
+    void buttonEnabled(int number, bool enabled);
+    /// A pop-up menu of the main window is wanted at a place of the screen.
+    void menuWanted(const QString& menu, const QPoint& place);
+    void instrumentMenuWanted(Instrument* instrument, const QPoint& place);
+    /// The tick's timer gets this interval in milliseconds; 0 stops it.
+    void timerWanted(int milliseconds);
+    /// The window has unloaded by a command of its own: the main window follows.
+    void unloaded();
+
+private:
+    void makePanes();
+    void connectPanes();
+    void applySettings();
+    void storeSettings();
+    void paneResized();
+    void paneResizing();
+    void mainTab_Click();
+    void mainTab_MouseDown(Qt::MouseButton button, const QPoint& place);
+    void pic_MouseDown(Page* page, const QPoint& place);
+
+    Page* addPage();
+    void fitPage(Page* page, int highest);
+    void showPageInFront();
+    void clearPage(std::size_t number);
+
+    void setCommandsForMode();
+    void setViewsForMode();
+    void setInstrumentMode(bool edit);
+
+    Palette* m_palette;
+    bool m_loaded = false;
+};
+
+} // namespace vistor

@@ -1,0 +1,164 @@
+// The change between edit mode and play mode, the dispatch of values, and what all instruments share:
+// colours, labels, grid.
+#include "acquisition/DataSource.h"
+#include "acquisition/FrmSelectInput.h"
+#include "dashboard/ModeCommands.h"
+#include "dashboard/frmInterface.h"
+#include "instruments/Colours.h"
+#include "instruments/Instrument.h"
+#include "platform/Prompts.h"
+#include "variables/GlobalVarsAndTypes.h"
+
+#include <QListWidget>
+#include <QTreeWidget>
+
+namespace vistor {
+namespace {
+
+/// Number 0x8000000F is the colour of button faces.
+constexpr auto kButtonFace = static_cast<std::int32_t>(0x8000000FU);
+
+void setBackground(QWidget* view, const QColor& colour) {
+    QPalette colours = view->palette();
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+        colours.setColor(group, QPalette::Base, colour);
+    view->setPalette(colours);
+}
+
+} // namespace
+
+void frmInterface::mnuPlayMode_Click() {
+    if (!OpenDataSource()) {
+        CloseDataSource();
+        PlayMode = false;
+        return;
+    }
+    PlayMode = true;
+    RebuildSubscriptions();
+    Q_EMIT timerWanted(kTickMilliseconds);
+    setCommandsForMode();
+    setInstrumentMode(false);
+    SampleTime.fill(0);
+    LastValue.fill(0);
+    SampleDistance.fill(0);
+}
+
+void frmInterface::mnuEditMode_Click() {
+    PlayMode = false;
+    Q_EMIT timerWanted(0);
+    CloseDataSource();
+    setCommandsForMode();
+    setInstrumentMode(true);
+}
+
+void frmInterface::mnuSelectDataSource_Click() {
+    FrmSelectInput(this).exec();
+}
+
+void frmInterface::setCommandsForMode() {
+    for (const ModeCommand& command : kModeCommands)
+        Q_EMIT commandEnabled(QLatin1String(command.name),
+                              PlayMode ? command.inPlayMode : command.inEditMode);
+    for (const ModeButton& button : kModeButtons)
+        Q_EMIT buttonEnabled(button.number, PlayMode ? button.inPlayMode : button.inEditMode);
+    setViewsForMode();
+    if (ShowGrid != 1) return;
+    if (PlayMode)
+        ClearGrid();
+    else
+        DrawGrid();
+}
+
+void frmInterface::setViewsForMode() {
+    const QColor background = PlayMode ? colourOf(kButtonFace) : QColor(Qt::white);
+    for (QWidget* view : {static_cast<QWidget*>(trvControl), static_cast<QWidget*>(lvControl),
+                          static_cast<QWidget*>(VarTree)}) {
+        view->setEnabled(!PlayMode);
+        setBackground(view, background);
+    }
+}
+
+void frmInterface::setInstrumentMode(bool edit) {
+    for (const InstrumentElement& element : instruments.all()) {
+        if (element.number != 0) element.instrument->mode(edit);
+    }
+}
+
+void frmInterface::RebuildSubscriptions() {
+    Subscriptions = subscriptionsOf(instruments);
+}
+
+void frmInterface::refreshControls(const QString& name, float value) {
+    dispatchValue(Subscriptions, mainTab->Tab(), name, value);
+}
+
+Instrument* frmInterface::addInstrument(Kind kind, Page* page) {
+    Instrument* added = instruments.add(kind, page);
+    if (!added) return nullptr;
+    connect(added, &Instrument::layoutChanged, this, &frmInterface::UserControlChanged);
+    connect(added, &Instrument::menuWanted, this,
+            [this, added](const QPoint& place) { Q_EMIT instrumentMenuWanted(added, place); });
+    added->setColour(CurBackColour, CurLabelColour);
+    added->mode(!PlayMode);
+    if (kind != Kind::TextTag) added->TagOn(TagsVisible);
+    return added;
+}
+
+void frmInterface::setCurBackColour(std::int32_t back, std::int32_t label) {
+    CurBackColour = back;
+    CurLabelColour = label;
+    for (Page* page : pic) page->setBackColour(colourOf(back));
+    for (const InstrumentElement& element : instruments.all()) {
+        element.instrument->setColour(back, label);
+        if (!PlayMode) element.instrument->mode(true);
+    }
+    if (ShowGrid == 1) DrawGrid();
+}
+
+void frmInterface::TagsOn(std::uint8_t on) {
+    TagsVisible = on == 1;
+    for (const InstrumentElement& element : instruments.all()) {
+        if (element.kind != Kind::TextTag) element.instrument->TagOn(TagsVisible);
+    }
+}
+
+void frmInterface::initGrid(std::int16_t size, std::uint8_t show, std::uint8_t snap) {
+    pic.front()->clearDrawing();
+    GridSize = size;
+    if (show == 1 && !PlayMode) DrawGrid();
+    ShowGrid = show;
+    SnapToGrid = snap;
+}
+
+void frmInterface::DrawGrid() {
+    for (Page* page : pic) page->drawGrid(GridSize);
+}
+
+void frmInterface::ClearGrid() {
+    for (Page* page : pic) page->clearDrawing();
+}
+
+void frmInterface::mnuSaveConfig_Click() {
+    MsgBox(QStringLiteral("This version cannot save Profiles yet."), Icon::Notice);
+}
+
+void frmInterface::Toolbar_ButtonClick(int button) {
+    switch (button) {
+    case 6:
+        return mnuPlayMode_Click();
+    case 7:
+        return mnuEditMode_Click();
+    case 11:
+        return mnuNewTab_Click();
+    case 12:
+        return mnuClearPane_Click(); // asks first
+    case 14:
+        return TagsOn(1);
+    case 15:
+        return TagsOn(0);
+    default:
+        return; // separators, buttons without an action, and those whose command does not stand yet
+    }
+}
+
+} // namespace vistor

@@ -1,0 +1,91 @@
+// The commands on tabs and their pages.
+#include "dashboard/TabRules.h"
+#include "dashboard/frmInterface.h"
+#include "instruments/Colours.h"
+#include "instruments/Instrument.h"
+#include "platform/Prompts.h"
+#include "variables/GlobalVarsAndTypes.h"
+
+namespace vistor {
+
+void frmInterface::mnuNewTab_Click() {
+    const auto answer = InputBox(QStringLiteral("Enter caption for the new tab"));
+    switch (judgeNewCaption(answer, mainTab->captions())) {
+    case CaptionVerdict::Cancelled:
+        return;
+    case CaptionVerdict::Empty:
+        MsgBox(QStringLiteral("Enter Valid Name"), Icon::Stop);
+        return;
+    case CaptionVerdict::Duplicate:
+        MsgBox(QStringLiteral("Duplicate Name Found"), Icon::Stop);
+        return;
+    case CaptionVerdict::Fine:
+        break;
+    }
+    // The page first: the click that comes with the new tab shows it.
+    Page* page = addPage();
+    page->setBackColour(colourOf(CurBackColour));
+    mainTab->Tabs(mainTab->Tabs() + 1);
+    mainTab->TabCaption(mainTab->Tabs() - 1, *answer);
+    mainTab->Tab(mainTab->Tabs() - 1);
+    if (ShowGrid == 1) DrawGrid();
+    ProfileChanged = true;
+}
+
+void frmInterface::mnuNewPane_Click() {
+    mnuNewTab_Click();
+}
+
+void frmInterface::mnuRename_Click() {
+    const auto answer = InputBox(QStringLiteral("Enter New Name"));
+    if (mayRename(answer, mainTab->captions())) mainTab->TabCaption(mainTab->Tab(), *answer);
+    ProfileChanged = true;
+}
+
+void frmInterface::clearPage(std::size_t number) {
+    if (number < pic.size()) instruments.removeFrom(pic[number]);
+}
+
+void frmInterface::mnuClearCurrentTab_Click() {
+    clearPage(static_cast<std::size_t>(CurrentTab));
+    // An empty profile of one tab has nothing worth saving.
+    if (mainTab->Tabs() == 1) ProfileChanged = false;
+}
+
+void frmInterface::mnuClearPane_Click() {
+    if (MsgBox(QStringLiteral("Do you want to clear current tab ?"), Icon::Notice, Buttons::YesNo) ==
+        Answer::Yes)
+        mnuClearCurrentTab_Click();
+}
+
+void frmInterface::mnuClearAllTabs_Click() {
+    for (std::size_t number = 0; number < pic.size(); ++number) clearPage(number);
+}
+
+void frmInterface::mnuCloseLastTab_Click() {
+    const int last = mainTab->Tabs() - 1;
+    mainTab->Tab(last);
+    mnuClearCurrentTab_Click();
+    if (last == 0) return;
+    // The page leaves the list before its tab goes: events of that change must not find it.
+    Page* closed = pic.back();
+    pic.pop_back();
+    mainTab->Tabs(last);
+    closed->hide();
+    closed->deleteLater();
+}
+
+void frmInterface::mnuClosePane_Click() {
+    if (MsgBox(QStringLiteral("Do you want to close last tab ?"), Icon::Notice, Buttons::YesNo) ==
+        Answer::Yes)
+        mnuCloseLastTab_Click();
+}
+
+void frmInterface::mnuCloseAllTabs_Click() {
+    const int count = mainTab->Tabs();
+    for (int i = 0; i < count; ++i) mnuCloseLastTab_Click();
+    mainTab->TabCaption(0, QStringLiteral("VX"));
+    ProfileChanged = false;
+}
+
+} // namespace vistor

@@ -1,0 +1,86 @@
+#include "shell/Commands.h"
+
+#include "dashboard/frmInterface.h"
+#include "shell/frmMain.h"
+
+namespace vistor {
+namespace {
+
+/// The dashboard's command as a menu entry's operation.
+template <void (frmInterface::*command)()>
+void onDashboard(frmMain& window) {
+    (window.dashboard().*command)();
+}
+
+template <void (frmMain::*command)()>
+void onMain(frmMain& window) {
+    (window.*command)();
+}
+
+constexpr MenuHead kMenus[] = {
+    {"mnuFile", "&File", ""},      {"mnuView", "&View", ""},
+    {"mnuWindow", "Window", ""},   {"mnuTabControl", "Tab Management", "mnuWindow"},
+    {"mnuDropDown2", "", nullptr}, {"mnuDropDown3", "", nullptr},
+};
+
+constexpr MenuEntry kEntries[] = {
+    {"mnuFile", "mnuPlayMode", "&Play Mode", "play", onDashboard<&frmInterface::mnuPlayMode_Click>},
+    {"mnuFile", "mnuEditMode", "&Edit Mode", "edit", onDashboard<&frmInterface::mnuEditMode_Click>},
+    {"mnuFile", "mnuSelectDataSource", "Set Data Source", "source",
+     onDashboard<&frmInterface::mnuSelectDataSource_Click>},
+    {"mnuFile", nullptr, nullptr, nullptr, nullptr},
+    {"mnuFile", "mnuExit", "E&xit", "exit", onDashboard<&frmInterface::mnuExit_Click>},
+
+    {"mnuView", "mnuTagsOn", "Labels O&n", "labelson", [](frmMain& window) { window.dashboard().TagsOn(1); }},
+    {"mnuView", "mnuTagsOff", "Labels O&ff", "labelsoff",
+     [](frmMain& window) { window.dashboard().TagsOn(0); }},
+
+    {"mnuTabControl", "mnuNewTab", "&Insert New Tab", "newtab", onDashboard<&frmInterface::mnuNewTab_Click>},
+    {"mnuTabControl", "mnuClearCurrentTab", "&Clear Current Tab", "cleartab",
+     onMain<&frmMain::mnuClearCurrentTab_Click>},
+    {"mnuTabControl", "mnuClearAllTabs", "Clear All &Tabs", nullptr, onMain<&frmMain::mnuClearAllTabs_Click>},
+    {"mnuTabControl", "mnuCloseLastTab", "Close &Last Tab", nullptr, onMain<&frmMain::mnuCloseLastTab_Click>},
+    {"mnuTabControl", "mnuCloseAllTabs", "Cl&ose All Tabs", nullptr, onMain<&frmMain::mnuCloseAllTabs_Click>},
+
+    {"mnuDropDown2", "mnuNewPane", "&Insert New Tab", "newtab", onDashboard<&frmInterface::mnuNewPane_Click>},
+    {"mnuDropDown2", "mnuRename", "&Rename", "rename", onDashboard<&frmInterface::mnuRename_Click>},
+    {"mnuDropDown2", "mnuClearPane", "&Clear Tab", "cleartab",
+     onDashboard<&frmInterface::mnuClearPane_Click>},
+    {"mnuDropDown2", "mnuClosePane", "Close &Tab", nullptr, onDashboard<&frmInterface::mnuClosePane_Click>},
+
+    {"mnuDropDown3", "mnuTag_C", "&Label", "labelson", onMain<&frmMain::mnuTag_C_Click>, true},
+    {"mnuDropDown3", nullptr, nullptr, nullptr, nullptr},
+    {"mnuDropDown3", "mnuProperties_C", "P&roperties", "properties", onMain<&frmMain::mnuProperties_C_Click>},
+};
+
+constexpr ToolButton kButtons[] = {
+    {2, "new", "New profile", false},
+    {3, "load", "Load profile", false},
+    {4, "save", "Save profile", false},
+    {6, "play", "Play mode: open the data source and run", true},
+    {7, "edit", "Edit mode: stop and change the layout", true},
+    {9, "properties", "Show the properties window", false},
+    {10, "tabs", "Tabs", true},
+    {11, "newtab", "Insert a new tab", true},
+    {12, "cleartab", "Clear the current tab", true},
+    {14, "labelson", "Labels on", true},
+    {15, "labelsoff", "Labels off", true},
+    {17, "help", "Help index", false},
+    {18, "mark", "Vistor - Version " VISTOR_VERSION, true},
+};
+
+} // namespace
+
+std::span<const MenuHead> menuHeads() {
+    return kMenus;
+}
+
+std::span<const MenuEntry> menuEntries() {
+    return kEntries;
+}
+
+std::span<const ToolButton> toolButtons() {
+    return kButtons;
+}
+
+} // namespace vistor

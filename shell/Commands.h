@@ -1,0 +1,45 @@
+// The commands of the main window as tables: menus, their entries, the toolbar. In: nothing. Out: names,
+// captions, pictures and what each one does.
+#pragma once
+
+#include <array>
+#include <span>
+
+namespace vistor {
+
+class frmMain;
+
+using Operation = void (*)(frmMain& window);
+
+struct MenuHead {
+    const char* name;
+    const char* caption;
+    const char* parent; ///< a menu's name, empty for the menu bar, null for a pop-up menu
+};
+
+struct MenuEntry {
+    const char* menu;
+    const char* name; ///< null for a separator
+    const char* caption;
+    const char* picture; ///< null for none
+    Operation run;
+    bool checkable = false;
+};
+
+/// Menus before the menus inside them; a menu inside another comes behind the other's entries.
+std::span<const MenuHead> menuHeads();
+/// In the order in which they stand in their menus.
+std::span<const MenuEntry> menuEntries();
+
+/// Two of them are marks without a command: the head of the tab group, and the program's own at the end.
+struct ToolButton {
+    int number; ///< from 1; a number that is not in the table is a separator
+    const char* picture;
+    const char* tip;
+    bool works; ///< its command stands; one that does not work stays disabled in both modes
+};
+
+inline constexpr int kToolButtons = 18;
+std::span<const ToolButton> toolButtons();
+
+} // namespace vistor

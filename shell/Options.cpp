@@ -1,0 +1,64 @@
+#include "shell/Options.h"
+
+#include <QCommandLineParser>
+
+namespace vistor {
+namespace {
+
+constexpr double kLongestRun = 1e6; ///< s, nearly twelve days
+
+void addOptions(QCommandLineParser& parser) {
+    parser.setApplicationDescription(
+        QStringLiteral("Real-time telemetry dashboard for a motorsport data logger."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addOptions({
+        {QStringLiteral("play"), QStringLiteral("Enter play mode at once.")},
+        {QStringLiteral("source"),
+         QStringLiteral("Data source: FIL,PATH for a run file, SER,PORT,SPEED for a serial line."),
+         QStringLiteral("DESCRIPTOR")},
+        {QStringLiteral("demo"), QStringLiteral("Show the demo page.")},
+        {QStringLiteral("screenshot"),
+         QStringLiteral("Save a picture of the window: at the end with --exit-after, else after one second."),
+         QStringLiteral("FILE")},
+        {QStringLiteral("exit-after"),
+         QStringLiteral("Run unattended and end after that time: questions are not shown but answered like "
+                        "somebody who cancels."),
+         QStringLiteral("SECONDS")},
+    });
+}
+
+void readExitTime(const QCommandLineParser& parser, Options& options) {
+    if (!parser.isSet(QStringLiteral("exit-after"))) return;
+    bool ok = false;
+    const double seconds = parser.value(QStringLiteral("exit-after")).toDouble(&ok);
+    if (ok && seconds >= 0 && seconds <= kLongestRun)
+        options.exitAfter = seconds;
+    else
+        options.problem = QStringLiteral("--exit-after needs a number of seconds.");
+}
+
+} // namespace
+
+Options readOptions(const QStringList& words) {
+    QCommandLineParser parser;
+    addOptions(parser);
+    Options options;
+    if (!parser.parse(words)) {
+        options.problem = parser.errorText();
+        return options;
+    }
+    if (parser.isSet(QStringLiteral("version"))) parser.showVersion();
+    if (parser.isSet(QStringLiteral("help"))) parser.showHelp();
+    options.play = parser.isSet(QStringLiteral("play"));
+    options.demo = parser.isSet(QStringLiteral("demo"));
+    options.source = parser.value(QStringLiteral("source"));
+    options.screenshot = parser.value(QStringLiteral("screenshot"));
+    readExitTime(parser, options);
+    if (!parser.positionalArguments().isEmpty())
+        options.problem = QStringLiteral("%1: this version cannot read Profiles yet.")
+                              .arg(parser.positionalArguments().constFirst());
+    return options;
+}
+
+} // namespace vistor

@@ -1,0 +1,23 @@
+// The command line. In: its words. Out: what the program is to do, or why it cannot.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace vistor {
+
+struct Options {
+    bool play = false;
+    bool demo = false;
+    QString source;                  ///< a data source's descriptor; empty: none was given
+    QString screenshot;              ///< a file; empty: none
+    std::optional<double> exitAfter; ///< s
+    QString problem;                 ///< not empty: what is wrong with the words, and nothing else counts
+};
+
+/// Reads the words, the program's own name first. "--help" and "--version" print and end the process.
+Options readOptions(const QStringList& words);
+
+} // namespace vistor

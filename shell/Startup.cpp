@@ -1,0 +1,110 @@
+#include "shell/Startup.h"
+
+#include "maths/FileSupportFunctions.h"
+#include "maths/LoadAndSaveVariableDefinitions.h"
+#include "platform/Folders.h"
+#include "platform/Prompts.h"
+#include "variables/GlobalVarsAndTypes.h"
+#include "variables/SetupVariables.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace vistor {
+namespace {
+
+constexpr const char* kDefinitionFile = "VistorVars.cfg";
+
+constexpr double kFewestPulses = 0.1;
+constexpr double kMostPulses = 20;
+
+/// The keys of the car file in the order of CarConstants; a null key has a fixed value.
+struct CarConstant {
+    const char* key;
+    float fixed;
+};
+constexpr CarConstant kCarConstants[] = {
+    {"CDAVAL", 0},       {"ROLLINGVAL", 0},   {"CARMASS", 0},      {nullptr, 30.0F},
+    {nullptr, 101.0F},   {nullptr, 0.0F},     {"CARCONSTANT1", 0}, {"CARCONSTANT2", 0},
+    {"CARCONSTANT3", 0}, {"CARCONSTANT4", 0}, {"CARCONSTANT5", 0}, {"CARCONSTANT6", 0},
+    {"CARCONSTANT7", 0}, {"CARCONSTANT8", 0}, {"CARCONSTANT9", 0}, {"CARCONSTANT10", 0}};
+static_assert(std::size(kCarConstants) == std::tuple_size_v<decltype(CarConstants)>);
+
+QString carFile() {
+    return WorkingFolder + QStringLiteral("Car.cfg");
+}
+
+/// False when there is nothing to copy.
+bool copyDelivered(const QString& target) {
+    const QString delivered = deliveredFolder() + QLatin1String(kDefinitionFile);
+    if (!FileExists(QString(delivered))) return false;
+    QFile::remove(target); // an empty one counts as missing and would be in the way
+    if (QFile::copy(delivered, target)) {
+        QFile copied(target);
+        copied.setPermissions(copied.permissions() | QFile::ReadOwner | QFile::WriteOwner);
+    }
+    return true;
+}
+
+} // namespace
+
+void findWorkingFolder() {
+    WorkingFolder = GetUserDataFolder();
+    if (!WorkingFolder.isEmpty() && !PathExists(QString(WorkingFolder))) QDir().mkpath(WorkingFolder);
+    LibraryPath = WorkingFolder + QStringLiteral("VisControl.cfg");
+    SettingsPath = WorkingFolder + QStringLiteral("vxvis.cfg");
+}
+
+bool findDefinitionFile() {
+    const QString path = WorkingFolder + QLatin1String(kDefinitionFile);
+    if (!FileExists(QString(path)) && !copyDelivered(path)) {
+        MsgBox(QStringLiteral("An important system file cannot be found, please uninstall and re-install"),
+               Icon::Stop, Buttons::Ok, QStringLiteral("file not found"));
+        return false;
+    }
+    VariableFilePath = FileExists(QString(path)) ? path : QString();
+    if (VariableFilePath.isEmpty())
+        MsgBox(QStringLiteral("The variable definition file could not be found..."));
+    return true;
+}
+
+void loadDefinitions() {
+    if (!VariableFilePath.isEmpty()) LoadVariableFile(VariableFilePath);
+}
+
+double ReadCarConstant(const QString& path, const QString& key) {
+    return ReadConfigValue(path, key);
+}
+
+void readIgnitionPulses() {
+    const double pulses = ReadCarConstant(carFile(), QStringLiteral("IGNTIONPULSESREV"));
+    IgnitionPulsesPerRev = static_cast<float>(Clamp(kFewestPulses, pulses, kMostPulses));
+}
+
+void readDecimalSeparator() {
+    DecimalSeparator = GetDecimalSeparator();
+    if (DecimalSeparator.contains(QChar(u'\0'))) DecimalSeparator.chop(1);
+}
+
+void readCarConstants() {
+    const QString path = carFile();
+    for (std::size_t i = 0; i < CarConstants.size(); ++i) {
+        const CarConstant& constant = kCarConstants[i];
+        CarConstants[i] = constant.fixed;
+        if (!constant.key) continue;
+        const double value = ReadCarConstant(path, QLatin1String(constant.key));
+        CarConstants[i] = static_cast<float>(ParseNumber(QString::number(value, 'g', 15)));
+    }
+}
+
+void deleteScratchBitmaps() {
+    const QDir folder(bitmapFolder(WorkingFolder));
+    for (const QString& name : folder.entryList({QStringLiteral("*.bmp")}, QDir::Files))
+        QFile::remove(folder.filePath(name));
+}
+
+QString mainWindowTitle() {
+    return QStringLiteral("Vistor - Version " VISTOR_VERSION);
+}
+
+} // namespace vistor

@@ -1,0 +1,172 @@
+#include "shell/frmMain.h"
+
+#include "acquisition/DataSource.h"
+#include "dashboard/frmInterface.h"
+#include "instruments/Instrument.h"
+#include "maths/ConvertUnits.h"
+#include "platform/Events.h"
+#include "platform/Folders.h"
+#include "platform/Prompts.h"
+#include "shell/Startup.h"
+#include "variables/GlobalVarsAndTypes.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QStatusBar>
+
+namespace vistor {
+namespace {
+
+/// The pointer of a program at work, for as long as the object lives.
+struct Hourglass {
+    Hourglass() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~Hourglass() { QApplication::restoreOverrideCursor(); }
+};
+
+bool isYes(const char* question) {
+    return MsgBox(QLatin1String(question), Icon::Notice, Buttons::YesNo) == Answer::Yes;
+}
+
+} // namespace
+
+frmMain::frmMain() : m_dashboard(new frmInterface) {
+    setObjectName(QStringLiteral("frmMain"));
+    makeMenus();
+    makeToolbar();
+    makeStatusBar();
+    connectDashboard();
+    Timer1.setTimerType(Qt::PreciseTimer);
+    connect(&Timer1, &QTimer::timeout, this, &frmMain::Timer1_Timer);
+    m_refresh = [this](const QString& name, float value) {
+        ++m_updates;
+        m_dashboard->refreshControls(name, value);
+    };
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::connectDashboard() {
+    auto* area = new QMdiArea(this);
+    area->setBackground(palette().color(QPalette::Window));
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setCentralWidget(area);
+    // Without a button to close it: only the main window's end unloads the dashboard.
+    area->addSubWindow(m_dashboard, Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                                        Qt::WindowMinMaxButtonsHint);
+    connect(m_dashboard, &frmInterface::commandEnabled, this, &frmMain::setCommandEnabled);
+    connect(m_dashboard, &frmInterface::buttonEnabled, this, &frmMain::setButtonEnabled);
+    connect(m_dashboard, &frmInterface::menuWanted, this, &frmMain::openMenu);
+    connect(m_dashboard, &frmInterface::instrumentMenuWanted, this, &frmMain::openInstrumentMenu);
+    connect(m_dashboard, &frmInterface::timerWanted, this, &frmMain::setTimer);
+    connect(m_dashboard, &frmInterface::unloaded, this, &frmMain::close);
+}
+
+bool frmMain::MDIForm_Load() {
+    const Hourglass hourglass;
+    findWorkingFolder();
+    const QString icon = programFolder() + QStringLiteral("User.ico");
+    if (QFileInfo::exists(icon)) setWindowIcon(QIcon(icon));
+    setWindowTitle(mainWindowTitle());
+    if (!findDefinitionFile()) return false;
+    loadDefinitions();
+    readIgnitionPulses();
+    readDecimalSeparator();
+    DoEvents();
+    showDashboard();
+    setTimer(kTickMilliseconds);
+    deleteScratchBitmaps();
+    show();
+    pumpEvents();
+    // The last layout is offered here as soon as Profiles can be read.
+    readCarConstants();
+    createFormulaEvaluators();
+    m_loaded = true;
+    return true;
+}
+
+void frmMain::showDashboard() {
+    m_dashboard->Form_Load();
+    m_dashboard->parentWidget()->showMaximized();
+    m_dashboard->ArrangeSplitter();
+    showStatus();
+}
+
+void frmMain::Timer1_Timer() {
+    m_tick.run(m_refresh);
+    showStatus();
+}
+
+void frmMain::setTimer(int milliseconds) {
+    if (milliseconds > 0)
+        Timer1.start(milliseconds);
+    else
+        Timer1.stop();
+    Timer1.setInterval(milliseconds);
+    m_statusTime = 0;
+    showStatus();
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    event->setAccepted(shutDown());
+}
+
+bool frmMain::shutDown() {
+    if (!m_loaded) return true;
+    const bool wasPlaying = PlayMode;
+    PlayMode = false;
+    setTimer(0);
+    CloseDataSource();
+    if (!m_dashboard->Form_Unload()) {
+        // The person stays: the commands must be those of the mode that the program is in now.
+        if (wasPlaying) m_dashboard->mnuEditMode_Click();
+        return false;
+    }
+    deleteScratchBitmaps();
+    m_loaded = false;
+    return true;
+}
+
+void frmMain::mnuClearCurrentTab_Click() {
+    if (isYes("Do you want to clear current tab ?")) m_dashboard->mnuClearCurrentTab_Click();
+}
+
+void frmMain::mnuClearAllTabs_Click() {
+    if (isYes("Do you want to clear all tab(s) ?")) m_dashboard->mnuClearAllTabs_Click();
+}
+
+void frmMain::mnuCloseLastTab_Click() {
+    if (isYes("Do you want to close last tab ?")) m_dashboard->mnuCloseLastTab_Click();
+}
+
+void frmMain::mnuCloseAllTabs_Click() {
+    if (isYes("Do you want to close all tab(s) ?")) m_dashboard->mnuCloseAllTabs_Click();
+}
+
+void frmMain::mnuTag_C_Click() {
+    if (curObject) curObject->mnuTag_Click();
+}
+
+void frmMain::mnuProperties_C_Click() {
+    if (curObject) curObject->mnuProperties_Click();
+}
+
+void frmMain::openMenu(const QString& name, const QPoint& place) {
+    if (QMenu* menu = m_menus.value(name)) menu->popup(place);
+}
+
+void frmMain::openInstrumentMenu(Instrument* instrument, const QPoint& place) {
+    curObject = instrument;
+    command(QStringLiteral("mnuTag_C"))->setChecked(instrument->tagIsOn());
+    openMenu(QStringLiteral("mnuDropDown3"), place);
+}
+
+void frmMain::setCommandEnabled(const QString& name, bool enabled) {
+    if (QAction* action = command(name)) action->setEnabled(enabled);
+}
+
+} // namespace vistor

@@ -1,0 +1,83 @@
+// The main window: menus, toolbar, the one timer, and the dashboard as its one child window. In: the person's
+// commands. Out: start-up, ticks and shutdown in their order.
+#pragma once
+
+#include "acquisition/AcquisitionTick.h"
+
+#include <QHash>
+#include <QMainWindow>
+#include <QPointer>
+#include <QTimer>
+
+class QLabel;
+class QMenu;
+
+namespace vistor {
+
+class frmInterface;
+class Instrument;
+
+class frmMain : public QMainWindow {
+    Q_OBJECT
+
+public:
+    frmMain();
+    ~frmMain() override;
+
+    /// Start-up, in its order, up to the painted window in edit mode. False when the program must end.
+    bool MDIForm_Load();
+
+    frmInterface& dashboard() { return *m_dashboard; }
+    /// The entry, menu or pop-up menu of that name; null where there is none.
+    QAction* command(const QString& name) const { return m_commands.value(name); }
+    QAction* button(int number) const { return m_buttons.value(number); }
+
+    QPointer<Instrument> curObject; ///< on which the instruments' pop-up menu was opened
+    QTimer Timer1;
+
+    void Timer1_Timer();
+    void mnuClearCurrentTab_Click();
+    void mnuClearAllTabs_Click();
+    void mnuCloseLastTab_Click();
+    void mnuCloseAllTabs_Click();
+    void mnuTag_C_Click();
+    void mnuProperties_C_Click();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void makeMenus();
+    void makeMenu(const struct MenuHead& head);
+    void makeToolbar();
+    void makeStatusBar();
+    void connectDashboard();
+    void showDashboard();
+    bool shutDown();
+
+    void setCommandEnabled(const QString& name, bool enabled);
+    void setButtonEnabled(int number, bool enabled);
+    void openMenu(const QString& name, const QPoint& place);
+    void openInstrumentMenu(Instrument* instrument, const QPoint& place);
+    void setTimer(int milliseconds);
+    void showStatus();
+
+    frmInterface* m_dashboard;
+    AcquisitionTick m_tick;
+    RefreshFunction m_refresh;
+    QHash<QString, QAction*> m_commands;
+    QHash<QString, QMenu*> m_menus;
+    QHash<int, QAction*> m_buttons;
+    QLabel* m_source = nullptr;
+    QLabel* m_time = nullptr;
+    QLabel* m_rate = nullptr;
+    QLabel* m_mode = nullptr;
+    int m_updates = 0;       ///< values handed on since the status was last shown
+    double m_statusTime = 0; ///< clock at that moment
+    bool m_loaded = false;
+};
+
+/// A data source's descriptor in words for the status bar.
+QString sourceInWords(const QString& descriptor);
+
+} // namespace vistor

@@ -1,0 +1,128 @@
+// The main window's bars: menus and toolbar from their tables, and the status bar.
+#include "dashboard/Pictures.h"
+#include "dashboard/frmInterface.h"
+#include "platform/Clock.h"
+#include "shell/Commands.h"
+#include "shell/frmMain.h"
+#include "variables/GlobalVarsAndTypes.h"
+
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QToolBar>
+
+#include <cmath>
+
+namespace vistor {
+namespace {
+
+constexpr double kStatusSeconds = 0.5;
+
+const ToolButton* toolButton(int number) {
+    for (const ToolButton& button : toolButtons()) {
+        if (button.number == number) return &button;
+    }
+    return nullptr;
+}
+
+QLabel* statusPart(QStatusBar* bar, const char* name, int stretch) {
+    auto* label = new QLabel;
+    label->setObjectName(QLatin1String(name));
+    label->setContentsMargins(6, 0, 6, 0);
+    bar->addPermanentWidget(label, stretch);
+    return label;
+}
+
+} // namespace
+
+void frmMain::makeMenus() {
+    for (const MenuHead& head : menuHeads()) makeMenu(head);
+}
+
+void frmMain::makeMenu(const MenuHead& head) {
+    auto* menu = new QMenu(QLatin1String(head.caption), this);
+    menu->menuAction()->setObjectName(QLatin1String(head.name));
+    m_menus.insert(QLatin1String(head.name), menu);
+    m_commands.insert(QLatin1String(head.name), menu->menuAction());
+    if (head.parent && *head.parent)
+        m_menus.value(QLatin1String(head.parent))->addMenu(menu);
+    else if (head.parent)
+        menuBar()->addMenu(menu);
+    for (const MenuEntry& entry : menuEntries()) {
+        if (QLatin1String(entry.menu) != QLatin1String(head.name)) continue;
+        if (!entry.name) {
+            menu->addSeparator();
+            continue;
+        }
+        QAction* action =
+            menu->addAction(picture(entry.picture ? entry.picture : ""), QLatin1String(entry.caption));
+        action->setObjectName(QLatin1String(entry.name));
+        action->setCheckable(entry.checkable);
+        connect(action, &QAction::triggered, this, [this, run = entry.run] { run(*this); });
+        m_commands.insert(action->objectName(), action);
+    }
+}
+
+void frmMain::makeToolbar() {
+    QToolBar* bar = addToolBar(QStringLiteral("Toolbar"));
+    bar->setObjectName(QStringLiteral("Toolbar"));
+    bar->setMovable(false);
+    bar->setIconSize({22, 22});
+    bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    for (int number = 1; number <= kToolButtons; ++number) {
+        const ToolButton* button = toolButton(number);
+        if (!button) {
+            bar->addSeparator()->setVisible(number > 1);
+            continue;
+        }
+        QAction* action = bar->addAction(picture(button->picture), QLatin1String(button->tip));
+        action->setObjectName(QStringLiteral("button%1").arg(number));
+        action->setToolTip(QLatin1String(button->tip));
+        connect(action, &QAction::triggered, this,
+                [this, number] { m_dashboard->Toolbar_ButtonClick(number); });
+        m_buttons.insert(number, action);
+    }
+}
+
+void frmMain::setButtonEnabled(int number, bool enabled) {
+    if (QAction* action = button(number)) action->setEnabled(enabled && toolButton(number)->works);
+}
+
+void frmMain::makeStatusBar() {
+    statusBar()->setSizeGripEnabled(false);
+    m_source = statusPart(statusBar(), "source", 1);
+    m_time = statusPart(statusBar(), "time", 0);
+    m_rate = statusPart(statusBar(), "rate", 0);
+    m_mode = statusPart(statusBar(), "mode", 0);
+}
+
+void frmMain::showStatus() {
+    const double now = Timer();
+    const double passed = std::abs(now - m_statusTime); // the clock may pass midnight
+    if (passed < kStatusSeconds) return;
+    m_source->setText(sourceInWords(DataSourceDescriptor));
+    m_mode->setText(PlayMode ? QStringLiteral("Play mode") : QStringLiteral("Edit mode"));
+    m_time->setVisible(PlayMode);
+    m_rate->setVisible(PlayMode);
+    if (PlayMode && m_statusTime > 0) {
+        m_time->setText(QStringLiteral("Logger time %1 s").arg(double(LastValue[kTimeVariable]), 0, 'f', 1));
+        m_rate->setText(QStringLiteral("%1 updates/s").arg(std::lround(m_updates / passed)));
+    }
+    m_updates = 0;
+    m_statusTime = now;
+}
+
+QString sourceInWords(const QString& descriptor) {
+    const QStringList fields = descriptor.split(u',');
+    const QString kind = fields.front();
+    if (kind == QLatin1String("FIL"))
+        return QStringLiteral("Run file ") + QFileInfo(fields.value(1)).fileName();
+    if (kind == QLatin1String("SER"))
+        return QStringLiteral("Port %1 at %2 bits/s").arg(fields.value(1), fields.value(2));
+    if (kind == QLatin1String("GSM")) return QStringLiteral("GSM ") + fields.value(3);
+    return QStringLiteral("No data source");
+}
+
+} // namespace vistor

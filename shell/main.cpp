@@ -1,0 +1,87 @@
+// The program's entry: command line, look, main window.
+#include "dashboard/DemoPage.h"
+#include "dashboard/frmInterface.h"
+#include "platform/QtPrompts.h"
+#include "shell/Appearance.h"
+#include "shell/Options.h"
+#include "shell/frmMain.h"
+#include "variables/GlobalVarsAndTypes.h"
+
+#include <QApplication>
+#include <QScreen>
+
+#include <cstdio>
+
+namespace {
+
+using namespace vistor;
+
+constexpr int kScreenshotDelay = 1000; ///< ms
+constexpr QSize kWindowSize(1440, 900);
+
+/// A screen smaller than the window's size is filled; without a real screen there is nothing to fill.
+void sizeWindow(frmMain& window) {
+    window.resize(kWindowSize);
+    const QSize available = window.screen()->availableSize();
+    const bool fits = available.width() > kWindowSize.width() && available.height() > kWindowSize.height();
+    if (!fits && QGuiApplication::platformName() != QLatin1String("offscreen"))
+        window.setWindowState(Qt::WindowMaximized);
+}
+
+void saveScreenshot(frmMain& window, const QString& path) {
+    if (!window.grab().save(path)) std::fprintf(stderr, "%s: cannot be written\n", qPrintable(path));
+}
+
+/// The end of an unattended run: picture, values, and out, whatever is still open.
+void finish(frmMain& window, const Options& options) {
+    if (!options.screenshot.isEmpty()) saveScreenshot(window, options.screenshot);
+    if (options.demo) std::printf("%s\n", qPrintable(demoValues()));
+    window.dashboard().ProfileChanged = false;
+    window.close();
+    QCoreApplication::exit(0);
+}
+
+void schedule(frmMain& window, const Options& options) {
+    if (options.exitAfter) {
+        const int milliseconds = static_cast<int>(*options.exitAfter * 1000);
+        QTimer::singleShot(milliseconds, &window, [&window, &options] { finish(window, options); });
+    } else if (!options.screenshot.isEmpty()) {
+        QTimer::singleShot(kScreenshotDelay, &window,
+                           [&window, &options] { saveScreenshot(window, options.screenshot); });
+    }
+}
+
+int run(const Options& options) {
+    QtPrompts prompts;
+    if (!options.exitAfter) setPrompter(&prompts);
+    frmMain window;
+    sizeWindow(window);
+    if (!window.MDIForm_Load()) return 1;
+    if (options.demo) buildDemoPage(window.dashboard());
+    if (!options.source.isEmpty()) DataSourceDescriptor = options.source;
+    if (options.play) window.dashboard().mnuPlayMode_Click();
+    schedule(window, options);
+    const int result = QApplication::exec();
+    setPrompter(nullptr);
+    return result;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication::setApplicationName(QStringLiteral("Vistor"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VISTOR_VERSION));
+    Options options;
+    {
+        // Without a screen: help, version and wrong words need none.
+        const QCoreApplication plain(argc, argv);
+        options = readOptions(QCoreApplication::arguments());
+    }
+    if (!options.problem.isEmpty()) {
+        std::fprintf(stderr, "%s\n", qPrintable(options.problem));
+        return 2;
+    }
+    const QApplication application(argc, argv);
+    applyAppearance();
+    return run(options);
+}

@@ -1,0 +1,262 @@
+#include "shell/frmMain.h"
+
+#include "acquisition/StreamEncoder.h"
+#include "dashboard/frmInterface.h"
+#include "instruments/Instrument.h"
+#include "instruments/displays/NumLedDisplay.h"
+#include "platform/Clock.h"
+#include "platform/Events.h"
+#include "tests/shell/FreshAccount.h"
+#include "variables/GlobalVarsAndTypes.h"
+
+#include <QMenu>
+#include <QMenuBar>
+#include <QTest>
+
+namespace vistor {
+namespace {
+
+class FrmMainTest : public FreshAccount {
+protected:
+    FrmMainTest() { deliver(); }
+    ~FrmMainTest() override { setClock({}); }
+    void open() {
+        window.resize(1300, 850);
+        ASSERT_TRUE(window.MDIForm_Load());
+    }
+    QAction* command(const char* name) { return window.command(QLatin1String(name)); }
+    void trigger(const char* name) {
+        ASSERT_TRUE(command(name)) << name;
+        command(name)->trigger();
+    }
+    Instrument* readout(const char* variable, Page* page) {
+        Instrument* added = window.dashboard().addInstrument(Kind::Alphanumeric, page);
+        added->AssignPin(1, QLatin1String(variable));
+        added->setGeometry(20, 20, 200, 90);
+        added->show();
+        return added;
+    }
+    static double shown(Instrument* instrument) {
+        return instrument->inCTRL().properties().number(NumLedValue);
+    }
+
+    /// A run file of a time message and `count` messages of a lap time behind it, and a last time.
+    void useRun(int count) {
+        std::vector<std::uint8_t> run = runFileHead();
+        const auto time = [&run](double seconds) {
+            const ChannelValue value{1, seconds};
+            appendMessage(run, 1, {&value, 1});
+        };
+        time(10);
+        for (int i = 1; i <= count; ++i) {
+            const ChannelValue values[] = {{301, double(i)}, {90, 1.0}};
+            appendMessage(run, 2, values);
+        }
+        time(11);
+        const QString path = root.filePath("a.run");
+        write(path, QByteArray(reinterpret_cast<const char*>(run.data()), qsizetype(run.size())));
+        DataSourceDescriptor = "FIL," + path;
+    }
+    /// Plays the run in one burst while `meanwhile` happens in the middle of it. Answers whether it did.
+    bool burst(const std::function<void()>& meanwhile) {
+        double clock = 1000;
+        setClock([&clock] { return clock; });
+        trigger("mnuPlayMode");
+        window.Timer1.stop(); // the ticks are given by hand
+        window.Timer1_Timer();
+        bool inside = false;
+        bool ticking = true;
+        QTimer::singleShot(0, &window, [&] {
+            inside = ticking;
+            meanwhile();
+        });
+        clock = 1100;
+        window.Timer1_Timer();
+        ticking = false;
+        setClock({});
+        return inside;
+    }
+
+    frmMain window;
+};
+
+TEST_F(FrmMainTest, MenusStandInOrderWithoutDeadEntries) {
+    open();
+    QStringList heads;
+    QStringList entries;
+    const std::function<void(QMenu*)> walk = [&](QMenu* menu) {
+        for (QAction* action : menu->actions()) {
+            if (action->isSeparator()) continue;
+            entries += action->objectName() + u'=' + action->text();
+            if (action->menu()) walk(action->menu());
+        }
+    };
+    for (QAction* action : window.menuBar()->actions()) {
+        heads += action->objectName() + u'=' + action->text();
+        walk(action->menu());
+    }
+    EXPECT_EQ(heads, QStringList({"mnuFile=&File", "mnuView=&View", "mnuWindow=Window"}));
+    EXPECT_EQ(
+        entries,
+        QStringList({"mnuPlayMode=&Play Mode", "mnuEditMode=&Edit Mode",
+                     "mnuSelectDataSource=Set Data Source", "mnuExit=E&xit", "mnuTagsOn=Labels O&n",
+                     "mnuTagsOff=Labels O&ff", "mnuTabControl=Tab Management", "mnuNewTab=&Insert New Tab",
+                     "mnuClearCurrentTab=&Clear Current Tab", "mnuClearAllTabs=Clear All &Tabs",
+                     "mnuCloseLastTab=Close &Last Tab", "mnuCloseAllTabs=Cl&ose All Tabs"}));
+    EXPECT_TRUE(window.windowTitle().startsWith(QStringLiteral("Vistor - Version " VISTOR_VERSION)));
+}
+
+TEST_F(FrmMainTest, CommandsFollowTheMode) {
+    open();
+    useRun(1);
+    const auto enabledButtons = [this] {
+        QList<int> numbers;
+        for (int number = 1; number <= 18; ++number) {
+            if (window.button(number) && window.button(number)->isEnabled()) numbers += number;
+        }
+        return numbers;
+    };
+    // 2, 3, 4, 9 and 17 wait for their commands.
+    EXPECT_EQ(enabledButtons(), (QList<int>{6, 10, 11, 12, 14, 15, 18}));
+    EXPECT_FALSE(command("mnuEditMode")->isEnabled());
+    window.button(6)->trigger();
+    EXPECT_TRUE(PlayMode);
+    EXPECT_EQ(enabledButtons(), QList<int>{7});
+    for (const char* name : {"mnuPlayMode", "mnuView", "mnuWindow", "mnuSelectDataSource"})
+        EXPECT_FALSE(command(name)->isEnabled()) << name;
+    for (const char* name : {"mnuEditMode", "mnuFile", "mnuExit"})
+        EXPECT_TRUE(command(name)->isEnabled()) << name;
+    EXPECT_TRUE(window.Timer1.isActive());
+    window.button(7)->trigger();
+    EXPECT_FALSE(PlayMode);
+    EXPECT_FALSE(window.Timer1.isActive());
+    EXPECT_EQ(window.Timer1.interval(), 0);
+    EXPECT_TRUE(command("mnuView")->isEnabled());
+}
+
+TEST_F(FrmMainTest, TabCommandsAskFirst) {
+    open();
+    struct Case {
+        const char* name;
+        const char* question;
+    };
+    const Case cases[] = {
+        {"mnuClearCurrentTab", "Do you want to clear current tab ?"},
+        {"mnuClearAllTabs", "Do you want to clear all tab(s) ?"},
+        {"mnuCloseLastTab", "Do you want to close last tab ?"},
+        {"mnuCloseAllTabs", "Do you want to close all tab(s) ?"},
+    };
+    const InstrumentArrays& instruments = window.dashboard().instruments;
+    for (const Case& c : cases) {
+        readout("LapTime", window.dashboard().pic.back());
+        prompts.answers = {Answer::No, Answer::Yes};
+        trigger(c.name);
+        EXPECT_EQ(instruments.placedCount(), 1) << c.name;
+        trigger(c.name);
+        EXPECT_EQ(instruments.placedCount(), 0) << c.name;
+        EXPECT_EQ(prompts.takeWords(), QStringList({c.question, c.question}));
+        EXPECT_EQ(prompts.messages.back().icon, Icon::Notice);
+        EXPECT_EQ(prompts.messages.back().buttons, Buttons::YesNo);
+    }
+}
+
+TEST_F(FrmMainTest, ThePopUpMenuActsOnItsInstrument) {
+    open();
+    Instrument* instrument = readout("LapTime", window.dashboard().pic[0]);
+    pumpEvents();
+    QTest::mouseClick(&instrument->inCTRL(), Qt::RightButton);
+    EXPECT_EQ(window.curObject, instrument);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_TRUE(menu);
+    menu->close();
+    EXPECT_FALSE(command("mnuTag_C")->isChecked());
+    trigger("mnuTag_C");
+    EXPECT_TRUE(instrument->tagIsOn());
+    QTest::mouseClick(&instrument->inCTRL(), Qt::RightButton);
+    EXPECT_TRUE(command("mnuTag_C")->isChecked());
+    QApplication::activePopupWidget()->close();
+    window.dashboard().mnuClearAllTabs_Click();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    trigger("mnuTag_C"); // its instrument is gone
+    EXPECT_FALSE(window.curObject);
+}
+
+TEST_F(FrmMainTest, ARunMovesTheReadoutOfThePageInFront) {
+    open();
+    Instrument* front = readout("LapTime", window.dashboard().pic[0]);
+    prompts.inputs = {QStringLiteral("Two")};
+    trigger("mnuNewTab");
+    Instrument* back = readout("LapTime", window.dashboard().pic[1]);
+    window.dashboard().mainTab->Tab(0);
+    useRun(40);
+    burst([] {});
+    EXPECT_EQ(shown(front), 40);
+    EXPECT_EQ(shown(back), 0);
+    EXPECT_TRUE(window.grab().size().isValid());
+}
+
+TEST_F(FrmMainTest, CommandsInTheMiddleOfABurstDoNoHarm) {
+    open();
+    Instrument* front = readout("LapTime", window.dashboard().pic[0]);
+    prompts.inputs = {QStringLiteral("Two")};
+    trigger("mnuNewTab");
+    Instrument* back = readout("LapTime", window.dashboard().pic[1]);
+    window.dashboard().mainTab->Tab(0);
+    constexpr int kMessages = 20000;
+    useRun(kMessages);
+
+    EXPECT_TRUE(burst([this] { window.dashboard().mainTab->Tab(1); }));
+    EXPECT_EQ(shown(front), 0); // what a tick updates goes to the page that is in front at its end
+    EXPECT_EQ(shown(back), kMessages);
+    trigger("mnuEditMode");
+
+    EXPECT_TRUE(burst([this] { trigger("mnuEditMode"); }));
+    EXPECT_FALSE(PlayMode);
+    EXPECT_TRUE(StreamBytes.empty());
+
+    EXPECT_TRUE(burst([this] {
+        trigger("mnuEditMode");
+        trigger("mnuPlayMode");
+    }));
+    EXPECT_TRUE(PlayMode);
+    trigger("mnuEditMode");
+
+    window.dashboard().ProfileChanged = false;
+    EXPECT_TRUE(burst([this] { EXPECT_TRUE(window.close()); }));
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_FALSE(PlayMode);
+    EXPECT_TRUE(QFile::exists(working("vxvis.cfg")));
+}
+
+TEST_F(FrmMainTest, CancellingTheCloseStaysInEditMode) {
+    open();
+    useRun(3);
+    trigger("mnuPlayMode");
+    window.dashboard().ProfileChanged = true;
+    EXPECT_FALSE(window.close());
+    EXPECT_EQ(prompts.takeWords(), QStringList("Do you want to save changes ?"));
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_FALSE(PlayMode);
+    EXPECT_TRUE(command("mnuPlayMode")->isEnabled());
+    EXPECT_FALSE(QFile::exists(working("vxvis.cfg")));
+    trigger("mnuExit"); // cancelled once more
+    EXPECT_TRUE(window.isVisible());
+    prompts.answers = {Answer::No};
+    trigger("mnuExit");
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(prompts.takeWords().size(), 2); // the main window's own end asks nothing again
+}
+
+TEST(SourceInWords, TellsEachKind) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"", "No data source"},
+        {"FIL,/a/b/c.run", "Run file c.run"},
+        {"SER,3,57600", "Port 3 at 57600 bits/s"},
+        {"SER", "Port  at  bits/s"},
+        {"XYZ,1", "No data source"},
+    };
+    for (const auto& [descriptor, words] : cases) EXPECT_EQ(sourceInWords(QLatin1String(descriptor)), words);
+}
+
+} // namespace
+} // namespace vistor
