@@ -7,7 +7,7 @@
 #include "platform/Prompts.h"
 #include "variables/GlobalVarsAndTypes.h"
 
-#include <QHeaderView>
+#include <QCloseEvent>
 #include <QListWidget>
 #include <QTreeWidget>
 
@@ -132,6 +132,12 @@ void frmInterface::storeSettings() {
 
 void frmInterface::mnuExit_Click() {
     if (Form_Unload()) Q_EMIT unloaded();
+}
+
+void frmInterface::closeEvent(QCloseEvent* event) {
+    const bool wasLoaded = m_loaded;
+    event->setAccepted(Form_Unload());
+    if (wasLoaded && event->isAccepted()) Q_EMIT unloaded();
 }
 
 void frmInterface::ArrangeSplitter() {

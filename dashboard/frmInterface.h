@@ -102,6 +102,10 @@ Q_SIGNALS:
     /// The window has unloaded by a command of its own: the main window follows.
     void unloaded();
 
+protected:
+    /// Closing this window is leaving the program.
+    void closeEvent(QCloseEvent* event) override;
+
 private:
     void makePanes();
     void connectPanes();

@@ -17,6 +17,7 @@ void onMain(frmMain& window) {
     (window.*command)();
 }
 
+// The pop-up menu of a page comes with its first entry.
 constexpr MenuHead kMenus[] = {
     {"mnuFile", "&File", ""},      {"mnuView", "&View", ""},
     {"mnuWindow", "Window", ""},   {"mnuTabControl", "Tab Management", "mnuWindow"},

@@ -241,10 +241,12 @@ TEST_F(FrmMainTest, CancellingTheCloseStaysInEditMode) {
     EXPECT_FALSE(QFile::exists(working("vxvis.cfg")));
     trigger("mnuExit"); // cancelled once more
     EXPECT_TRUE(window.isVisible());
+    EXPECT_FALSE(window.dashboard().parentWidget()->close()); // and by the child window's own command
+    EXPECT_TRUE(window.dashboard().isVisible());
     prompts.answers = {Answer::No};
     trigger("mnuExit");
     EXPECT_FALSE(window.isVisible());
-    EXPECT_EQ(prompts.takeWords().size(), 2); // the main window's own end asks nothing again
+    EXPECT_EQ(prompts.takeWords().size(), 3); // the main window's own end asks nothing again
 }
 
 TEST(SourceInWords, TellsEachKind) {
