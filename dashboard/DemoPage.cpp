@@ -4,8 +4,6 @@
 #include "dashboard/frmInterface.h"
 #include "instruments/Instrument.h"
 #include "instruments/displays/NumLedDisplay.h"
-#include "variables/GlobalVarsAndTypes.h"
-#include "variables/SetupVariables.h"
 
 namespace vistor {
 namespace {
@@ -95,12 +93,14 @@ void buildDemoPage(frmInterface& dashboard) {
     dashboard.ProfileChanged = false;
 }
 
-QString demoValues() {
+QString demoValues(const frmInterface& dashboard) {
     QStringList values;
-    for (const Readout& readout : kReadouts) {
-        const QString name = QLatin1String(readout.variable);
-        const auto row = static_cast<std::size_t>(FindVariableByPhysicalName(name));
-        values += name + u'=' + QString::number(static_cast<double>(LastValue[row]), 'f', readout.decimals);
+    for (const InstrumentElement& element : dashboard.instruments.all()) {
+        if (element.number == 0 || element.kind != Kind::Alphanumeric) continue;
+        const PropertyStore& properties = element.instrument->inCTRL().properties();
+        values += element.instrument->curVarTable().at(1) + u'=' +
+                  QString::number(properties.number(NumLedValue), 'f',
+                                  static_cast<int>(properties.number(NumLedDecimals)));
     }
     return values.join(u' ');
 }

@@ -11,7 +11,7 @@ class frmInterface;
 /// Builds the page. The profile does not count as changed by it.
 void buildDemoPage(frmInterface& dashboard);
 
-/// "name=value" for every variable of the page, parted by blanks.
-QString demoValues();
+/// "name=value" for every readout of the first page, as the readout holds it, parted by blanks.
+QString demoValues(const frmInterface& dashboard);
 
 } // namespace vistor

@@ -119,14 +119,14 @@ void link(PreparedFormula& formula, std::int32_t index, std::shared_ptr<FormulaE
 }
 
 float evaluate(PreparedFormula& formula, float value, std::int32_t index) {
-    // Only this module gives a row's evaluator its text, so one that is linked has the text of `formula`.
-    const auto& evaluator = evaluatorOf(index);
-    if (formula.evaluator != evaluator) link(formula, index, evaluator);
+    // A new set of evaluators is a change of the tables, so one that is linked is the row's own and has this
+    // text.
+    if (!formula.evaluator) link(formula, index, evaluatorOf(index));
     for (const auto& feed : formula.feeds)
         *feed.place = static_cast<double>(LastValue[static_cast<std::size_t>(feed.number)]);
     *formula.own = *formula.u = *formula.x = static_cast<double>(value);
     double result = 0;
-    if (!evaluator->Value(result)) return 0;
+    if (!formula.evaluator->Value(result)) return 0;
     const auto rounded = static_cast<float>(result);
     return std::isfinite(rounded) ? rounded : 0;
 }
@@ -158,6 +158,7 @@ void createFormulaEvaluators() {
         FormulaEvaluators[row] = makeEvaluator(known ? VariableTable[row].CustomTransformation : QString());
         IndexNumbers[row] = known ? VariableTable[row].IndexNumber : 0;
     }
+    tableChanged();
 }
 
 bool ConvertValue(const QString& formula, std::int32_t index, float& value, bool checkMode) {

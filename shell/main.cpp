@@ -35,7 +35,7 @@ void saveScreenshot(frmMain& window, const QString& path) {
 /// The end of an unattended run: picture, values, and out, whatever is still open.
 void finish(frmMain& window, const Options& options) {
     if (!options.screenshot.isEmpty()) saveScreenshot(window, options.screenshot);
-    if (options.demo) std::printf("%s\n", qPrintable(demoValues()));
+    if (options.demo) std::printf("%s\n", qPrintable(demoValues(window.dashboard())));
     window.dashboard().ProfileChanged = false;
     window.close();
     QCoreApplication::exit(0);

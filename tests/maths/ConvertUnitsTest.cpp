@@ -1,6 +1,7 @@
 #include "maths/ConvertUnits.h"
 
 #include "maths/FormulaEvaluator.h"
+#include "tests/ScriptedPrompts.h"
 #include "tests/TestTables.h"
 
 #include <cmath>
@@ -133,6 +134,16 @@ TEST(ConvertUnits, CheckTellsWhatAFormulaUses) {
     EXPECT_EQ(variables, std::vector<std::int32_t>{0});
     for (const char* bad : {"", "1/0", "VAR_8001", "foo", "SIN", "(", "x x", "1,2", "\xC3\xA9"})
         EXPECT_FALSE(CheckExpression(QString::fromUtf8(bad), variables, items)) << bad;
+}
+
+TEST(ConvertUnits, CheckModeTellsAWrongFormulaAndTouchesNothing) {
+    ScriptedPrompts prompts;
+    float value = 4;
+    EXPECT_TRUE(ConvertValue(QStringLiteral("x*2"), 17, value, true));
+    EXPECT_FALSE(ConvertValue(QStringLiteral("x*"), 17, value, true));
+    EXPECT_EQ(value, 4);
+    EXPECT_EQ(prompts.takeWords(), QStringList{"There is an error in the formula: x*"});
+    EXPECT_EQ(prompts.messages.back().icon, Icon::Stop);
 }
 
 TEST(ConvertUnits, HostileTextsEndInAnError) {

@@ -1,0 +1,82 @@
+// The program as a person starts it: its own process, its own working folder, a recorded run.
+#include "acquisition/StreamEncoder.h"
+#include "tests/shell/FreshAccount.h"
+
+#include <QHash>
+#include <QImage>
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+namespace vistor {
+namespace {
+
+class ProgramTest : public FreshAccount {
+protected:
+    /// Starts the demo on a run file and answers what its readouts held at the end.
+    QHash<QString, double> play(const QString& run, const char* seconds) {
+        QProcess program;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), root.filePath(QStringLiteral("person")));
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        program.setProcessEnvironment(environment);
+        program.start(QStringLiteral(VISTOR_PROGRAM),
+                      {QStringLiteral("--demo"), QStringLiteral("--play"), QStringLiteral("--source"),
+                       QStringLiteral("FIL,") + run, QStringLiteral("--exit-after"), QLatin1String(seconds),
+                       QStringLiteral("--screenshot"), picture()});
+        EXPECT_TRUE(program.waitForFinished(60000));
+        EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(program.exitCode(), 0) << program.readAllStandardError().toStdString();
+        QHash<QString, double> values;
+        const QStringList words = QString::fromUtf8(program.readAllStandardOutput()).simplified().split(u' ');
+        for (const QString& word : words)
+            values.insert(word.section(u'=', 0, 0), word.section(u'=', 1).toDouble());
+        return values;
+    }
+    QString picture() const { return root.filePath(QStringLiteral("demo.png")); }
+};
+
+TEST_F(ProgramTest, PlaysARecordingOntoItsReadouts) {
+    write(working("Car.cfg"), "IGNTIONPULSESREV,2\r\n");
+    std::vector<std::uint8_t> run = runFileHead();
+    for (int step = 0; step < 3; ++step) {
+        const ChannelValue time[] = {{1, 100 + step * 0.2}};
+        const ChannelValue pulses[] = {{2, 9000.0 + step * 1000}};
+        const ChannelValue others[] = {{204, 2.5}, {16, 1.0 + step}, {70, 81.5}};
+        appendMessage(run, 1, time);
+        appendMessage(run, 18, pulses);
+        appendMessage(run, 3, others);
+    }
+    const QString path = root.filePath(QStringLiteral("short.run"));
+    write(path, QByteArray(reinterpret_cast<const char*>(run.data()), static_cast<qsizetype>(run.size())));
+    const auto values = play(path, "3");
+    EXPECT_EQ(values.value(QStringLiteral("EngineSpeed")), 5500); // 11000 pulses at two a turn
+    EXPECT_EQ(values.value(QStringLiteral("BrakePressureFront")), 50);
+    EXPECT_EQ(values.value(QStringLiteral("Gear")), 3);
+    EXPECT_EQ(values.value(QStringLiteral("CoolantTemp")), 81.5);
+    const QImage image(picture());
+    EXPECT_GT(image.width(), 600);
+}
+
+TEST_F(ProgramTest, PlaysTheSimulatedCar) {
+    const QString path = root.filePath(QStringLiteral("demo.run"));
+    ASSERT_EQ(
+        QProcess::execute(QStringLiteral(VISTOR_VXSTREAM),
+                          {QStringLiteral("simulate"), QStringLiteral("--laps"), QStringLiteral("1"),
+                           QStringLiteral("--seed"), QStringLiteral("1"), QStringLiteral("--out"), path}),
+        0);
+    write(working("Car.cfg"), "IGNTIONPULSESREV,2\r\n");
+    const auto values = play(path, "6");
+    EXPECT_GT(values.value(QStringLiteral("EngineSpeed")), 800);
+    EXPECT_LT(values.value(QStringLiteral("EngineSpeed")), 9500);
+    EXPECT_NEAR(values.value(QStringLiteral("BatteryVoltage")), 13.8, 1);
+    EXPECT_EQ(values.value(QStringLiteral("LapNumber")), 1);
+}
+
+TEST_F(ProgramTest, AnUnusableSourceLeavesARunningProgram) {
+    const auto values = play(root.filePath(QStringLiteral("none.run")), "1");
+    EXPECT_EQ(values.value(QStringLiteral("EngineSpeed"), -1), 0);
+}
+
+} // namespace
+} // namespace vistor
