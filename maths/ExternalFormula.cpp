@@ -35,7 +35,8 @@ bool isIdentifier(const QString& name) {
            std::all_of(name.begin(), name.end(), fits);
 }
 
-template <typename Function> void resolve(void* library, const char* name, Function& function) {
+template <typename Function>
+void resolve(void* library, const char* name, Function& function) {
     function = reinterpret_cast<Function>(dlsym(library, name));
 }
 
@@ -74,7 +75,8 @@ std::optional<ExternalClass> findClass(const QString& name) {
 std::optional<double> calculate(const ExternalClass& external, void* object) {
     double result = 0;
     const bool done =
-        external.initialise(object, CarConstants.data(), static_cast<std::int32_t>(CarConstants.size())) == 0 &&
+        external.initialise(object, CarConstants.data(), static_cast<std::int32_t>(CarConstants.size())) ==
+            0 &&
         external.calcVariable(object, LastValue.data(), IndexNumbers.data(), kVariableCount, &result) == 0;
     return done ? std::optional(result) : std::nullopt;
 }

@@ -83,7 +83,8 @@ void ScriptEngine::Language(const QString& name) {
     m_knownLanguage = name.compare(QLatin1String("VBScript"), Qt::CaseInsensitive) == 0;
 }
 
-void ScriptEngine::AddObject(const QString& name, std::shared_ptr<script::HostObject> object, bool addMembers) {
+void ScriptEngine::AddObject(const QString& name, std::shared_ptr<script::HostObject> object,
+                             bool addMembers) {
     if (!object) return;
     m_machine.reset(); // it knows the objects by their places
     m_hosts.push_back({script::lowered(name.toStdU16String()), object.get(), addMembers});

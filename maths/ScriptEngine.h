@@ -33,8 +33,8 @@ public:
     /// Parses the script and runs what stands outside its procedures. False: see Error. A second call puts
     /// the first script away.
     bool AddCode(const QString& text);
-    /// Whether the script may show windows. There are none it could show: MsgBox and InputBox are refused with
-    /// "Permission denied" either way, and this keeps the setting only.
+    /// Whether the script may show windows. There are none it could show: MsgBox and InputBox are refused
+    /// with "Permission denied" either way, and this keeps the setting only.
     void AllowUI(bool allow) { m_allowUI = allow; }
     bool allowsUI() const { return m_allowUI; }
     /// Calls a procedure of the script. The result is good as long as the engine. False: see Error.

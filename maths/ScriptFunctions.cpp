@@ -27,7 +27,8 @@ Value single(float number) {
 }
 
 // Calls one member function with the arguments in its own types.
-template <float (ScriptFunctions::*function)() const> Value callSingle0(const ScriptFunctions& object, Arguments) {
+template <float (ScriptFunctions::*function)() const>
+Value callSingle0(const ScriptFunctions& object, Arguments) {
     return single((object.*function)());
 }
 
@@ -52,7 +53,8 @@ Value callDouble(const ScriptFunctions& object, Arguments arguments) {
     return Value::number((object.*function)(arguments[0].asDouble()));
 }
 
-template <float ScriptFunctions::*field> Value readSingle(const ScriptFunctions& object, Arguments) {
+template <float ScriptFunctions::*field>
+Value readSingle(const ScriptFunctions& object, Arguments) {
     return single(object.*field);
 }
 
@@ -72,7 +74,8 @@ constexpr Kind kSingle[] = {Kind::Single};
 constexpr Kind kSingles[] = {Kind::Single, Kind::Single};
 constexpr Kind kDouble[] = {Kind::Double};
 
-template <float ScriptFunctions::*field> constexpr Member fieldRow(std::u16string_view name) {
+template <float ScriptFunctions::*field>
+constexpr Member fieldRow(std::u16string_view name) {
     return {name, {true, Kind::Single, {}}, readSingle<field>, field};
 }
 

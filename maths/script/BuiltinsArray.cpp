@@ -118,8 +118,8 @@ Value filter(const Call& call) {
 }
 
 constexpr Builtin kTable[] = {
-    {u"array", 0, kAnyNumber, makeArray}, {u"filter", 2, 4, filter},     {u"join", 1, 2, join},
-    {u"lbound", 1, 2, lowerBound},        {u"split", 1, 4, split},       {u"ubound", 1, 2, upperBound},
+    {u"array", 0, kAnyNumber, makeArray}, {u"filter", 2, 4, filter}, {u"join", 1, 2, join},
+    {u"lbound", 1, 2, lowerBound},        {u"split", 1, 4, split},   {u"ubound", 1, 2, upperBound},
 };
 
 } // namespace

@@ -16,10 +16,10 @@ struct KindRow {
 };
 
 constexpr KindRow kKinds[] = {
-    {Kind::Empty, u"Empty", 0},     {Kind::Null, u"Null", 1},         {Kind::Integer, u"Integer", 2},
-    {Kind::Long, u"Long", 3},       {Kind::Single, u"Single", 4},     {Kind::Double, u"Double", 5},
-    {Kind::Currency, u"Currency", 6}, {Kind::Text, u"String", 8},     {Kind::Object, u"Nothing", 9},
-    {Kind::Missing, u"Error", 10},  {Kind::Boolean, u"Boolean", 11},  {Kind::Byte, u"Byte", 17},
+    {Kind::Empty, u"Empty", 0},        {Kind::Null, u"Null", 1},        {Kind::Integer, u"Integer", 2},
+    {Kind::Long, u"Long", 3},          {Kind::Single, u"Single", 4},    {Kind::Double, u"Double", 5},
+    {Kind::Currency, u"Currency", 6},  {Kind::Text, u"String", 8},      {Kind::Object, u"Nothing", 9},
+    {Kind::Missing, u"Error", 10},     {Kind::Boolean, u"Boolean", 11}, {Kind::Byte, u"Byte", 17},
     {Kind::Array, u"Variant()", 8204},
 };
 

@@ -36,7 +36,8 @@ bool increment(std::string& digits) {
 Digits roundedDigits(double size, std::size_t places) {
     char buffer[40];
     char* end =
-        std::to_chars(buffer, buffer + sizeof buffer, size, std::chars_format::scientific, kSignificant - 1).ptr;
+        std::to_chars(buffer, buffer + sizeof buffer, size, std::chars_format::scientific, kSignificant - 1)
+            .ptr;
     const std::string text(buffer, end);
     const std::size_t mark = text.find('e');
     std::string digits = text.substr(0, 1) + text.substr(2, mark - 2);

@@ -146,12 +146,12 @@ Value colour(const Call& call) {
 }
 
 constexpr Builtin kTable[] = {
-    {u"abs", 1, 1, absolute},     {u"atn", 1, 1, arcTangent},   {u"cos", 1, 1, cosine},
-    {u"exp", 1, 1, exponential},  {u"fix", 1, 1, truncated},    {u"hex", 1, 1, hexadecimal},
-    {u"int", 1, 1, floorOf},      {u"log", 1, 1, logarithm},    {u"oct", 1, 1, octal},
-    {u"randomize", 0, 1, randomize}, {u"rgb", 3, 3, colour},    {u"rnd", 0, 1, randomNumber},
-    {u"round", 1, 2, rounded},    {u"sgn", 1, 1, signOf},       {u"sin", 1, 1, sine},
-    {u"sqr", 1, 1, squareRoot},   {u"tan", 1, 1, tangent},      {u"timer", 0, 0, secondsOfDay},
+    {u"abs", 1, 1, absolute},        {u"atn", 1, 1, arcTangent}, {u"cos", 1, 1, cosine},
+    {u"exp", 1, 1, exponential},     {u"fix", 1, 1, truncated},  {u"hex", 1, 1, hexadecimal},
+    {u"int", 1, 1, floorOf},         {u"log", 1, 1, logarithm},  {u"oct", 1, 1, octal},
+    {u"randomize", 0, 1, randomize}, {u"rgb", 3, 3, colour},     {u"rnd", 0, 1, randomNumber},
+    {u"round", 1, 2, rounded},       {u"sgn", 1, 1, signOf},     {u"sin", 1, 1, sine},
+    {u"sqr", 1, 1, squareRoot},      {u"tan", 1, 1, tangent},    {u"timer", 0, 0, secondsOfDay},
 };
 
 } // namespace

@@ -101,7 +101,8 @@ std::u16string replaced(std::u16string_view text, std::u16string_view what, std:
     return result.append(text.substr(from));
 }
 
-/// Replace(text, what, by [, start [, count [, compare]]]): what stands before the start is not in the result.
+/// Replace(text, what, by [, start [, count [, compare]]]): what stands before the start is not in the
+/// result.
 Value replace(const Call& call) {
     const TextView text(call[0]);
     const TextView what(call[1]);
@@ -109,7 +110,8 @@ Value replace(const Call& call) {
     const std::int32_t start = call.whole(3, 1);
     const std::int32_t count = call.whole(4, -1);
     if (start < 1 || count < -1) raise(kInvalidCall);
-    const std::u16string_view rest = text->substr(std::min(static_cast<std::size_t>(start - 1), text->size()));
+    const std::u16string_view rest =
+        text->substr(std::min(static_cast<std::size_t>(start - 1), text->size()));
     return call.text(replaced(rest, *what, *by, count, foldsCase(call, 5), call.budget));
 }
 

@@ -150,11 +150,11 @@ Value string(const Call& call) {
 }
 
 constexpr Builtin kTable[] = {
-    {u"asc", 1, 1, asc},          {u"ascw", 1, 1, ascW},        {u"chr", 1, 1, chr},
-    {u"chrw", 1, 1, chrW},        {u"lcase", 1, 1, lowerCase},  {u"left", 2, 2, left},
-    {u"len", 1, 1, length},       {u"ltrim", 1, 1, leftTrim},   {u"mid", 2, 3, mid},
-    {u"right", 2, 2, right},      {u"rtrim", 1, 1, rightTrim},  {u"space", 1, 1, space},
-    {u"string", 2, 2, string},    {u"strreverse", 1, 1, reversed}, {u"trim", 1, 1, trim},
+    {u"asc", 1, 1, asc},         {u"ascw", 1, 1, ascW},           {u"chr", 1, 1, chr},
+    {u"chrw", 1, 1, chrW},       {u"lcase", 1, 1, lowerCase},     {u"left", 2, 2, left},
+    {u"len", 1, 1, length},      {u"ltrim", 1, 1, leftTrim},      {u"mid", 2, 3, mid},
+    {u"right", 2, 2, right},     {u"rtrim", 1, 1, rightTrim},     {u"space", 1, 1, space},
+    {u"string", 2, 2, string},   {u"strreverse", 1, 1, reversed}, {u"trim", 1, 1, trim},
     {u"ucase", 1, 1, upperCase},
 };
 

@@ -35,12 +35,18 @@ int order(const Value& left, const Value& right, std::uint8_t literals, Budget& 
 
 bool holds(Operator op, int ordered) {
     switch (op) {
-    case Operator::Equal: return ordered == 0;
-    case Operator::NotEqual: return ordered != 0;
-    case Operator::Less: return ordered < 0;
-    case Operator::Greater: return ordered > 0;
-    case Operator::LessOrEqual: return ordered <= 0;
-    default: return ordered >= 0;
+    case Operator::Equal:
+        return ordered == 0;
+    case Operator::NotEqual:
+        return ordered != 0;
+    case Operator::Less:
+        return ordered < 0;
+    case Operator::Greater:
+        return ordered > 0;
+    case Operator::LessOrEqual:
+        return ordered <= 0;
+    default:
+        return ordered >= 0;
     }
 }
 
@@ -50,22 +56,30 @@ Value bitsOf(const Value& value) {
     case Kind::Boolean:
     case Kind::Byte:
     case Kind::Integer:
-    case Kind::Long: return value;
-    case Kind::Empty: return Value::integer(0);
+    case Kind::Long:
+        return value;
+    case Kind::Empty:
+        return Value::integer(0);
     case Kind::Text:
         if (!parseNumber(value.asText())) return Value::boolean(toBoolean(value));
         [[fallthrough]];
-    default: return Value::longer(toLong(value));
+    default:
+        return Value::longer(toLong(value));
     }
 }
 
 std::int32_t combineBits(Operator op, std::int32_t a, std::int32_t b) {
     switch (op) {
-    case Operator::And: return a & b;
-    case Operator::Or: return a | b;
-    case Operator::Xor: return a ^ b;
-    case Operator::Eqv: return ~(a ^ b);
-    default: return ~a | b;
+    case Operator::And:
+        return a & b;
+    case Operator::Or:
+        return a | b;
+    case Operator::Xor:
+        return a ^ b;
+    case Operator::Eqv:
+        return ~(a ^ b);
+    default:
+        return ~a | b;
     }
 }
 

@@ -54,17 +54,24 @@ Value plain(const Value& value) {
 
 double toDouble(const Value& value) {
     switch (value.kind()) {
-    case Kind::Empty: return 0;
+    case Kind::Empty:
+        return 0;
     case Kind::Boolean:
     case Kind::Byte:
     case Kind::Integer:
-    case Kind::Long: return value.asLong();
+    case Kind::Long:
+        return value.asLong();
     case Kind::Single:
-    case Kind::Double: return value.asDouble();
-    case Kind::Currency: return static_cast<double>(value.asCurrency()) / 10000;
-    case Kind::Text: return numberIn(value.asText());
-    case Kind::Object: return toDouble(plain(value));
-    default: raiseForKind(value.kind());
+    case Kind::Double:
+        return value.asDouble();
+    case Kind::Currency:
+        return static_cast<double>(value.asCurrency()) / 10000;
+    case Kind::Text:
+        return numberIn(value.asText());
+    case Kind::Object:
+        return toDouble(plain(value));
+    default:
+        raiseForKind(value.kind());
     }
 }
 
@@ -79,8 +86,10 @@ std::int32_t toLong(const Value& value) {
     case Kind::Boolean:
     case Kind::Byte:
     case Kind::Integer:
-    case Kind::Long: return value.asLong();
-    default: return roundWithin(toDouble(value), kLongMin, kLongMax);
+    case Kind::Long:
+        return value.asLong();
+    default:
+        return roundWithin(toDouble(value), kLongMin, kLongMax);
     }
 }
 
@@ -120,17 +129,26 @@ std::int64_t toCurrency(const Value& value) {
 
 std::u16string toText(const Value& value) {
     switch (value.kind()) {
-    case Kind::Empty: return {};
-    case Kind::Boolean: return value.asLong() ? u"True" : u"False";
+    case Kind::Empty:
+        return {};
+    case Kind::Boolean:
+        return value.asLong() ? u"True" : u"False";
     case Kind::Byte:
     case Kind::Integer:
-    case Kind::Long: return widen(std::to_string(value.asLong()));
-    case Kind::Single: return formatDouble(value.asDouble(), 7);
-    case Kind::Double: return formatDouble(value.asDouble());
-    case Kind::Currency: return currencyText(value.asCurrency());
-    case Kind::Text: return std::u16string(value.asText());
-    case Kind::Object: return toText(plain(value));
-    default: raiseForKind(value.kind());
+    case Kind::Long:
+        return widen(std::to_string(value.asLong()));
+    case Kind::Single:
+        return formatDouble(value.asDouble(), 7);
+    case Kind::Double:
+        return formatDouble(value.asDouble());
+    case Kind::Currency:
+        return currencyText(value.asCurrency());
+    case Kind::Text:
+        return std::u16string(value.asText());
+    case Kind::Object:
+        return toText(plain(value));
+    default:
+        raiseForKind(value.kind());
     }
 }
 

@@ -39,24 +39,46 @@ int ErrObject::callMember(int member, std::span<const Value> arguments, Value& r
     if (member == kRaise) raiseAs(arguments);
     if (!arguments.empty()) return kWrongArguments;
     switch (member) {
-    case kNumber: result = Value::longer(m_number); break;
-    case kDescription: result = Value::text(m_description, m_budget); break;
-    case kSource: result = Value::text(m_source, m_budget); break;
-    case kHelpFile: result = Value::text(m_helpFile, m_budget); break;
-    case kHelpContext: result = Value::longer(m_helpContext); break;
-    default: clear();
+    case kNumber:
+        result = Value::longer(m_number);
+        break;
+    case kDescription:
+        result = Value::text(m_description, m_budget);
+        break;
+    case kSource:
+        result = Value::text(m_source, m_budget);
+        break;
+    case kHelpFile:
+        result = Value::text(m_helpFile, m_budget);
+        break;
+    case kHelpContext:
+        result = Value::longer(m_helpContext);
+        break;
+    default:
+        clear();
     }
     return 0;
 }
 
 int ErrObject::setMember(int member, const Value& value) {
     switch (member) {
-    case kNumber: m_number = toLong(value); return 0;
-    case kDescription: m_description = toText(value).substr(0, kLongestText); return 0;
-    case kSource: m_source = toText(value).substr(0, kLongestText); return 0;
-    case kHelpFile: m_helpFile = toText(value).substr(0, kLongestText); return 0;
-    case kHelpContext: m_helpContext = toLong(value); return 0;
-    default: return kNoSuchMember;
+    case kNumber:
+        m_number = toLong(value);
+        return 0;
+    case kDescription:
+        m_description = toText(value).substr(0, kLongestText);
+        return 0;
+    case kSource:
+        m_source = toText(value).substr(0, kLongestText);
+        return 0;
+    case kHelpFile:
+        m_helpFile = toText(value).substr(0, kLongestText);
+        return 0;
+    case kHelpContext:
+        m_helpContext = toLong(value);
+        return 0;
+    default:
+        return kNoSuchMember;
     }
 }
 

@@ -1,5 +1,5 @@
-// What a host shows to a script: an object with named members. In: the script's arguments. Out: values, or the
-// number of an error.
+// What a host shows to a script: an object with named members. In: the script's arguments. Out: values, or
+// the number of an error.
 #pragma once
 
 #include "maths/script/Value.h"

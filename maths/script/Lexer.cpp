@@ -18,31 +18,66 @@ struct Keyword {
 };
 
 constexpr Keyword kKeywords[] = {
-    {u"and", Word::And},         {u"byref", Word::ByRef},     {u"byval", Word::ByVal},
-    {u"call", Word::Call},       {u"case", Word::Case},       {u"class", Word::Class},
-    {u"const", Word::Const},     {u"dim", Word::Dim},         {u"do", Word::Do},
-    {u"each", Word::Each},       {u"else", Word::Else},       {u"elseif", Word::ElseIf},
-    {u"empty", Word::Empty},     {u"end", Word::End},         {u"eqv", Word::Eqv},
-    {u"exit", Word::Exit},       {u"false", Word::False},     {u"for", Word::For},
-    {u"function", Word::Function}, {u"goto", Word::GoTo},     {u"if", Word::If},
-    {u"imp", Word::Imp},         {u"in", Word::In},           {u"is", Word::Is},
-    {u"let", Word::Let},         {u"loop", Word::Loop},       {u"mod", Word::Mod},
-    {u"new", Word::New},         {u"next", Word::Next},       {u"not", Word::Not},
-    {u"nothing", Word::Nothing}, {u"null", Word::Null},       {u"on", Word::On},
-    {u"option", Word::Option},   {u"or", Word::Or},           {u"private", Word::Private},
-    {u"public", Word::Public},   {u"redim", Word::ReDim},     {u"rem", Word::Rem},
-    {u"resume", Word::Resume},   {u"select", Word::Select},   {u"set", Word::Set},
-    {u"stop", Word::Stop},       {u"sub", Word::Sub},         {u"then", Word::Then},
-    {u"to", Word::To},           {u"true", Word::True},       {u"until", Word::Until},
-    {u"wend", Word::Wend},       {u"while", Word::While},     {u"with", Word::With},
+    {u"and", Word::And},
+    {u"byref", Word::ByRef},
+    {u"byval", Word::ByVal},
+    {u"call", Word::Call},
+    {u"case", Word::Case},
+    {u"class", Word::Class},
+    {u"const", Word::Const},
+    {u"dim", Word::Dim},
+    {u"do", Word::Do},
+    {u"each", Word::Each},
+    {u"else", Word::Else},
+    {u"elseif", Word::ElseIf},
+    {u"empty", Word::Empty},
+    {u"end", Word::End},
+    {u"eqv", Word::Eqv},
+    {u"exit", Word::Exit},
+    {u"false", Word::False},
+    {u"for", Word::For},
+    {u"function", Word::Function},
+    {u"goto", Word::GoTo},
+    {u"if", Word::If},
+    {u"imp", Word::Imp},
+    {u"in", Word::In},
+    {u"is", Word::Is},
+    {u"let", Word::Let},
+    {u"loop", Word::Loop},
+    {u"mod", Word::Mod},
+    {u"new", Word::New},
+    {u"next", Word::Next},
+    {u"not", Word::Not},
+    {u"nothing", Word::Nothing},
+    {u"null", Word::Null},
+    {u"on", Word::On},
+    {u"option", Word::Option},
+    {u"or", Word::Or},
+    {u"private", Word::Private},
+    {u"public", Word::Public},
+    {u"redim", Word::ReDim},
+    {u"rem", Word::Rem},
+    {u"resume", Word::Resume},
+    {u"select", Word::Select},
+    {u"set", Word::Set},
+    {u"stop", Word::Stop},
+    {u"sub", Word::Sub},
+    {u"then", Word::Then},
+    {u"to", Word::To},
+    {u"true", Word::True},
+    {u"until", Word::Until},
+    {u"wend", Word::Wend},
+    {u"while", Word::While},
+    {u"with", Word::With},
     {u"xor", Word::Xor},
 };
 
 Word wordOf(std::u16string_view spelling) {
     if (spelling.size() > 8) return Word::None;
     const std::u16string lower = lowered(spelling);
-    const auto* found = std::lower_bound(std::begin(kKeywords), std::end(kKeywords), lower,
-                                         [](const Keyword& row, const auto& name) { return row.text < name; });
+    const auto* found =
+        std::lower_bound(std::begin(kKeywords), std::end(kKeywords), lower,
+                         [](const Keyword& row, const auto& name) { return row.text < name; });
     return found != std::end(kKeywords) && found->text == lower ? found->word : Word::None;
 }
 
@@ -77,7 +112,8 @@ public:
     explicit Lexer(std::u16string_view text) : m_text(text) {}
 
     std::vector<Token> run() {
-        while (readToken()) {}
+        while (readToken()) {
+        }
         add(TokenKind::End);
         return std::move(m_tokens);
     }
@@ -88,9 +124,7 @@ private:
     }
     bool done() const { return m_pos >= m_text.size(); }
 
-    [[noreturn]] void fail(int number) const {
-        throw Fault{number, errorWords(number), {}, m_line, false};
-    }
+    [[noreturn]] void fail(int number) const { throw Fault{number, errorWords(number), {}, m_line, false}; }
 
     Token& add(TokenKind kind) {
         m_tokens.emplace_back();
@@ -157,8 +191,8 @@ private:
     bool atStatementStart() const {
         if (m_tokens.empty()) return true;
         const Token& last = m_tokens.back();
-        return last.kind == TokenKind::Newline || last.kind == TokenKind::Colon ||
-               last.word == Word::Then || last.word == Word::Else;
+        return last.kind == TokenKind::Newline || last.kind == TokenKind::Colon || last.word == Word::Then ||
+               last.word == Word::Else;
     }
 
     bool afterDot() const { return !m_tokens.empty() && m_tokens.back().symbol == u'.'; }
@@ -258,7 +292,8 @@ private:
         const char16_t second = at(1);
         char16_t both = 0;
         if ((first == u'<' && second == u'=') || (first == u'=' && second == u'<')) both = kLessOrEqualSign;
-        if ((first == u'>' && second == u'=') || (first == u'=' && second == u'>')) both = kGreaterOrEqualSign;
+        if ((first == u'>' && second == u'=') || (first == u'=' && second == u'>'))
+            both = kGreaterOrEqualSign;
         if ((first == u'<' && second == u'>') || (first == u'>' && second == u'<')) both = kNotEqualSign;
         if (both == 0) return first;
         ++m_pos;

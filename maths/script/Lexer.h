@@ -1,4 +1,5 @@
-// Cuts a script's text into tokens. In: text. Out: tokens, the last of which is End; or a Fault with its line.
+// Cuts a script's text into tokens. In: text. Out: tokens, the last of which is End; or a Fault with its
+// line.
 #pragma once
 
 #include "maths/script/Value.h"

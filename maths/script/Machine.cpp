@@ -8,7 +8,8 @@ namespace vistor::script {
 namespace {
 
 constexpr int kDeepestCalls = 3000;
-constexpr std::ptrdiff_t kStackBytes = std::ptrdiff_t{4} << 20; ///< of the machine's own stack, half of what there is
+constexpr std::ptrdiff_t kStackBytes = std::ptrdiff_t{4}
+                                       << 20; ///< of the machine's own stack, half of what there is
 
 const char* stackPosition() {
     return static_cast<const char*>(__builtin_frame_address(0));
@@ -17,8 +18,13 @@ const char* stackPosition() {
 } // namespace
 
 Machine::Machine(std::shared_ptr<const Program> program, const Setup& setup)
-    : m_program(std::move(program)), m_hosts(setup.hosts), m_timer(setup.timer), m_timeout(setup.timeout),
-      m_budget(setup.memory), m_err(m_budget), m_stack(m_budget) {}
+    : m_program(std::move(program)),
+      m_hosts(setup.hosts),
+      m_timer(setup.timer),
+      m_timeout(setup.timeout),
+      m_budget(setup.memory),
+      m_err(m_budget),
+      m_stack(m_budget) {}
 
 Machine::~Machine() = default;
 
@@ -27,7 +33,8 @@ void Machine::report(const Fault& fault) {
 }
 
 /// The one place where the library's exceptions end.
-template <typename Work> bool Machine::guarded(Work work) {
+template <typename Work>
+bool Machine::guarded(Work work) {
     m_error = {};
     m_frame = nullptr;
     m_calls = 0;
@@ -69,8 +76,10 @@ bool Machine::run(std::u16string_view name, std::span<const Value> arguments, Va
 }
 
 void Machine::declareArrays(const Procedure& procedure, Value* slots) {
-    for (const DeclaredArray& array : procedure.arrays)
+    for (const DeclaredArray& array : procedure.arrays) {
+        m_line = array.line;
         slots[array.slot] = Value::array(array.sizes, m_budget, !array.sizes.empty());
+    }
 }
 
 Machine::Activation::Activation(Machine& machine, const Procedure& procedure)

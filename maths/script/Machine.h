@@ -35,8 +35,8 @@ public:
 
     /// Runs what stands outside procedures; false when it failed.
     bool runMain();
-    /// Calls a procedure, whose name is in lower case; false when it failed. The result is good as long as the
-    /// machine.
+    /// Calls a procedure, whose name is in lower case; false when it failed. The result is good as long as
+    /// the machine.
     bool run(std::u16string_view name, std::span<const Value> arguments, Value& result);
 
     const RunError& error() const { return m_error; }
@@ -70,7 +70,8 @@ private:
         std::vector<Value> m_locked; ///< arrays of which an element is passed by reference
     };
 
-    template <typename Work> bool guarded(Work work);
+    template <typename Work>
+    bool guarded(Work work);
     void report(const Fault& fault);
     void declareArrays(const Procedure& procedure, Value* slots);
 

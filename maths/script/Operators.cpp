@@ -13,11 +13,15 @@ namespace {
 Kind numericKind(const Value& value) {
     switch (value.kind()) {
     case Kind::Empty:
-    case Kind::Boolean: return Kind::Integer;
-    case Kind::Text: return Kind::Double;
+    case Kind::Boolean:
+        return Kind::Integer;
+    case Kind::Text:
+        return Kind::Double;
     case Kind::Array:
-    case Kind::Missing: raise(kTypeMismatch);
-    default: return value.kind();
+    case Kind::Missing:
+        raise(kTypeMismatch);
+    default:
+        return value.kind();
     }
 }
 
@@ -129,11 +133,15 @@ Value checkedDouble(double number) {
 Value arithmetic(Operator op, const Value& left, const Value& right) {
     if (left.is(Kind::Null) || right.is(Kind::Null)) return Value::null();
     switch (op) {
-    case Operator::Power: return power(left, right);
-    case Operator::Divide: return divide(left, right);
+    case Operator::Power:
+        return power(left, right);
+    case Operator::Divide:
+        return divide(left, right);
     case Operator::IntegerDivide:
-    case Operator::Modulo: return integerDivide(op, left, right);
-    default: return addLike(op, left, right);
+    case Operator::Modulo:
+        return integerDivide(op, left, right);
+    default:
+        return addLike(op, left, right);
     }
 }
 
@@ -182,7 +190,8 @@ bool bothDouble(const Value& left, const Value& right) {
 } // namespace
 
 Value applyBinary(Operator op, const Value& left, const Value& right, std::uint8_t literals, Budget& budget) {
-    if (bothDouble(left, right) && (op == Operator::Add || op == Operator::Subtract || op == Operator::Multiply))
+    if (bothDouble(left, right) &&
+        (op == Operator::Add || op == Operator::Subtract || op == Operator::Multiply))
         return checkedDouble(combine(op, left.asDouble(), right.asDouble()));
     if (op == Operator::Is) return sameObject(left, right);
     if (!left.is(Kind::Object) && !right.is(Kind::Object))

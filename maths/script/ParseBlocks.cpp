@@ -124,6 +124,7 @@ bool Parser::parseDoTest(Statement& statement) {
 
 std::unique_ptr<Statement> Parser::parseDo() {
     auto statement = make(StatementKind::Do);
+    statement->testLine = statement->line;
     next();
     const bool tested = parseDoTest(*statement);
     if (!tested && !atStatementEnd()) fail(kExpectedWhileOrUntil);

@@ -7,8 +7,9 @@ namespace vistor::script {
 void Parser::parseDim() {
     if (isWord(Word::Dim)) next();
     do {
+        const int line = peek().line;
         const int slot = m_binder.declareVariable(expectName());
-        if (isSymbol(u'(')) m_procedure->arrays.push_back({slot, parseBounds()});
+        if (isSymbol(u'(')) m_procedure->arrays.push_back({slot, parseBounds(), line});
     } while (acceptSymbol(u','));
 }
 

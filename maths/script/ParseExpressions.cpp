@@ -44,9 +44,10 @@ constexpr OperatorRow kOperators[] = {
 
 const OperatorRow* operatorOf(const Token& token) {
     if (token.kind != TokenKind::Symbol && token.kind != TokenKind::Keyword) return nullptr;
-    const auto* found = std::find_if(std::begin(kOperators), std::end(kOperators), [&](const OperatorRow& row) {
-        return row.symbol == token.symbol && row.word == token.word;
-    });
+    const auto* found =
+        std::find_if(std::begin(kOperators), std::end(kOperators), [&](const OperatorRow& row) {
+            return row.symbol == token.symbol && row.word == token.word;
+        });
     return found == std::end(kOperators) ? nullptr : found;
 }
 
@@ -58,7 +59,7 @@ ExprPtr makeLiteral(Value value) {
 
 bool isLiteral(const Expr& expr, bool text) {
     return expr.kind == ExprKind::Literal && expr.value.is(Kind::Text) == text &&
-           (text || expr.value.kind() >= Kind::Byte);
+           (text || (expr.value.kind() >= Kind::Byte && expr.value.kind() <= Kind::Currency));
 }
 
 } // namespace
@@ -116,9 +117,12 @@ ExprPtr Parser::parsePrefixed(Operator op, int least) {
 ExprPtr Parser::parsePrimary() {
     switch (peek().kind) {
     case TokenKind::Number:
-    case TokenKind::Text: return makeLiteral(next().value);
-    case TokenKind::Name: return parseName(Use::Read);
-    case TokenKind::Keyword: return parseWordValue();
+    case TokenKind::Text:
+        return makeLiteral(next().value);
+    case TokenKind::Name:
+        return parseName(Use::Read);
+    case TokenKind::Keyword:
+        return parseWordValue();
     default:
         if (isSymbol(u'(')) return parseParenthesised();
         fail(kExpectedExpression);

@@ -113,9 +113,10 @@ std::unique_ptr<Statement> Parser::parseExit() {
         statement->kind = StatementKind::ExitFor;
     else if (what != Word::Function && what != Word::Sub)
         fail(kSyntax);
-    const bool inside = what == Word::Do    ? m_loops.doLoops > 0
-                        : what == Word::For ? m_loops.forLoops > 0
-                                            : m_inProcedure && m_procedure->isFunction == (what == Word::Function);
+    const bool inside = what == Word::Do ? m_loops.doLoops > 0
+                        : what == Word::For
+                            ? m_loops.forLoops > 0
+                            : m_inProcedure && m_procedure->isFunction == (what == Word::Function);
     if (!inside) fail(kInvalidExit);
     next();
     return statement;
@@ -132,7 +133,8 @@ std::unique_ptr<Statement> Parser::parseOnError() {
     statement->kind = StatementKind::OnErrorStop;
     if (!accept(Word::GoTo)) fail(kSyntax);
     const Token& zero = next();
-    if (zero.kind != TokenKind::Number || !zero.value.is(Kind::Integer) || zero.value.asLong() != 0) fail(kSyntax);
+    if (zero.kind != TokenKind::Number || !zero.value.is(Kind::Integer) || zero.value.asLong() != 0)
+        fail(kSyntax);
     return statement;
 }
 

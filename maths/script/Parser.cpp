@@ -117,8 +117,10 @@ bool Parser::atBlockEnd() const {
     case Word::Case:
     case Word::Next:
     case Word::Loop:
-    case Word::Wend: return true;
-    default: return peek().kind == TokenKind::End;
+    case Word::Wend:
+        return true;
+    default:
+        return peek().kind == TokenKind::End;
     }
 }
 
@@ -186,22 +188,35 @@ void Parser::parseOptionExplicit() {
 
 std::unique_ptr<Statement> Parser::parseKeywordStatement() {
     switch (peek().word) {
-    case Word::If: return parseIf();
-    case Word::Select: return parseSelect();
-    case Word::For: return isWord(Word::Each, 1) ? parseForEach() : parseFor();
-    case Word::Do: return parseDo();
-    case Word::While: return parseWhile();
-    case Word::Exit: return parseExit();
-    case Word::On: return parseOnError();
-    case Word::ReDim: return parseReDim();
-    case Word::Call: return parseCall();
-    case Word::Set: return parseAssignment(StatementKind::Set);
-    case Word::Let: return parseAssignment(StatementKind::Assign);
+    case Word::If:
+        return parseIf();
+    case Word::Select:
+        return parseSelect();
+    case Word::For:
+        return isWord(Word::Each, 1) ? parseForEach() : parseFor();
+    case Word::Do:
+        return parseDo();
+    case Word::While:
+        return parseWhile();
+    case Word::Exit:
+        return parseExit();
+    case Word::On:
+        return parseOnError();
+    case Word::ReDim:
+        return parseReDim();
+    case Word::Call:
+        return parseCall();
+    case Word::Set:
+        return parseAssignment(StatementKind::Set);
+    case Word::Let:
+        return parseAssignment(StatementKind::Assign);
     case Word::Class:
     case Word::With:
     case Word::Resume:
-    case Word::GoTo: fail(kSyntax);
-    default: fail(kExpectedStatement);
+    case Word::GoTo:
+        fail(kSyntax);
+    default:
+        fail(kExpectedStatement);
     }
 }
 

@@ -1,5 +1,5 @@
-// Turns a script's text into its checked tree. In: text and the objects of the host. Out: the tree, or a Fault
-// with number, words and line.
+// Turns a script's text into its checked tree. In: text and the objects of the host. Out: the tree, or a
+// Fault with number, words and line.
 #pragma once
 
 #include "maths/script/Program.h"

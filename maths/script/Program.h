@@ -111,6 +111,7 @@ struct Parameter {
 struct DeclaredArray {
     int slot = 0;
     std::vector<std::int32_t> sizes;
+    int line = 0;
 };
 
 /// Slot 0 of a procedure is its result, the parameters follow. The main program's slots are the globals.

@@ -35,8 +35,8 @@ void evaluateIndexes(const std::vector<ExprPtr>& arguments, Indexes& indexes, Ev
 /// The sizes may differ in the last dimension only, so that the old elements keep their numbers.
 void checkPreserved(const ArrayBody& old, const std::vector<std::int32_t>& sizes) {
     if (old.sizes.empty()) return;
-    const bool same = old.sizes.size() == sizes.size() &&
-                      std::equal(sizes.begin(), sizes.end() - 1, old.sizes.begin());
+    const bool same =
+        old.sizes.size() == sizes.size() && std::equal(sizes.begin(), sizes.end() - 1, old.sizes.begin());
     if (!same) raise(kSubscript);
 }
 
@@ -89,7 +89,8 @@ void Machine::store(const Expr& target, Value value) {
     if (target.kind == ExprKind::HostMember || target.kind == ExprKind::Member) {
         if (!target.arguments.empty()) raise(kWrongArguments);
         const bool own = target.kind == ExprKind::HostMember;
-        HostObject& object = own ? *m_hosts[static_cast<std::size_t>(target.host)].object : objectOf(*target.left);
+        HostObject& object =
+            own ? *m_hosts[static_cast<std::size_t>(target.host)].object : objectOf(*target.left);
         const int member = own ? target.slot : memberOf(object, target);
         return putMember(object, member, plain(value));
     }

@@ -10,7 +10,8 @@ namespace {
 /// Evaluated arguments of one call, a few of them without asking for memory.
 class Arguments {
 public:
-    template <typename Evaluate> Arguments(const std::vector<ExprPtr>& list, Evaluate evaluate) {
+    template <typename Evaluate>
+    Arguments(const std::vector<ExprPtr>& list, Evaluate evaluate) {
         if (list.size() > m_few.size()) m_many.resize(list.size());
         Value* values = m_many.empty() ? m_few.data() : m_many.data();
         for (std::size_t i = 0; i < list.size(); ++i) values[i] = evaluate(*list[i]);
@@ -44,27 +45,42 @@ bool isSimple(const Expr& expr) {
 
 Value Machine::evaluate(const Expr& expr) {
     switch (expr.kind) {
-    case ExprKind::Literal: return expr.value;
+    case ExprKind::Literal:
+        return expr.value;
     case ExprKind::Local:
-    case ExprKind::Global: return variable(expr);
-    case ExprKind::Binary: return evaluateBinary(expr);
+    case ExprKind::Global:
+        return variable(expr);
+    case ExprKind::Binary:
+        return evaluateBinary(expr);
     case ExprKind::Unary: {
         Value scratch;
         return applyUnary(expr.op, operand(*expr.left, scratch));
     }
-    case ExprKind::Parenthesised: return evaluate(*expr.left);
-    case ExprKind::Call: return callProcedure(expr);
-    case ExprKind::HostMember: return callHost(expr);
-    case ExprKind::Builtin: return callBuiltin(expr);
-    case ExprKind::Index: return evaluateIndex(expr);
-    case ExprKind::Member: return callMember(expr);
-    case ExprKind::Host: return Value::object(m_hosts[static_cast<std::size_t>(expr.host)].object);
-    case ExprKind::ErrObject: return Value::object(&m_err);
-    case ExprKind::Missing: return Value::missing();
-    case ExprKind::Undefined: raise(kUndefined, expr.spelling);
-    case ExprKind::New: raise(kClassNotDefined, expr.spelling);
+    case ExprKind::Parenthesised:
+        return evaluate(*expr.left);
+    case ExprKind::Call:
+        return callProcedure(expr);
+    case ExprKind::HostMember:
+        return callHost(expr);
+    case ExprKind::Builtin:
+        return callBuiltin(expr);
+    case ExprKind::Index:
+        return evaluateIndex(expr);
+    case ExprKind::Member:
+        return callMember(expr);
+    case ExprKind::Host:
+        return Value::object(m_hosts[static_cast<std::size_t>(expr.host)].object);
+    case ExprKind::ErrObject:
+        return Value::object(&m_err);
+    case ExprKind::Missing:
+        return Value::missing();
+    case ExprKind::Undefined:
+        raise(kUndefined, expr.spelling);
+    case ExprKind::New:
+        raise(kClassNotDefined, expr.spelling);
     case ExprKind::Name:
-    case ExprKind::NoProcedure: break;
+    case ExprKind::NoProcedure:
+        break;
     }
     raise(kTypeMismatch, expr.spelling);
 }
@@ -118,7 +134,8 @@ Value Machine::callMember(const Expr& expr) {
 
 Value Machine::callMember(HostObject& object, int member, const Expr& expr) {
     const Signature* signature = object.signatureOf(member);
-    if (signature && signature->parameters.size() != expr.arguments.size()) raise(kWrongArguments, expr.spelling);
+    if (signature && signature->parameters.size() != expr.arguments.size())
+        raise(kWrongArguments, expr.spelling);
     std::size_t next = 0;
     const Arguments arguments(expr.arguments, [&](const Expr& argument) {
         const Value value = evaluate(argument);

@@ -29,23 +29,43 @@ Machine::Flow Machine::executeResuming(const Statement& statement) {
 Machine::Flow Machine::execute(const Statement& statement) {
     m_line = statement.line;
     switch (statement.kind) {
-    case StatementKind::Assign: assign(statement); break;
-    case StatementKind::Set: assignObject(statement); break;
-    case StatementKind::Call: callStatement(*statement.value); break;
-    case StatementKind::If: return executeIf(statement);
-    case StatementKind::Select: return executeSelect(statement);
-    case StatementKind::For: return executeFor(statement);
-    case StatementKind::ForEach: return executeForEach(statement);
-    case StatementKind::Do: return executeDo(statement);
-    case StatementKind::ReDim: resize(statement); break;
+    case StatementKind::Assign:
+        assign(statement);
+        break;
+    case StatementKind::Set:
+        assignObject(statement);
+        break;
+    case StatementKind::Call:
+        callStatement(*statement.value);
+        break;
+    case StatementKind::If:
+        return executeIf(statement);
+    case StatementKind::Select:
+        return executeSelect(statement);
+    case StatementKind::For:
+        return executeFor(statement);
+    case StatementKind::ForEach:
+        return executeForEach(statement);
+    case StatementKind::Do:
+        return executeDo(statement);
+    case StatementKind::ReDim:
+        resize(statement);
+        break;
     case StatementKind::Erase:
         for (const ExprPtr& target : statement.list) erase(*target);
         break;
-    case StatementKind::ExitDo: return Flow::ExitDo;
-    case StatementKind::ExitFor: return Flow::ExitFor;
-    case StatementKind::ExitProcedure: return leaveProcedure();
-    case StatementKind::OnErrorResume: setErrorHandling(true); break;
-    case StatementKind::OnErrorStop: setErrorHandling(false); break;
+    case StatementKind::ExitDo:
+        return Flow::ExitDo;
+    case StatementKind::ExitFor:
+        return Flow::ExitFor;
+    case StatementKind::ExitProcedure:
+        return leaveProcedure();
+    case StatementKind::OnErrorResume:
+        setErrorHandling(true);
+        break;
+    case StatementKind::OnErrorStop:
+        setErrorHandling(false);
+        break;
     }
     return Flow::Next;
 }
@@ -60,8 +80,8 @@ void Machine::setErrorHandling(bool resume) {
     m_err.clear();
 }
 
-/// Null counts as False. Where errors are passed over, a condition that fails lets the next statement run: the
-/// first one inside.
+/// Null counts as False. Where errors are passed over, a condition that fails lets the next statement run:
+/// the first one inside.
 bool Machine::test(const Expr& condition) {
     const auto holds = [&] {
         Value scratch;
@@ -92,9 +112,9 @@ bool Machine::selects(const Branch& branch, const Value& value, const Expr& sele
         Value scratch;
         const Value& candidate = operand(*testExpr, scratch);
         const bool literal = testExpr->kind == ExprKind::Literal && selector.kind != ExprKind::Literal;
-        const std::uint8_t which = !literal ? kNoLiteral
-                                            : candidate.is(Kind::Text) ? kRightText
-                                                                       : kRightNumber;
+        const std::uint8_t which = !literal                   ? kNoLiteral
+                                   : candidate.is(Kind::Text) ? kRightText
+                                                              : kRightNumber;
         const Value equal = applyBinary(Operator::Equal, value, candidate, which, m_budget);
         return !equal.is(Kind::Null) && toBoolean(equal);
     });
@@ -200,11 +220,14 @@ void Machine::assignObject(const Statement& statement) {
 
 void Machine::callStatement(const Expr& call) {
     switch (call.kind) {
-    case ExprKind::Index: raise(kTypeMismatch); // parentheses behind a variable, and nothing done with it
+    case ExprKind::Index:
+        raise(kTypeMismatch); // parentheses behind a variable, and nothing done with it
     case ExprKind::Literal:
     case ExprKind::Local:
-    case ExprKind::Global: raise(kTypeMismatch);
-    default: evaluate(call);
+    case ExprKind::Global:
+        raise(kTypeMismatch);
+    default:
+        evaluate(call);
     }
 }
 
