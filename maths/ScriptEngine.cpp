@@ -45,7 +45,7 @@ public:
 
 private:
     static constexpr qsizetype kMostEntries = 256;
-    static constexpr qsizetype kMostCharacters = 500'000;
+    static constexpr qsizetype kMostCharacters = 200'000;
 
     struct Entry {
         std::vector<HostKey> hosts;

@@ -54,6 +54,10 @@ Value isNull(const Call& call) {
     return Value::boolean(call[0].is(Kind::Null));
 }
 
+Value isDate(const Call&) {
+    return Value::boolean(false); // there are no dates in this language
+}
+
 Value isObject(const Call& call) {
     return Value::boolean(call[0].is(Kind::Object));
 }
@@ -104,7 +108,7 @@ constexpr Builtin kTable[] = {
     {u"cbool", 1, 1, toBooleanValue}, {u"cbyte", 1, 1, toByteValue},   {u"ccur", 1, 1, toCurrencyValue},
     {u"cdbl", 1, 1, toDoubleValue},   {u"cint", 1, 1, toIntegerValue}, {u"clng", 1, 1, toLongValue},
     {u"csng", 1, 1, toSingleValue},   {u"cstr", 1, 1, toTextValue},    {u"isarray", 1, 1, isArray},
-    {u"isempty", 1, 1, isEmpty},      {u"isnull", 1, 1, isNull},       {u"isnumeric", 1, 1, isNumeric},
+    {u"isdate", 1, 1, isDate},       {u"isempty", 1, 1, isEmpty},      {u"isnull", 1, 1, isNull},       {u"isnumeric", 1, 1, isNumeric},
     {u"isobject", 1, 1, isObject},    {u"typename", 1, 1, typeName},   {u"vartype", 1, 1, varType},
 };
 

@@ -8,7 +8,7 @@
 
 namespace vistor::script {
 
-inline constexpr std::size_t kLongestScript = 250'000; ///< characters; more are "Out of memory"
+inline constexpr std::size_t kLongestScript = 100'000; ///< characters; more are "Out of memory"
 
 /// Throws Fault.
 std::shared_ptr<const Program> parse(std::u16string_view text, std::span<const HostEntry> hosts);
