@@ -108,8 +108,9 @@ constexpr Builtin kTable[] = {
     {u"cbool", 1, 1, toBooleanValue}, {u"cbyte", 1, 1, toByteValue},   {u"ccur", 1, 1, toCurrencyValue},
     {u"cdbl", 1, 1, toDoubleValue},   {u"cint", 1, 1, toIntegerValue}, {u"clng", 1, 1, toLongValue},
     {u"csng", 1, 1, toSingleValue},   {u"cstr", 1, 1, toTextValue},    {u"isarray", 1, 1, isArray},
-    {u"isdate", 1, 1, isDate},       {u"isempty", 1, 1, isEmpty},      {u"isnull", 1, 1, isNull},       {u"isnumeric", 1, 1, isNumeric},
-    {u"isobject", 1, 1, isObject},    {u"typename", 1, 1, typeName},   {u"vartype", 1, 1, varType},
+    {u"isdate", 1, 1, isDate},        {u"isempty", 1, 1, isEmpty},     {u"isnull", 1, 1, isNull},
+    {u"isnumeric", 1, 1, isNumeric},  {u"isobject", 1, 1, isObject},   {u"typename", 1, 1, typeName},
+    {u"vartype", 1, 1, varType},
 };
 
 } // namespace

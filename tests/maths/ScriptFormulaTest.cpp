@@ -141,7 +141,8 @@ TEST(ScriptMachine, RunsEndInTime) {
     for (const char16_t* body : bodies) {
         script::Setup setup;
         setup.timeout = std::chrono::milliseconds(100);
-        script::Machine machine(script::parse(std::u16string(u"Sub Main\n") + body + u"\nEnd Sub", {}), setup);
+        script::Machine machine(script::parse(std::u16string(u"Sub Main\n") + body + u"\nEnd Sub", {}),
+                                setup);
         ASSERT_TRUE(machine.runMain());
         script::Value result;
         const auto start = std::chrono::steady_clock::now();
