@@ -1,6 +1,9 @@
 #include "maths/ConvertUnits.h"
 
+#include "maths/ExternalFormula.h"
 #include "maths/FormulaEvaluator.h"
+#include "maths/ScriptFormula.h"
+#include "maths/ScriptFunctions.h"
 #include "platform/IniFile.h"
 #include "platform/Prompts.h"
 #include "variables/GlobalVarsAndTypes.h"
@@ -152,6 +155,7 @@ FormulaForm formOf(const QString& formula) {
 }
 
 void createFormulaEvaluators() {
+    createScriptObject();
     FormulaEvaluators.assign(kVariableCount, nullptr);
     for (std::size_t row = 0; row < FormulaEvaluators.size(); ++row) {
         const bool known = row < VariableTable.size();
@@ -172,8 +176,9 @@ bool ConvertValue(const QString& formula, std::int32_t index, float& value, bool
         return true;
     }
     case FormulaForm::Script:
+        return runScriptFormula(formula, value);
     case FormulaForm::External:
-        return false;
+        return runExternalFormula(formula, value);
     case FormulaForm::Expression:
         break;
     }

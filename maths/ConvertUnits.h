@@ -21,8 +21,8 @@ enum class FormulaForm : std::uint8_t {
 /// The form of a formula; every text has one.
 FormulaForm formOf(const QString& formula);
 
-/// Makes the evaluators of all rows, gives each its row's own formula and the car constants, and copies the
-/// rows' IndexNumber to IndexNumbers. Once, when table and car constants are there.
+/// Makes ScriptObject, then the evaluators of all rows, gives each its row's own formula and the car
+/// constants, and copies the rows' IndexNumber to IndexNumbers. Once, when table and car constants are there.
 void createFormulaEvaluators();
 
 /// Converts `value` in place by the formula of row `index` (0 to 8000). True when a value was produced; false

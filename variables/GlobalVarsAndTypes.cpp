@@ -26,6 +26,7 @@ QString WorkingFolder;
 QString SettingsPath;
 QString LibraryPath;
 std::vector<std::shared_ptr<FormulaEvaluator>> FormulaEvaluators;
+std::shared_ptr<ScriptFunctions> ScriptObject;
 std::uint64_t tableRevision = 1;
 
 void tableChanged() {
@@ -57,6 +58,7 @@ void ResetGlobals() {
     SettingsPath.clear();
     LibraryPath.clear();
     FormulaEvaluators.clear();
+    ScriptObject.reset();
     tableChanged();
 }
 

@@ -16,6 +16,7 @@
 namespace vistor {
 
 class FormulaEvaluator;
+class ScriptFunctions;
 
 /// A Boolean as it stands in records: 16 bits, true is -1, whatever else is not 0 counts as true and is kept
 /// as it is.
@@ -97,6 +98,7 @@ extern QString LibraryPath;                ///< "VisControl.cfg" in the working 
 
 /// One evaluator a row, made at start-up and kept to the end.
 extern std::vector<std::shared_ptr<FormulaEvaluator>> FormulaEvaluators;
+extern std::shared_ptr<ScriptFunctions> ScriptObject; ///< what scripts see as "Math"; made at start-up
 
 /// Counts the changes of the two tables. Whoever changes names, types or conversions calls tableChanged()
 /// (the set-up pass does), and indexes built from the tables compare this number before they answer.

@@ -185,5 +185,19 @@ TEST(ConvertUnits, NumericKeys) {
     }
 }
 
+TEST(ConvertUnits, ScriptsRunForRealAlsoWhenChecked) {
+    CarConstants[8] = 30;
+    createFormulaEvaluators();
+    for (const bool checkMode : {false, true}) {
+        float value = 4;
+        EXPECT_TRUE(
+            ConvertValue("Function Output\nOutput = InputValue + CAR_3\nEnd Function", 1, value, checkMode));
+        EXPECT_EQ(value, 34);
+        EXPECT_FALSE(ConvertValue("external dll \"No.Such\"", 1, value, checkMode));
+        EXPECT_FALSE(ConvertValue("Function Output", 1, value, checkMode));
+        EXPECT_EQ(value, 34);
+    }
+}
+
 } // namespace
 } // namespace vistor
