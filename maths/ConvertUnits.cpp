@@ -176,9 +176,10 @@ bool ConvertValue(const QString& formula, std::int32_t index, float& value, bool
         return true;
     }
     case FormulaForm::Script:
-        return runScriptFormula(formula, value);
+        return runScriptFormula(QString(formula),
+                                value); // a copy: its message box lets the tables be changed
     case FormulaForm::External:
-        return runExternalFormula(formula, value);
+        return runExternalFormula(QString(formula), value);
     case FormulaForm::Expression:
         break;
     }

@@ -124,7 +124,7 @@ TEST_F(FrmSelectInputTest, ShowsAFileAndAModem) {
     EXPECT_EQ(child<QLineEdit>("FileNameTxt")->text(), "/runs/b,c.run");
     child<QRadioButton>("InputSelectorOption0")->click();
     EXPECT_FALSE(child<QWidget>("GsmTelephoneNumber")->isEnabled());
-    click("UseGsmCheck");
+    child<QCheckBox>("UseGsmCheck")->click();
     QTest::keyClicks(child<QLineEdit>("GsmTelephoneNumber"), QStringLiteral("0123"));
     click("OkCmd");
     EXPECT_EQ(DataSourceDescriptor, "GSM,0,115200,0123");
