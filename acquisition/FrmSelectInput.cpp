@@ -43,6 +43,7 @@ FrmSelectInput::FrmSelectInput(QWidget* parent) : QDialog(parent) {
     setWindowTitle(tr("Select data source"));
     auto* grid = new QGridLayout;
     grid->setColumnMinimumWidth(0, 18);
+    grid->setHorizontalSpacing(12);
     grid->setColumnStretch(2, 1);
     buildSerialFields(*grid);
     buildFileFields(*grid);
