@@ -1,0 +1,205 @@
+#include "instruments/displays/StripRaster.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace vistor {
+namespace {
+
+constexpr int kOpaque = 256; ///< coverage of a pixel by one column
+
+/// Where the line from the point before `next` to that one crosses x.
+double crossing(const TraceRing& ring, std::size_t next, double x, const AxisMap& y) {
+    const double x0 = ring.x(next - 1);
+    const double share = (x - x0) / (ring.x(next) - x0);
+    const double from = y(ring.y(next - 1));
+    return from + share * (y(ring.y(next)) - from);
+}
+
+QRgb blended(QRgb under, QRgb over, int share) {
+    const auto channel = [&](int shift) {
+        const int from = (under >> shift) & 0xFF;
+        const int to = (over >> shift) & 0xFF;
+        return static_cast<QRgb>(from + (((to - from) * share) >> 8)) << shift;
+    };
+    return 0xFF000000U | channel(16) | channel(8) | channel(0);
+}
+
+} // namespace
+
+PointRun columnSpans(const TraceRing& ring, const PointRun& run, const AxisMap& x, const AxisMap& y,
+                     int perPixel, std::span<ColumnSpan> spans) {
+    const double width = 1.0 / (x.factor * perPixel); // of a column, in units of X
+    const double left = x.origin - x.offset / x.factor;
+    std::size_t next = ring.firstFrom(run.first, run.last, left, 0);
+    if (next == run.last) return {};
+    const double firstColumn = next > run.first ? 0 : std::floor((ring.x(next) - left) / width);
+    if (firstColumn >= static_cast<double>(spans.size())) return {};
+    PointRun touched{static_cast<std::size_t>(std::max(firstColumn, 0.0)), 0};
+    touched.last = touched.first;
+    const auto enters = [&] { return next > run.first && next < run.last; };
+    double edge = left + static_cast<double>(touched.first) * width;
+    double carried = enters() ? crossing(ring, next, edge, y) : 0;
+    bool carries = enters();
+    for (std::size_t guess = 0; touched.last < spans.size() && next < run.last; ++touched.last) {
+        ColumnSpan& span = spans[touched.last];
+        if (carries) span.take(carried);
+        edge = left + static_cast<double>(touched.last + 1) * width;
+        const std::size_t from = next;
+        next = ring.firstFrom(from, run.last, edge, guess);
+        guess = next - from;
+        if (guess > 0) {
+            const Extremes inside = ring.extremes(from, next);
+            span.take(y(inside.low));
+            span.take(y(inside.high));
+        }
+        carries = enters();
+        if (!carries) continue;
+        carried = crossing(ring, next, edge, y);
+        span.take(carried);
+    }
+    return touched;
+}
+
+StripRaster::StripRaster(QImage& image, const QRect& clip, double ratio)
+    : m_image(image), m_clip(clip & image.rect()), m_perPixel(ratio > 1.5 ? 2 : 4) {
+    const std::size_t columns = static_cast<std::size_t>(std::max(m_clip.right() + 1, 0)) *
+                                static_cast<std::size_t>(m_perPixel);
+    m_line.resize(columns);
+    m_stroke.resize(columns);
+    m_coverage.resize(static_cast<std::size_t>(image.height()) + 2);
+}
+
+void StripRaster::cutDashes(const PointRun& touched, const AxisMap& x, std::span<const double> dashes) {
+    double period = 0;
+    for (const double dash : dashes) period += dash;
+    if (!(period > 0)) return;
+    const double start = std::fmod(x.offset - x.origin * x.factor, period); // dashes move along with the data
+    for (std::size_t column = touched.first; column < touched.last; ++column) {
+        double at = std::fmod(static_cast<double>(column) / m_perPixel - start + 2 * period, period);
+        std::size_t dash = 0;
+        while (dash < dashes.size() && at >= dashes[dash]) at -= dashes[dash++];
+        if (dash % 2 == 1) m_line[column] = {};
+    }
+}
+
+/// The line's spans grown by a disc of that radius, in whole pixels of columns.
+PointRun StripRaster::widen(const PointRun& touched, double radius) {
+    const auto reach = static_cast<std::size_t>(radius * m_perPixel);
+    const auto perPixel = static_cast<std::size_t>(m_perPixel);
+    const PointRun grown{(touched.first - std::min(reach, touched.first)) / perPixel * perPixel,
+                         std::min((touched.last + reach) / perPixel * perPixel + perPixel, m_stroke.size())};
+    std::fill(m_stroke.begin() + static_cast<std::ptrdiff_t>(grown.first),
+              m_stroke.begin() + static_cast<std::ptrdiff_t>(grown.last), ColumnSpan{});
+    const auto put = [this](std::size_t to, const ColumnSpan& from, float height) {
+        ColumnSpan& span = m_stroke[to];
+        span.top = std::min(span.top, from.top - height);
+        span.bottom = std::max(span.bottom, from.bottom + height);
+    };
+    for (std::size_t k = 0; k <= reach; ++k) {
+        const double away = static_cast<double>(k) / m_perPixel;
+        const auto height = static_cast<float>(std::sqrt(radius * radius - away * away));
+        const std::size_t skipped = k > touched.first ? k - touched.first : 0;
+        for (std::size_t c = touched.first + skipped; c < touched.last; ++c) put(c - k, m_line[c], height);
+        const std::size_t last = std::min(touched.last, m_stroke.size() - k);
+        for (std::size_t c = touched.first; c < last; ++c) put(c + k, m_line[c], height);
+    }
+    return grown;
+}
+
+void StripRaster::paintColumn(int column, QRgb colour) {
+    const double top = m_clip.top();
+    const double bottom = m_clip.bottom() + 1;
+    int first = m_clip.bottom() + 1;
+    int last = m_clip.top();
+    for (int part = 0; part < m_perPixel; ++part) {
+        const ColumnSpan& span = m_stroke[static_cast<std::size_t>(column * m_perPixel + part)];
+        if (span.empty() || span.top >= bottom || span.bottom <= top) continue;
+        const auto fixed = [&](float y) { return static_cast<int>(std::clamp<double>(y, top, bottom) * kOpaque); };
+        const int from = fixed(span.top);
+        const int to = fixed(span.bottom);
+        int* const start = &m_coverage[static_cast<std::size_t>(from / kOpaque)];
+        int* const end = &m_coverage[static_cast<std::size_t>(to / kOpaque)];
+        start[0] += kOpaque - from % kOpaque;
+        start[1] += from % kOpaque;
+        end[0] -= kOpaque - to % kOpaque;
+        end[1] -= to % kOpaque;
+        first = std::min(first, from / kOpaque);
+        last = std::max(last, to / kOpaque + 1);
+    }
+    const qsizetype stride = m_image.bytesPerLine() / qsizetype(sizeof(QRgb));
+    QRgb* pixel = reinterpret_cast<QRgb*>(m_image.bits()) + first * stride + column;
+    const int full = kOpaque * m_perPixel;
+    for (int row = first, covered = 0; row <= last; ++row, pixel += stride) {
+        covered += std::exchange(m_coverage[static_cast<std::size_t>(row)], 0);
+        if (covered == full)
+            *pixel = colour;
+        else if (covered > 0)
+            *pixel = blended(*pixel, colour, covered / m_perPixel);
+    }
+}
+
+void StripRaster::paintTouched(const PointRun& touched, const RasterStroke& stroke) {
+    const PointRun grown = widen(touched, std::max(stroke.width, 0.5) / 2);
+    std::fill(m_line.begin() + static_cast<std::ptrdiff_t>(touched.first),
+              m_line.begin() + static_cast<std::ptrdiff_t>(touched.last), ColumnSpan{});
+    const auto perPixel = static_cast<std::size_t>(m_perPixel);
+    const int last = static_cast<int>(grown.last / perPixel);
+    for (int c = std::max(static_cast<int>(grown.first / perPixel), m_clip.left()); c < last; ++c)
+        paintColumn(c, stroke.colour | 0xFF000000U);
+}
+
+void StripRaster::paintRun(const TraceRing& ring, const PointRun& run, const AxisMap& x, const AxisMap& y,
+                           const RasterStroke& stroke) {
+    if (m_clip.isEmpty()) return;
+    const PointRun touched = columnSpans(ring, run, x, y, m_perPixel, m_line);
+    if (touched.first == touched.last) return;
+    if (!stroke.dashes.empty()) cutDashes(touched, x, stroke.dashes);
+    paintTouched(touched, stroke);
+}
+
+void StripRaster::paintLine(std::span<const QPointF> points, const RasterStroke& stroke) {
+    if (m_clip.isEmpty() || points.empty()) return;
+    for (std::size_t first = 0, last = 0; last + 1 < points.size(); first = last) {
+        // As far as X does not turn: a column holds one stretch of the line only.
+        double direction = 0;
+        for (; last + 1 < points.size(); ++last) {
+            const double step = points[last + 1].x() - points[last].x();
+            if (step * direction < 0) break;
+            if (step != 0) direction = step;
+        }
+        const PointRun touched = takeLine(points.subspan(first, last - first + 1));
+        if (touched.first < touched.last) paintTouched(touched, stroke);
+    }
+}
+
+PointRun StripRaster::takeLine(std::span<const QPointF> points) {
+    PointRun touched{m_line.size(), 0};
+    for (std::size_t i = 0; i + 1 < points.size(); ++i) {
+        const bool rightward = points[i].x() <= points[i + 1].x();
+        takeStep(points[rightward ? i : i + 1], points[rightward ? i + 1 : i], touched);
+    }
+    return touched;
+}
+
+void StripRaster::takeStep(const QPointF& from, const QPointF& to, PointRun& touched) {
+    const double first = std::max(std::floor(from.x() * m_perPixel), 0.0);
+    const double last = std::min(std::floor(to.x() * m_perPixel), static_cast<double>(m_line.size()) - 1);
+    if (first > last) return;
+    const double slope = to.x() > from.x() ? (to.y() - from.y()) / (to.x() - from.x()) : 0;
+    const auto heightAt = [&](double column) {
+        const double x = column / m_perPixel;
+        return x <= from.x() ? from.y() : x >= to.x() ? to.y() : from.y() + (x - from.x()) * slope;
+    };
+    const auto begin = static_cast<std::size_t>(first);
+    const auto end = static_cast<std::size_t>(last) + 1;
+    touched = {std::min(touched.first, begin), std::max(touched.last, end)};
+    for (std::size_t c = begin; c < end; ++c) {
+        m_line[c].take(heightAt(static_cast<double>(c)));
+        m_line[c].take(heightAt(static_cast<double>(c + 1)));
+    }
+    if (slope == 0 && begin + 1 == end) m_line[begin].take(from.y());
+}
+
+} // namespace vistor
