@@ -4,6 +4,7 @@
 
 #include "instruments/Instrument.h"
 
+#include <span>
 #include <vector>
 
 namespace vistor {

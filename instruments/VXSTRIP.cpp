@@ -41,7 +41,8 @@ QStringList VXSTRIP::shownValues() const {
 }
 
 void bindPlaced(Instrument& instrument) {
-    if (instrument.kind() == Kind::TimeGraph) instrument.AssignPin(1, std::uint8_t{0}, QStringLiteral("Time"));
+    if (instrument.kind() == Kind::TimeGraph)
+        instrument.AssignPin(1, std::uint8_t{0}, QStringLiteral("Time"));
 }
 
 } // namespace vistor

@@ -32,8 +32,8 @@ VXXYGRAPH::VXXYGRAPH(QWidget* parent)
 void VXXYGRAPH::followPoint(double x, double y) {
     m_x.take(x);
     PropertyStore& p = inCTRL().properties();
-    const GraphData data{m_x.low, m_x.high, strip().lowestY(0), strip().highestY(0)};
-    const GraphAxes axes = scaledAxes(axesOf(p), data, scalingOf(strip()));
+    const GraphData held{m_x.low, m_x.high, strip().lowestY(0), strip().highestY(0)};
+    const GraphAxes axes = scaledAxes(axesOf(p), held, scalingOf(strip()));
     p.setNumber(StripMaximumY, axes.highestY);
     p.setNumber(StripMinimumY, axes.lowestY);
     showX(axes.origin, axes.length);

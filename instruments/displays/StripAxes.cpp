@@ -62,7 +62,8 @@ QString ticText(const Tics& tics, int index) {
     const double largest = std::max(std::abs(tics.first), std::abs(tics.at(tics.count - 1)));
     constexpr double kPlainBelow = 1e7;
     constexpr double kPlainStep = 0.99e-5;
-    if (largest < kPlainBelow && tics.step > kPlainStep) return QString::number(value, 'f', decimalsOf(tics.step));
+    if (largest < kPlainBelow && tics.step > kPlainStep)
+        return QString::number(value, 'f', decimalsOf(tics.step));
     const double digits = std::log10(std::max(largest, tics.step) / tics.step);
     return QString::number(value, 'g', std::clamp(static_cast<int>(std::floor(digits + 1e-9)) + 1, 1, 12));
 }
@@ -82,7 +83,8 @@ StripLayout layOutStrip(const QRectF& room, const StripLook& look) {
         layout.legend = QRectF(frame.left(), frame.top(), frame.width(), look.lineHeight);
         frame.setTop(frame.top() + band);
     }
-    if (layout.numbersY && !look.legend) frame.setTop(frame.top() + look.lineHeight / 4); // the topmost number
+    if (layout.numbersY && !look.legend)
+        frame.setTop(frame.top() + look.lineHeight / 4); // the topmost number
     // Whole pixels, so that the grid's picture is copied and not scaled.
     layout.frame = frame.isValid() ? QRectF(frame.toAlignedRect()) : QRectF(room.topLeft(), QSizeF(1, 1));
     const double inset = std::min(4.0, layout.frame.height() / 8);

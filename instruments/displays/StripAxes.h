@@ -1,5 +1,5 @@
-// Ranges, tics and rectangles of a strip, apart from any painter. In: what its properties say and how large it
-// is. Out: numbers to paint from.
+// Ranges, tics and rectangles of a strip, apart from any painter. In: what its properties say and how large
+// it is. Out: numbers to paint from.
 #pragma once
 
 #include <QRectF>
@@ -35,8 +35,8 @@ struct Tics {
 /// At most `most` tics (at least 2) on a range that is paintable.
 Tics ticsOf(const AxisRange& range, int most);
 
-/// The number at a tic, with as many decimals as its step needs and "." as the mark; very large and very small
-/// ones with an exponent.
+/// The number at a tic, with as many decimals as its step needs and "." as the mark; very large and very
+/// small ones with an exponent.
 QString ticText(const Tics& tics, int index);
 
 /// Linear from a range to pixels; the ends may stand either way round.

@@ -13,7 +13,7 @@ namespace vistor {
 namespace {
 
 constexpr std::size_t kNewBuffer = 10'000;
-constexpr double kLargestPlot = 9e6;  ///< device pixels; a larger frame is painted coarser
+constexpr double kLargestPlot = 9e6; ///< device pixels; a larger frame is painted coarser
 constexpr int kMostLegendEntries = 12;
 constexpr int kMostRunsPainted = 200; ///< of a trace; further back X has been left long ago
 
@@ -139,8 +139,7 @@ void StripDisplay::paintMoving(QPainter& painter) {
     paintPlot(scene);
     painter.drawImage(scene.layout.frame, m_plot);
     paintNumbers(painter, scene.style, scene.layout, scene.x, scene.y);
-    if (!scene.layout.legend.isEmpty())
-        paintLegend(painter, scene.style, scene.layout, legendEntries());
+    if (!scene.layout.legend.isEmpty()) paintLegend(painter, scene.style, scene.layout, legendEntries());
     if (scene.style.marker) paintMarker(painter, scene.style, scene.layout, scene.x.range, scene.y.range);
     paintCaptions(painter, scene.style, scene.layout, properties());
 }

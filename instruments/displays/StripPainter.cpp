@@ -22,7 +22,8 @@ QPolygonF symbolShape(StripSymbol symbol, double size) {
     case StripSymbol::Triangle:
         return QPolygonF({QPointF(0, -r * 1.1), QPointF(r, r * 0.8), QPointF(-r, r * 0.8)});
     case StripSymbol::Diamond:
-        return QPolygonF({QPointF(0, -r * 1.15), QPointF(r * 1.15, 0), QPointF(0, r * 1.15), QPointF(-r * 1.15, 0)});
+        return QPolygonF(
+            {QPointF(0, -r * 1.15), QPointF(r * 1.15, 0), QPointF(0, r * 1.15), QPointF(-r * 1.15, 0)});
     default:
         return {};
     }
@@ -123,7 +124,8 @@ void paintLegend(QPainter& painter, const StripStyle& style, const StripLayout& 
         if (entry.style.symbol != StripSymbol::None)
             drawSymbol(painter, entry.style, QPointF(left + kChip / 2, line), 7);
         painter.setPen(style.fore);
-        painter.drawText(QPointF(left + kChip + kChipGap, line + (metrics.ascent() - metrics.descent()) / 2), name);
+        painter.drawText(QPointF(left + kChip + kChipGap, line + (metrics.ascent() - metrics.descent()) / 2),
+                         name);
         left = end + kEntryGap;
     }
 }

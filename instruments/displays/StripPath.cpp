@@ -22,8 +22,8 @@ class Visited {
 public:
     Visited(const QSize& image, double cellsAPixel)
         : m_cellsAPixel(cellsAPixel),
-          m_width(static_cast<int>(std::ceil(image.width() * cellsAPixel))),
-          m_height(static_cast<int>(std::ceil(image.height() * cellsAPixel))),
+          m_width(static_cast<int>(image.width() * cellsAPixel) + 1),
+          m_height(static_cast<int>(image.height() * cellsAPixel) + 1),
           m_cells(static_cast<std::size_t>(m_width) * static_cast<std::size_t>(m_height)) {}
 
     /// Answers whether it has been there before; outside the image, no.
@@ -143,7 +143,7 @@ std::vector<QPointF> symbolPlacesInOrder(const TraceRing& ring, const PointRun& 
 std::vector<QPointF> symbolPlaces(const TraceRing& ring, const AxisMap& x, const AxisMap& y,
                                   const QSize& image, double spacing) {
     std::vector<QPointF> places;
-    const QRectF inside(QPointF(), QSizeF(image));
+    const QRectF inside{QPointF(), QSizeF(image)};
     Visited visited(image, 1 / spacing);
     for (std::size_t i = 0; i < ring.size(); ++i) {
         const QPointF place(x(ring.x(i)), y(ring.y(i)));

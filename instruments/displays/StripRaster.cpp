@@ -64,8 +64,8 @@ PointRun columnSpans(const TraceRing& ring, const PointRun& run, const AxisMap& 
 
 StripRaster::StripRaster(QImage& image, const QRect& clip, double ratio)
     : m_image(image), m_clip(clip & image.rect()), m_perPixel(ratio > 1.5 ? 2 : 4) {
-    const std::size_t columns = static_cast<std::size_t>(std::max(m_clip.right() + 1, 0)) *
-                                static_cast<std::size_t>(m_perPixel);
+    const std::size_t columns =
+        static_cast<std::size_t>(std::max(m_clip.right() + 1, 0)) * static_cast<std::size_t>(m_perPixel);
     m_line.resize(columns);
     m_stroke.resize(columns);
     m_coverage.resize(static_cast<std::size_t>(image.height()) + 2);
@@ -116,7 +116,9 @@ void StripRaster::paintColumn(int column, QRgb colour) {
     for (int part = 0; part < m_perPixel; ++part) {
         const ColumnSpan& span = m_stroke[static_cast<std::size_t>(column * m_perPixel + part)];
         if (span.empty() || span.top >= bottom || span.bottom <= top) continue;
-        const auto fixed = [&](float y) { return static_cast<int>(std::clamp<double>(y, top, bottom) * kOpaque); };
+        const auto fixed = [&](float y) {
+            return static_cast<int>(std::clamp<double>(y, top, bottom) * kOpaque);
+        };
         const int from = fixed(span.top);
         const int to = fixed(span.bottom);
         int* const start = &m_coverage[static_cast<std::size_t>(from / kOpaque)];

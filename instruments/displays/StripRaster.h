@@ -1,5 +1,6 @@
-// Paints lines straight into an image, column by column. In: runs of points and maps to pixels, or pixels. Out: antialiased pixels. A general line painter takes a hundred times as long for a noisy trace,
-// since it cuts every stroke into polygons first.
+// Paints lines straight into an image, column by column. In: runs of points and maps to pixels, or pixels.
+// Out: antialiased pixels. A general line painter takes a hundred times as long for a noisy trace, since it
+// cuts every stroke into polygons first.
 #pragma once
 
 #include "instruments/displays/StripAxes.h"
@@ -40,8 +41,8 @@ struct RasterStroke {
 
 class StripRaster {
 public:
-    /// The image is of format RGB32 and outlives the painter; `ratio` of its pixels are a logical one. Nothing
-    /// is painted outside `clip`.
+    /// The image is of format RGB32 and outlives the painter; `ratio` of its pixels are a logical one.
+    /// Nothing is painted outside `clip`.
     StripRaster(QImage& image, const QRect& clip, double ratio);
 
     /// The maps lead to image pixels.

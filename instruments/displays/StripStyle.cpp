@@ -106,7 +106,8 @@ TraceStyle traceStyle(const PropertyStore& p, int trace) {
     if (line < 0) return style;
     style.width = between(p.number(StripLineWidth, line), 0.5, 10, style.width);
     style.dashes = kDashes[chosen(p.integer(StripLineStyle, line), std::size(kDashes))];
-    style.symbol = static_cast<StripSymbol>(chosen(p.integer(StripSymbolView, line), std::size(kSymbolWords)));
+    style.symbol =
+        static_cast<StripSymbol>(chosen(p.integer(StripSymbolView, line), std::size(kSymbolWords)));
     style.symbolSize = between(p.number(StripSymbolSize, line), 2, 40, style.symbolSize);
     return style;
 }

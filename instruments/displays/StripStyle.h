@@ -32,7 +32,7 @@ struct StripStyle {
 
 struct TraceStyle {
     QColor colour;
-    double width = 1.5;              ///< logical pixels
+    double width = 1.5;               ///< logical pixels
     std::span<const double> dashes{}; ///< on, off, on ... in widths; empty: solid
     StripSymbol symbol = StripSymbol::None;
     double symbolSize = 7; ///< logical pixels
