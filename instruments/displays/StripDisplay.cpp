@@ -109,15 +109,16 @@ StripDisplay::Scene StripDisplay::sceneNow() const {
     look.numbersX = scene.style.numbersX;
     look.numbersY = scene.style.numbersY;
     look.lineHeight = metrics.ascent() + metrics.descent();
-    look.legend = !legendEntries().empty();
+    const auto entries = static_cast<double>(legendEntries().size());
+    look.legend = entries > 0 && room.width() / entries > look.lineHeight * 5;
     scene.layout = layOutStrip(room, look);
     const double pitchY = look.lineHeight * 2.4;
     scene.y = axisOf(rangeY(p, currentTrace(p)), ticsThatFit(scene.layout.frame.height(), pitchY));
     look.widestY = widestOf(metrics, scene.y.texts);
     scene.layout = layOutStrip(room, look);
     const double width = scene.layout.frame.width();
-    scene.x = axisOf(visible(), ticsThatFit(width, look.lineHeight * 4));
-    const double pitchX = widestOf(metrics, scene.x.texts) + look.lineHeight * 1.5;
+    scene.x = axisOf(visible(), ticsThatFit(width, look.lineHeight * 2.6));
+    const double pitchX = widestOf(metrics, scene.x.texts) + look.lineHeight * 1.2;
     if (pitchX * scene.x.tics.count > width) scene.x = axisOf(visible(), ticsThatFit(width, pitchX));
     const double pixels = width * scene.layout.frame.height();
     scene.ratio = std::min(devicePixelRatioF(), std::sqrt(kLargestPlot / std::max(pixels, 1.0)));
@@ -140,7 +141,10 @@ void StripDisplay::paintMoving(QPainter& painter) {
     painter.drawImage(scene.layout.frame, m_plot);
     paintNumbers(painter, scene.style, scene.layout, scene.x, scene.y);
     if (!scene.layout.legend.isEmpty()) paintLegend(painter, scene.style, scene.layout, legendEntries());
-    if (scene.style.marker) paintMarker(painter, scene.style, scene.layout, scene.x.range, scene.y.range);
+    const bool holdsPoints =
+        std::any_of(m_traces.begin(), m_traces.end(), [](const TraceRing& ring) { return ring.size() > 0; });
+    if (scene.style.marker && holdsPoints)
+        paintMarker(painter, scene.style, scene.layout, scene.x.range, scene.y.range);
     paintCaptions(painter, scene.style, scene.layout, properties());
 }
 

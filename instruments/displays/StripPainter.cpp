@@ -110,8 +110,11 @@ void paintLegend(QPainter& painter, const StripStyle& style, const StripLayout& 
                  const std::vector<LegendEntry>& entries) {
     const QRectF& place = layout.legend;
     const QFontMetricsF metrics(style.font);
+    double wanted = -kEntryGap;
+    for (const LegendEntry& entry : entries)
+        wanted += metrics.horizontalAdvance(entry.name) + kChip + kChipGap + kEntryGap;
     const double share = (place.width() + kEntryGap) / std::max(1.0, double(entries.size()));
-    const double most = std::max(share, place.width() / 4) - kChip - kChipGap - kEntryGap;
+    const double most = wanted <= place.width() ? wanted : share - kChip - kChipGap - kEntryGap;
     const double line = place.center().y();
     double left = place.left();
     painter.setFont(style.font);

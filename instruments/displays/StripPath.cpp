@@ -10,7 +10,8 @@ namespace {
 
 constexpr double kLeastStep = 0.5;    ///< pixels
 constexpr double kLongStep = 2.0;     ///< is drawn even where the path has been
-constexpr double kInkLimit = 300'000; ///< pixels of line
+constexpr double kInkLimit = 200'000; ///< pixels of line
+constexpr double kStepInk = 3;        ///< that a step costs beside its length
 constexpr double kCellsAPixel = 2;
 
 double lengthOf(const QPointF& step) {
@@ -79,13 +80,14 @@ PathPieces thinnedPath(const TraceRing& ring, const AxisMap& x, const AxisMap& y
     double ink = 0;
     for (std::size_t i = ring.size() - 1; i-- > 0 && ink < kInkLimit;) {
         const QPointF next = place(i);
-        const double step = lengthOf(next - last);
-        if (step < kLeastStep) continue;
+        const QPointF way = next - last;
+        if (std::abs(way.x()) < kLeastStep && std::abs(way.y()) < kLeastStep) continue;
+        const double step = lengthOf(way);
         const bool isThere = visited.visit(next);
         const bool drawn = !outside(last, next, image) && !(wasThere && isThere && step < kLongStep);
         if (drawn) {
             penTo(path, down, last, next);
-            ink += std::min(step, double(image.width() + image.height())) + 1;
+            ink += std::min(step, double(image.width() + image.height())) + kStepInk;
         }
         down = drawn;
         wasThere = isThere;

@@ -9,14 +9,6 @@ namespace {
 
 constexpr int kOpaque = 256; ///< coverage of a pixel by one column
 
-/// Where the line from the point before `next` to that one crosses x.
-double crossing(const TraceRing& ring, std::size_t next, double x, const AxisMap& y) {
-    const double x0 = ring.x(next - 1);
-    const double share = (x - x0) / (ring.x(next) - x0);
-    const double from = y(ring.y(next - 1));
-    return from + share * (y(ring.y(next)) - from);
-}
-
 QRgb blended(QRgb under, QRgb over, int share) {
     const auto channel = [&](int shift) {
         const int from = (under >> shift) & 0xFF;
@@ -26,40 +18,89 @@ QRgb blended(QRgb under, QRgb over, int share) {
     return 0xFF000000U | channel(16) | channel(8) | channel(0);
 }
 
+/// The line from one place to another right of it, x in columns.
+void takeStep(const QPointF& from, const QPointF& to, std::span<ColumnSpan> spans, PointRun& touched) {
+    const double first = std::max(std::floor(from.x()), 0.0);
+    const double last = std::min(std::floor(to.x()), static_cast<double>(spans.size()) - 1);
+    if (first > last) return;
+    const auto begin = static_cast<std::size_t>(first);
+    const auto end = static_cast<std::size_t>(last) + 1;
+    touched = {std::min(touched.first, begin), std::max(touched.last, end)};
+    if (from.x() >= first) spans[begin].take(from.y());
+    if (to.x() < last + 1) spans[end - 1].take(to.y());
+    if (to.x() <= from.x()) return;
+    const double slope = (to.y() - from.y()) / (to.x() - from.x());
+    const auto edge = [&](std::size_t column) {
+        return from.y() + (static_cast<double>(column) - from.x()) * slope;
+    };
+    if (from.x() < first) spans[begin].take(edge(begin));
+    for (std::size_t c = begin + 1; c < end; ++c) {
+        const double height = edge(c);
+        spans[c - 1].take(height);
+        spans[c].take(height);
+    }
+    if (to.x() >= last + 1) spans[end - 1].take(edge(end));
+}
+
+/// Puts a run into columns. Stretches that lie in one column, or beyond either edge, are done at one go.
+class ColumnWalker {
+public:
+    ColumnWalker(const AxisMap& x, const AxisMap& y, int perPixel, std::span<ColumnSpan> spans)
+        : m_columns{x, perPixel}, m_y(y), m_spans(spans) {}
+
+    bool block(double x0, double x1, const Extremes& y) {
+        const double from = m_columns(x0);
+        const double to = m_columns(x1);
+        if (to < 0 || from >= m_columns.count(m_spans)) return true;
+        const double first = std::floor(from);
+        const double last = std::floor(to);
+        const bool inOne = first == last || (last == first + 1 && to - from < kFinest);
+        if (!inOne) return false;
+        take(first, y);
+        if (last != first) take(last, y);
+        return true;
+    }
+    void step(double x0, double y0, double x1, double y1) {
+        if (m_columns(x1) < 0 || m_columns(x0) >= m_columns.count(m_spans)) return;
+        takeStep({m_columns(x0), m_y(y0)}, {m_columns(x1), m_y(y1)}, m_spans, m_touched);
+    }
+    void end(double x, double y) { take(std::floor(m_columns(x)), {y, y}); }
+
+    PointRun touched() const { return m_touched.first < m_touched.last ? m_touched : PointRun{}; }
+
+private:
+    /// Of a column: what is shorter may count for both that it touches.
+    static constexpr double kFinest = 0.25;
+
+    struct Columns {
+        AxisMap x;
+        int perPixel;
+
+        double operator()(double value) const { return x(value) * perPixel; }
+        static double count(std::span<ColumnSpan> spans) { return static_cast<double>(spans.size()); }
+    };
+
+    void take(double column, const Extremes& y) {
+        if (column < 0 || column >= m_columns.count(m_spans)) return;
+        const auto at = static_cast<std::size_t>(column);
+        m_spans[at].take(m_y(y.low));
+        m_spans[at].take(m_y(y.high));
+        m_touched = {std::min(m_touched.first, at), std::max(m_touched.last, at + 1)};
+    }
+
+    Columns m_columns;
+    AxisMap m_y;
+    std::span<ColumnSpan> m_spans;
+    PointRun m_touched{m_spans.size(), 0};
+};
+
 } // namespace
 
 PointRun columnSpans(const TraceRing& ring, const PointRun& run, const AxisMap& x, const AxisMap& y,
                      int perPixel, std::span<ColumnSpan> spans) {
-    const double width = 1.0 / (x.factor * perPixel); // of a column, in units of X
-    const double left = x.origin - x.offset / x.factor;
-    std::size_t next = ring.firstFrom(run.first, run.last, left, 0);
-    if (next == run.last) return {};
-    const double firstColumn = next > run.first ? 0 : std::floor((ring.x(next) - left) / width);
-    if (firstColumn >= static_cast<double>(spans.size())) return {};
-    PointRun touched{static_cast<std::size_t>(std::max(firstColumn, 0.0)), 0};
-    touched.last = touched.first;
-    const auto enters = [&] { return next > run.first && next < run.last; };
-    double edge = left + static_cast<double>(touched.first) * width;
-    double carried = enters() ? crossing(ring, next, edge, y) : 0;
-    bool carries = enters();
-    for (std::size_t guess = 0; touched.last < spans.size() && next < run.last; ++touched.last) {
-        ColumnSpan& span = spans[touched.last];
-        if (carries) span.take(carried);
-        edge = left + static_cast<double>(touched.last + 1) * width;
-        const std::size_t from = next;
-        next = ring.firstFrom(from, run.last, edge, guess);
-        guess = next - from;
-        if (guess > 0) {
-            const Extremes inside = ring.extremes(from, next);
-            span.take(y(inside.low));
-            span.take(y(inside.high));
-        }
-        carries = enters();
-        if (!carries) continue;
-        carried = crossing(ring, next, edge, y);
-        span.take(carried);
-    }
-    return touched;
+    ColumnWalker walker(x, y, perPixel, spans);
+    ring.walk(run, walker);
+    return walker.touched();
 }
 
 StripRaster::StripRaster(QImage& image, const QRect& clip, double ratio)
@@ -180,28 +221,11 @@ PointRun StripRaster::takeLine(std::span<const QPointF> points) {
     PointRun touched{m_line.size(), 0};
     for (std::size_t i = 0; i + 1 < points.size(); ++i) {
         const bool rightward = points[i].x() <= points[i + 1].x();
-        takeStep(points[rightward ? i : i + 1], points[rightward ? i + 1 : i], touched);
+        const QPointF& left = points[rightward ? i : i + 1];
+        const QPointF& right = points[rightward ? i + 1 : i];
+        takeStep({left.x() * m_perPixel, left.y()}, {right.x() * m_perPixel, right.y()}, m_line, touched);
     }
     return touched;
-}
-
-void StripRaster::takeStep(const QPointF& from, const QPointF& to, PointRun& touched) {
-    const double first = std::max(std::floor(from.x() * m_perPixel), 0.0);
-    const double last = std::min(std::floor(to.x() * m_perPixel), static_cast<double>(m_line.size()) - 1);
-    if (first > last) return;
-    const double slope = to.x() > from.x() ? (to.y() - from.y()) / (to.x() - from.x()) : 0;
-    const auto heightAt = [&](double column) {
-        const double x = column / m_perPixel;
-        return x <= from.x() ? from.y() : x >= to.x() ? to.y() : from.y() + (x - from.x()) * slope;
-    };
-    const auto begin = static_cast<std::size_t>(first);
-    const auto end = static_cast<std::size_t>(last) + 1;
-    touched = {std::min(touched.first, begin), std::max(touched.last, end)};
-    for (std::size_t c = begin; c < end; ++c) {
-        m_line[c].take(heightAt(static_cast<double>(c)));
-        m_line[c].take(heightAt(static_cast<double>(c + 1)));
-    }
-    if (slope == 0 && begin + 1 == end) m_line[begin].take(from.y());
 }
 
 } // namespace vistor

@@ -53,7 +53,6 @@ public:
 
 private:
     PointRun takeLine(std::span<const QPointF> points);
-    void takeStep(const QPointF& from, const QPointF& to, PointRun& touched);
     void paintTouched(const PointRun& touched, const RasterStroke& stroke);
     void cutDashes(const PointRun& touched, const AxisMap& x, std::span<const double> dashes);
     PointRun widen(const PointRun& touched, double radius);

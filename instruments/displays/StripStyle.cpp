@@ -89,6 +89,7 @@ StripStyle stripStyle(const PropertyStore& p, const QSizeF& size) {
     style.grid = mixed(style.plot, style.fore, 0.15);
     style.frame = mixed(style.plot, style.fore, 0.4);
     style.font = numberFont(p, size);
+    style.panel.captionHeight = style.font.pixelSize() + 3;
     const auto grid = static_cast<StripGridLines>(chosen(p.integer(StripGrid), std::size(kGridWords)));
     style.gridX = grid == StripGridLines::Vertical || grid == StripGridLines::Both;
     style.gridY = grid == StripGridLines::Horizontal || grid == StripGridLines::Both;

@@ -4,14 +4,6 @@
 #include <cmath>
 
 namespace vistor {
-namespace {
-
-void takeBlocks(Extremes& found, const std::vector<Extremes>& blocks, std::size_t first, std::size_t last) {
-    for (std::size_t i = first; i < last; ++i) found.take(blocks[i]);
-}
-
-} // namespace
-
 void TraceRing::setCapacity(std::size_t capacity) {
     capacity = std::clamp<std::size_t>(capacity, 1, kMostPoints);
     if (capacity == m_capacity) return;
@@ -46,9 +38,10 @@ void TraceRing::append(double x, double y) {
     for (std::size_t level = 0; level == 0 || block > 0; ++level) {
         block /= kFan;
         if (level == m_levels.size()) m_levels.emplace_back();
-        std::vector<Extremes>& blocks = m_levels[level];
-        if (block == blocks.size()) blocks.push_back(block == 0 ? children(level, 0) : Extremes{});
-        blocks[block].take(y);
+        std::vector<Block>& blocks = m_levels[level];
+        if (block == blocks.size())
+            blocks.push_back(block == 0 ? Block{m_x.front(), children(level, 0)} : Block{x, {}});
+        blocks[block].y.take(y);
     }
 }
 
@@ -58,6 +51,9 @@ void TraceRing::replaceOldest(double x, double y) {
     m_x[slot] = x;
     m_y[slot] = y;
     m_head = slot + 1 == m_x.size() ? 0 : slot + 1;
+    std::size_t block = slot;
+    for (std::size_t level = 0; level < m_levels.size() && block % kFan == 0; ++level)
+        m_levels[level][block /= kFan].firstX = x;
     refreshLevels(slot, before, y);
 }
 
@@ -65,7 +61,7 @@ void TraceRing::refreshLevels(std::size_t slot, double before, double after) {
     std::size_t block = slot;
     for (std::size_t level = 0; level < m_levels.size(); ++level) {
         block /= kFan;
-        Extremes& held = m_levels[level][block];
+        Extremes& held = m_levels[level][block].y;
         const bool wasInside = before > held.low && before < held.high;
         Extremes now = held;
         if (wasInside)
@@ -82,45 +78,17 @@ Extremes TraceRing::children(std::size_t level, std::size_t block) const {
     const std::size_t first = block * kFan;
     const std::size_t last = std::min(first + kFan, below);
     Extremes found;
-    if (level == 0) {
-        for (std::size_t i = first; i < last; ++i) found.take(m_y[i]);
-    } else {
-        takeBlocks(found, m_levels[level - 1], first, last);
+    for (std::size_t i = first; i < last; ++i) {
+        if (level == 0)
+            found.take(m_y[i]);
+        else
+            found.take(m_levels[level - 1][i].y);
     }
     return found;
 }
 
 Extremes TraceRing::extremes() const {
-    return m_levels.empty() ? Extremes{} : m_levels.back().front();
-}
-
-Extremes TraceRing::extremes(std::size_t first, std::size_t last) const {
-    Extremes found;
-    last = std::min(last, size());
-    if (first >= last) return found;
-    const std::size_t beforeWrap = m_x.size() - m_head; // points before the ring's end
-    if (first < beforeWrap) takeSlots(found, m_head + first, m_head + std::min(last, beforeWrap));
-    if (last > beforeWrap) takeSlots(found, first > beforeWrap ? first - beforeWrap : 0, last - beforeWrap);
-    return found;
-}
-
-void TraceRing::takeSlots(Extremes& found, std::size_t first, std::size_t last) const {
-    if (last - first <= 2 * kFan) {
-        for (std::size_t i = first; i < last; ++i) found.take(m_y[i]);
-        return;
-    }
-    // The ragged ends at each level, and what lies between them one level up.
-    for (; first % kFan != 0; ++first) found.take(m_y[first]);
-    for (; last % kFan != 0; --last) found.take(m_y[last - 1]);
-    for (std::size_t level = 0; first < last; ++level) {
-        const std::vector<Extremes>& blocks = m_levels[level];
-        first /= kFan;
-        last /= kFan;
-        if (last - first <= 2 * kFan || level + 1 == m_levels.size())
-            return takeBlocks(found, blocks, first, last);
-        for (; first % kFan != 0; ++first) found.take(blocks[first]);
-        for (; last % kFan != 0; --last) found.take(blocks[last - 1]);
-    }
+    return m_levels.empty() ? Extremes{} : m_levels.back().front().y;
 }
 
 std::size_t TraceRing::firstFrom(std::size_t from, std::size_t last, double x, std::size_t guess) const {

@@ -3,6 +3,7 @@
 // little more than one of ten thousand.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -51,9 +52,8 @@ public:
     std::size_t size() const { return m_x.size(); }
     double x(std::size_t index) const { return m_x[slot(index)]; }
     double y(std::size_t index) const { return m_y[slot(index)]; }
-    /// Of Y, over all points and over points first to last, that one not among them.
+    /// Of Y, over all points.
     Extremes extremes() const;
-    Extremes extremes(std::size_t first, std::size_t last) const;
 
     /// The first of the points `from` to `last` of one run that is not left of x; `last` if all are. It is
     /// likely `guess` points on, and found the sooner the nearer it is to that.
@@ -63,8 +63,21 @@ public:
     /// A stretch without a jump back; number 0 is the newest.
     PointRun run(std::size_t number) const;
 
+    /// Goes along points of a run from coarse to fine. `walker.block(x0, x1, extremes)` is asked about
+    /// stretches of points, the first at x0 and the one behind the last at x1; where it answers false, about
+    /// their parts, and at the bottom told `walker.step(x0, y0, x1, y1)` from each point to the next. In the
+    /// end comes `walker.end(x, y)` with the last point.
+    template <class Walker>
+    void walk(const PointRun& run, Walker& walker) const;
+
 private:
     static constexpr std::size_t kFan = 8;
+
+    /// Slots that stand together, of which only the ring's head may part old ones from new ones.
+    struct Block {
+        double firstX = 0;
+        Extremes y;
+    };
 
     std::size_t slot(std::size_t index) const {
         const std::size_t at = m_head + index;
@@ -74,7 +87,12 @@ private:
     void replaceOldest(double x, double y);
     void refreshLevels(std::size_t slot, double before, double after);
     Extremes children(std::size_t level, std::size_t block) const;
-    void takeSlots(Extremes& found, std::size_t first, std::size_t last) const;
+    template <class Walker>
+    void walkSlots(std::size_t first, std::size_t last, Walker& walker) const;
+    template <class Walker>
+    void walkBlock(std::size_t level, std::size_t block, Walker& walker) const;
+    template <class Walker>
+    void walkStep(std::size_t slot, Walker& walker) const;
     void noteRun(double x);
     std::uint64_t runStart(std::size_t number) const; ///< counted since the last clear
 
@@ -83,10 +101,58 @@ private:
     std::uint64_t m_added = 0; ///< since the last clear
     std::vector<double> m_x;
     std::vector<double> m_y;
-    std::vector<std::vector<Extremes>> m_levels; ///< level n: a block of kFan to the power n + 1 slots
+    std::vector<std::vector<Block>> m_levels; ///< level n: a block of kFan to the power n + 1 slots
     std::array<std::uint64_t, kMostRuns> m_runStarts{};
     std::size_t m_newestRun = 0;
     std::size_t m_runCount = 0;
 };
+
+template <class Walker>
+void TraceRing::walkStep(std::size_t slot, Walker& walker) const {
+    const std::size_t next = slot + 1 == m_x.size() ? 0 : slot + 1;
+    walker.step(m_x[slot], m_y[slot], m_x[next], m_y[next]);
+}
+
+template <class Walker>
+void TraceRing::walkBlock(std::size_t level, std::size_t block, Walker& walker) const {
+    const std::vector<Block>& blocks = m_levels[level];
+    const double behind = block + 1 < blocks.size() ? blocks[block + 1].firstX : m_x.front();
+    if (walker.block(blocks[block].firstX, behind, blocks[block].y)) return;
+    const std::size_t first = block * kFan;
+    for (std::size_t i = first; i < first + kFan; ++i) {
+        if (level == 0)
+            walkStep(i, walker);
+        else
+            walkBlock(level - 1, i, walker);
+    }
+}
+
+/// Every slot from first to last, that one not among them, has its next point in the slot behind it.
+template <class Walker>
+void TraceRing::walkSlots(std::size_t first, std::size_t last, Walker& walker) const {
+    while (first < last) {
+        std::size_t level = 0;
+        std::size_t span = 1; // of the largest block that begins here and ends in time
+        while (first % (span * kFan) == 0 && first + span * kFan <= last) {
+            span *= kFan;
+            ++level;
+        }
+        if (level == 0)
+            walkStep(first, walker);
+        else
+            walkBlock(level - 1, first / span, walker);
+        first += span;
+    }
+}
+
+template <class Walker>
+void TraceRing::walk(const PointRun& run, Walker& walker) const {
+    if (run.first >= run.last || run.last > size()) return;
+    const std::size_t end = run.last - 1;
+    const std::size_t beforeWrap = m_x.size() - m_head;
+    if (run.first < beforeWrap) walkSlots(m_head + run.first, m_head + std::min(end, beforeWrap), walker);
+    if (end > beforeWrap) walkSlots(std::max(run.first, beforeWrap) - beforeWrap, end - beforeWrap, walker);
+    walker.end(x(end), y(end));
+}
 
 } // namespace vistor

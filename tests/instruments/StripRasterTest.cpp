@@ -45,7 +45,7 @@ TEST(ColumnSpans, KeepEveryExtreme) {
     constexpr int kPoints = 1'000'000;
     TraceRing ring;
     ring.setCapacity(kPoints);
-    for (int i = 0; i < kPoints; ++i) ring.add(i * 1e-4, i == 333'333 ? 55 : i == 777'777 ? 5 : 30);
+    for (int i = 0; i < kPoints; ++i) ring.add(i * 1e-4, i == 333'750 ? 55 : i == 778'750 ? 5 : 30);
     std::vector<ColumnSpan> spans(400);
     const PointRun touched = columnSpans(ring, ring.run(0), kMapX, kMapY, 4, spans);
     EXPECT_EQ(touched.first, 0U);
