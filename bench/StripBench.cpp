@@ -83,9 +83,9 @@ void repaintChart(benchmark::State& state, Signal signal) {
     StripDisplay strip(kStripTable, true);
     setUp(strip, points);
     fill(strip, signal, points);
-    QChart chart;
-    fillChart(chart, signal, points);
-    QChartView view(&chart);
+    auto* chart = new QChart;
+    fillChart(*chart, signal, points);
+    QChartView view(chart); // which owns it
     view.setRenderHint(QPainter::Antialiasing);
     view.resize(kSize);
     QImage image(kSize, QImage::Format_RGB32);

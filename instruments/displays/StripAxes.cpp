@@ -21,8 +21,13 @@ double roundStep(double least) {
     return 10 * power;
 }
 
+/// The power of ten of a number's first digit.
+int placeOf(double number) {
+    return static_cast<int>(std::floor(std::log10(number) + 1e-9));
+}
+
 int decimalsOf(double step) {
-    return std::max(0, -static_cast<int>(std::floor(std::log10(step) + 1e-9)));
+    return std::max(0, -placeOf(step));
 }
 
 } // namespace
@@ -64,8 +69,8 @@ QString ticText(const Tics& tics, int index) {
     constexpr double kPlainStep = 0.99e-5;
     if (largest < kPlainBelow && tics.step > kPlainStep)
         return QString::number(value, 'f', decimalsOf(tics.step));
-    const double digits = std::log10(std::max(largest, tics.step) / tics.step);
-    return QString::number(value, 'g', std::clamp(static_cast<int>(std::floor(digits + 1e-9)) + 1, 1, 12));
+    const int digits = placeOf(largest > 0 ? largest : tics.step) - placeOf(tics.step) + 1;
+    return QString::number(value, 'g', std::clamp(digits, 1, 15));
 }
 
 StripLayout layOutStrip(const QRectF& room, const StripLook& look) {
@@ -78,6 +83,7 @@ StripLayout layOutStrip(const QRectF& room, const StripLook& look) {
     layout.numbersY = look.numbersY && frame.width() - left >= 2 * kLeastPlot;
     if (layout.numbersY) frame.setLeft(frame.left() + left);
     if (layout.numbersX) frame.setBottom(frame.bottom() - below);
+    if (layout.numbersX) frame.setRight(frame.right() - look.lineHeight / 2); // half of the last number
     const double band = look.lineHeight + kTextGap;
     if (look.legend && frame.height() - band >= 2 * kLeastPlot) {
         layout.legend = QRectF(frame.left(), frame.top(), frame.width(), look.lineHeight);

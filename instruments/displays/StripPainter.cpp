@@ -93,7 +93,7 @@ void paintNumbers(QPainter& painter, const StripStyle& style, const StripLayout&
     for (int i = 0; layout.numbersX && i < x.tics.count; ++i) {
         const double width = metrics.horizontalAdvance(x.texts[i]);
         const double left = frame.left() + mapX(x.tics.at(i)) - width / 2;
-        if (left + width > frame.right() + kChipGap || left < frame.left() - width) continue;
+        if (left + width / 2 > frame.right() + 1 || left + width / 2 < frame.left() - 1) continue;
         painter.drawText(QPointF(left, frame.bottom() + 3 + metrics.ascent()), x.texts[i]);
     }
     for (int i = 0; layout.numbersY && i < y.tics.count; ++i) {

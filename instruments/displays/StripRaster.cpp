@@ -18,53 +18,75 @@ QRgb blended(QRgb under, QRgb over, int share) {
     return 0xFF000000U | channel(16) | channel(8) | channel(0);
 }
 
+/// Rounds down, at a third of the library's price.
+std::ptrdiff_t floorOf(double value) {
+    const auto whole = static_cast<std::ptrdiff_t>(value);
+    return whole - (value < static_cast<double>(whole) ? 1 : 0);
+}
+
 /// The line from one place to another right of it, x in columns.
 void takeStep(const QPointF& from, const QPointF& to, std::span<ColumnSpan> spans, PointRun& touched) {
-    const double first = std::max(std::floor(from.x()), 0.0);
-    const double last = std::min(std::floor(to.x()), static_cast<double>(spans.size()) - 1);
-    if (first > last) return;
-    const auto begin = static_cast<std::size_t>(first);
-    const auto end = static_cast<std::size_t>(last) + 1;
+    const std::ptrdiff_t fromColumn = floorOf(from.x());
+    const std::ptrdiff_t toColumn = floorOf(to.x());
+    const auto count = static_cast<std::ptrdiff_t>(spans.size());
+    if (toColumn < 0 || fromColumn >= count) return;
+    const auto begin = static_cast<std::size_t>(std::max<std::ptrdiff_t>(fromColumn, 0));
+    const auto end = static_cast<std::size_t>(std::min(toColumn + 1, count));
     touched = {std::min(touched.first, begin), std::max(touched.last, end)};
-    if (from.x() >= first) spans[begin].take(from.y());
-    if (to.x() < last + 1) spans[end - 1].take(to.y());
-    if (to.x() <= from.x()) return;
+    if (fromColumn >= 0) spans[begin].take(from.y());
+    if (toColumn < count) spans[end - 1].take(to.y());
+    if (fromColumn == toColumn) return;
     const double slope = (to.y() - from.y()) / (to.x() - from.x());
     const auto edge = [&](std::size_t column) {
         return from.y() + (static_cast<double>(column) - from.x()) * slope;
     };
-    if (from.x() < first) spans[begin].take(edge(begin));
+    if (fromColumn < 0) spans[begin].take(edge(begin));
     for (std::size_t c = begin + 1; c < end; ++c) {
         const double height = edge(c);
         spans[c - 1].take(height);
         spans[c].take(height);
     }
-    if (to.x() >= last + 1) spans[end - 1].take(edge(end));
+    if (toColumn >= count) spans[end - 1].take(edge(end));
 }
 
 /// Puts a run into columns. Stretches that lie in one column, or beyond either edge, are done at one go.
 class ColumnWalker {
 public:
     ColumnWalker(const AxisMap& x, const AxisMap& y, int perPixel, std::span<ColumnSpan> spans)
-        : m_columns{x, perPixel}, m_y(y), m_spans(spans) {}
+        : m_columns(x), m_rows(y), m_spans(spans) {
+        m_columns.factor *= perPixel;
+        m_columns.offset *= perPixel;
+    }
 
     bool block(double x0, double x1, const Extremes& y) {
+        if (x1 < m_edge) {
+            m_open.take(y);
+            return true;
+        }
+        close();
         const double from = m_columns(x0);
         const double to = m_columns(x1);
-        if (to < 0 || from >= m_columns.count(m_spans)) return true;
-        const double first = std::floor(from);
-        const double last = std::floor(to);
-        const bool inOne = first == last || (last == first + 1 && to - from < kFinest);
-        if (!inOne) return false;
+        const std::ptrdiff_t first = floorOf(from);
+        const std::ptrdiff_t last = floorOf(to);
+        if (last < 0 || first >= count()) return true;
+        if (first != last && (last > first + 1 || to - from > kFinest)) return false;
         take(first, y);
         if (last != first) take(last, y);
+        open(last);
         return true;
     }
     void step(double x0, double y0, double x1, double y1) {
-        if (m_columns(x1) < 0 || m_columns(x0) >= m_columns.count(m_spans)) return;
-        takeStep({m_columns(x0), m_y(y0)}, {m_columns(x1), m_y(y1)}, m_spans, m_touched);
+        if (x1 < m_edge) return m_open.take(y1);
+        close();
+        const QPointF from(m_columns(x0), m_rows(y0));
+        const QPointF to(m_columns(x1), m_rows(y1));
+        takeStep(from, to, m_spans, m_touched);
+        open(floorOf(to.x()));
     }
-    void end(double x, double y) { take(std::floor(m_columns(x)), {y, y}); }
+    void end(double x, double y) {
+        close();
+        take(floorOf(m_columns(x)), {y, y});
+    }
 
     PointRun touched() const { return m_touched.first < m_touched.last ? m_touched : PointRun{}; }
 
@@ -72,26 +94,34 @@ private:
     /// Of a column: what is shorter may count for both that it touches.
     static constexpr double kFinest = 0.25;
 
-    struct Columns {
-        AxisMap x;
-        int perPixel;
-
-        double operator()(double value) const { return x(value) * perPixel; }
-        static double count(std::span<ColumnSpan> spans) { return static_cast<double>(spans.size()); }
-    };
-
-    void take(double column, const Extremes& y) {
-        if (column < 0 || column >= m_columns.count(m_spans)) return;
+    std::ptrdiff_t count() const { return static_cast<std::ptrdiff_t>(m_spans.size()); }
+    void take(std::ptrdiff_t column, const Extremes& y) {
+        if (column < 0 || column >= count()) return;
         const auto at = static_cast<std::size_t>(column);
-        m_spans[at].take(m_y(y.low));
-        m_spans[at].take(m_y(y.high));
+        m_spans[at].take(m_rows(y.low));
+        m_spans[at].take(m_rows(y.high));
         m_touched = {std::min(m_touched.first, at), std::max(m_touched.last, at + 1)};
     }
 
-    Columns m_columns;
-    AxisMap m_y;
+    /// The next steps end in this column as long as they end before its edge.
+    void open(std::ptrdiff_t column) {
+        if (column < 0 || column >= count()) return;
+        m_column = column;
+        m_edge = m_columns.origin + (static_cast<double>(column + 1) - m_columns.offset) / m_columns.factor;
+    }
+    void close() {
+        if (!m_open.empty()) take(m_column, m_open);
+        m_open = {};
+        m_edge = -std::numeric_limits<double>::infinity();
+    }
+
+    AxisMap m_columns;
+    AxisMap m_rows;
     std::span<ColumnSpan> m_spans;
     PointRun m_touched{m_spans.size(), 0};
+    std::ptrdiff_t m_column = 0; ///< the open one
+    double m_edge = -std::numeric_limits<double>::infinity();
+    Extremes m_open; ///< of Y in it
 };
 
 } // namespace
