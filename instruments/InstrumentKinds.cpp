@@ -1,6 +1,8 @@
 #include "instruments/InstrumentKinds.h"
 
 #include "instruments/VXALPHANUME.h"
+#include "instruments/VXSTRIP.h"
+#include "instruments/VXXYGRAPH.h"
 
 #include <algorithm>
 
@@ -16,7 +18,7 @@ std::unique_ptr<Instrument> make(QWidget* parent) {
 
 /// In the order of the kinds.
 constexpr std::array<Maker, kInstrumentKinds.size()> kMakers{
-    nullptr, make<VXALPHANUME>, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+    nullptr, make<VXALPHANUME>, nullptr, nullptr, nullptr, nullptr, make<VXSTRIP>, make<VXXYGRAPH>, nullptr,
 };
 
 } // namespace

@@ -34,6 +34,8 @@ Q_SIGNALS:
     void edited();
 
 protected:
+    /// Makes the next redraw ask for a repaint although no property changed.
+    void touch() { m_paintedRevision = 0; }
     /// What changes with properties and size only. It covers the whole rectangle.
     virtual void paintStatic(QPainter& painter) = 0;
     /// What moves with the data.

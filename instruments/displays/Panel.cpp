@@ -19,9 +19,13 @@ double borderOf(const PanelStyle& style) {
     return style.border == Border::None ? 0 : style.borderWidth;
 }
 
+int textHeight(const PanelStyle& style, const QRectF& panel) {
+    return style.captionHeight > 0 ? style.captionHeight : captionPixels(panel.height());
+}
+
 double captionBand(const PanelStyle& style, const QRectF& panel) {
     if (style.caption.isEmpty()) return 0;
-    return std::min(captionPixels(panel.height()) * kCaptionLine, panel.height() / 2);
+    return std::min(textHeight(style, panel) * kCaptionLine, panel.height() / 2);
 }
 
 QRectF insideBorder(const PanelStyle& style, const QRectF& panel) {
@@ -59,7 +63,7 @@ void paintCaption(QPainter& painter, const PanelStyle& style, const QRectF& pane
     const double margin = band * 0.35;
     place.adjust(margin, 0, -margin, 0);
     QFont font = painter.font();
-    font.setPixelSize(captionPixels(panel.height()));
+    font.setPixelSize(textHeight(style, panel));
     painter.setFont(font);
     painter.setPen(style.captionColour);
     const QString text = QFontMetricsF(font).elidedText(style.caption, Qt::ElideRight, place.width());

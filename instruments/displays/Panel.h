@@ -19,7 +19,8 @@ struct PanelStyle {
     int borderWidth = 1; ///< logical pixels
     QColor light;        ///< of the border's lit edges; a flat border has no other
     QColor shadow;
-    QString caption; ///< empty: none
+    QString caption;       ///< empty: none
+    int captionHeight = 0; ///< of its text; 0: by the panel's height
     Qt::Alignment captionAlignment = Qt::AlignHCenter;
     bool captionBelow = false;
     QColor captionColour;

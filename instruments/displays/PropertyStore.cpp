@@ -49,6 +49,11 @@ QString shortestText(Number value) {
     return QString::fromLatin1(buffer, end.ptr - buffer).toUpper();
 }
 
+double initialOf(const PropertyInfo& field, int index) {
+    if (field.initials.empty()) return field.initial;
+    return field.initials[static_cast<std::size_t>(index) % field.initials.size()];
+}
+
 } // namespace
 
 double coerced(PropertyType type, double value, double before) {
@@ -114,7 +119,7 @@ void PropertyStore::fillDefaults(std::size_t block, int index) {
             b.texts[place(index, m_table->textsIn(block), address.slot)] =
                 QString::fromLatin1(field.initialText);
         else
-            b.numbers[place(index, m_table->numbersIn(block), address.slot)] = field.initial;
+            b.numbers[place(index, m_table->numbersIn(block), address.slot)] = initialOf(field, index);
     }
 }
 

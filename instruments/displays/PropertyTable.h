@@ -53,6 +53,7 @@ struct PropertyInfo {
     Editor editor = Editor::ByType;
     Choices choices{};
     bool live = false; ///< changes with the data: the display's static picture does not show it
+    std::span<const double> initials{}; ///< of sections 0, 1, ... and round again, in place of `initial`
 };
 
 /// A list of sections: `count` of them, of which the one that the selector names is current. The selector is

@@ -1,0 +1,197 @@
+#include "instruments/displays/StripDisplay.h"
+
+#include "instruments/Colours.h"
+#include "instruments/displays/StripPath.h"
+#include "instruments/displays/StripRaster.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace vistor {
+namespace {
+
+constexpr std::size_t kNewBuffer = 10'000;
+constexpr double kLargestPlot = 9e6; ///< device pixels; a larger frame is painted coarser
+constexpr int kMostLegendEntries = 12;
+constexpr int kMostRunsPainted = 200; ///< of a trace; further back X has been left long ago
+
+std::size_t capacityOf(const PropertyStore& p) {
+    const int wanted = p.integer(StripBufferSize);
+    return wanted > 0 ? static_cast<std::size_t>(wanted) : kNewBuffer;
+}
+
+int ticsThatFit(double length, double pitch) {
+    return std::clamp(static_cast<int>(length / std::max(pitch, 1.0)) + 1, 2, 12);
+}
+
+double widestOf(const QFontMetricsF& metrics, const QStringList& texts) {
+    double widest = 0;
+    for (const QString& text : texts) widest = std::max(widest, metrics.horizontalAdvance(text));
+    return widest;
+}
+
+} // namespace
+
+struct StripDisplay::Scene {
+    StripStyle style;
+    StripLayout layout;
+    StripAxis x;
+    StripAxis y; ///< of the current trace
+    double ratio = 1;
+};
+
+StripDisplay::StripDisplay(const KindTable& table, bool scrolling, QWidget* parent)
+    : InnerDisplay(table, parent), m_scrolling(scrolling) {}
+
+void StripDisplay::addPoint(int trace, double x, double y) {
+    if (trace < 0 || trace >= properties().integer(StripTraceCount)) return;
+    const auto index = static_cast<std::size_t>(trace);
+    if (index >= m_traces.size()) m_traces.resize(index + 1);
+    TraceRing& ring = m_traces[index];
+    ring.setCapacity(capacityOf(properties()));
+    if (ring.add(x, y)) touch();
+}
+
+void StripDisplay::clearPoints() {
+    m_traces.clear();
+    touch();
+    redraw();
+}
+
+const TraceRing* StripDisplay::heldBy(int trace) const {
+    const auto index = static_cast<std::size_t>(trace);
+    const bool held = trace >= 0 && index < m_traces.size() && m_traces[index].size() > 0;
+    return held ? &m_traces[index] : nullptr;
+}
+
+double StripDisplay::highestY(int trace) const {
+    const TraceRing* ring = heldBy(trace);
+    return ring ? ring->extremes().high : properties().number(StripMaximumY);
+}
+
+double StripDisplay::lowestY(int trace) const {
+    const TraceRing* ring = heldBy(trace);
+    return ring ? ring->extremes().low : properties().number(StripMinimumY);
+}
+
+AxisRange StripDisplay::visible() const {
+    return visibleX(properties().number(StripOrigin), properties().number(StripLength), m_scrolling);
+}
+
+void StripDisplay::setTraceNames(const QStringList& names) {
+    if (names == m_names) return;
+    m_names = names;
+    touch();
+    redraw();
+}
+
+std::vector<LegendEntry> StripDisplay::legendEntries() const {
+    const PropertyStore& p = properties();
+    std::vector<LegendEntry> entries;
+    const int traces = std::min(p.integer(StripTraceCount), kMostLegendEntries);
+    for (int i = 0; i < traces; ++i) {
+        QString name = traceName(p, i);
+        if (name.isEmpty()) name = m_names.value(i);
+        if (!name.isEmpty()) entries.push_back({name, traceStyle(p, i)});
+    }
+    return entries;
+}
+
+StripDisplay::Scene StripDisplay::sceneNow() const {
+    const PropertyStore& p = properties();
+    Scene scene;
+    scene.style = stripStyle(p, size());
+    const QFontMetricsF metrics(scene.style.font);
+    const QRectF room = panelInside(scene.style.panel, rect());
+    StripLook look;
+    look.numbersX = scene.style.numbersX;
+    look.numbersY = scene.style.numbersY;
+    look.lineHeight = metrics.ascent() + metrics.descent();
+    const auto entries = static_cast<double>(legendEntries().size());
+    look.legend = entries > 0 && room.width() / entries > look.lineHeight * 5;
+    scene.layout = layOutStrip(room, look);
+    const double pitchY = look.lineHeight * 2.4;
+    scene.y = axisOf(rangeY(p, currentTrace(p)), ticsThatFit(scene.layout.frame.height(), pitchY));
+    look.widestY = widestOf(metrics, scene.y.texts);
+    scene.layout = layOutStrip(room, look);
+    const double width = scene.layout.frame.width();
+    scene.x = axisOf(visible(), ticsThatFit(width, look.lineHeight * 2.6));
+    const double pitchX = widestOf(metrics, scene.x.texts) + look.lineHeight * 1.2;
+    if (pitchX * scene.x.tics.count > width) scene.x = axisOf(visible(), ticsThatFit(width, pitchX));
+    const double pixels = width * scene.layout.frame.height();
+    scene.ratio = std::min(devicePixelRatioF(), std::sqrt(kLargestPlot / std::max(pixels, 1.0)));
+    return scene;
+}
+
+StripLayout StripDisplay::layoutNow() const {
+    return sceneNow().layout;
+}
+
+void StripDisplay::paintStatic(QPainter& painter) {
+    const PropertyStore& p = properties();
+    const StripStyle style = stripStyle(p, size());
+    paintPanel(painter, style.panel, rect());
+}
+
+void StripDisplay::paintMoving(QPainter& painter) {
+    const Scene scene = sceneNow();
+    paintPlot(scene);
+    painter.drawImage(scene.layout.frame, m_plot);
+    paintNumbers(painter, scene.style, scene.layout, scene.x, scene.y);
+    if (!scene.layout.legend.isEmpty()) paintLegend(painter, scene.style, scene.layout, legendEntries());
+    const bool holdsPoints =
+        std::any_of(m_traces.begin(), m_traces.end(), [](const TraceRing& ring) { return ring.size() > 0; });
+    if (scene.style.marker && holdsPoints)
+        paintMarker(painter, scene.style, scene.layout, scene.x.range, scene.y.range);
+    paintCaptions(painter, scene.style, scene.layout, properties());
+}
+
+void StripDisplay::paintPlot(const Scene& scene) {
+    const QSize pixels = (scene.layout.frame.size() * scene.ratio).toSize().expandedTo(QSize(1, 1));
+    if (m_plot.size() != pixels) m_plot = QImage(pixels, QImage::Format_RGB32);
+    paintGrid(m_plot, scene.style, scene.layout, scene.x, scene.y);
+    StripRaster raster(m_plot, m_plot.rect(), scene.ratio);
+    const int traces = std::min(static_cast<int>(m_traces.size()), properties().integer(StripTraceCount));
+    for (int trace = 0; trace < traces; ++trace) {
+        if (!heldBy(trace)) continue;
+        paintTrace(scene, raster, trace);
+    }
+}
+
+void StripDisplay::paintTrace(const Scene& scene, StripRaster& raster, int trace) {
+    const TraceRing& ring = *heldBy(trace);
+    const TraceStyle style = traceStyle(properties(), trace);
+    const AxisMap x = frameMapX(scene.layout, scene.x.range, scene.ratio);
+    const AxisMap y = frameMapY(scene.layout, paintable(rangeY(properties(), trace)), scene.ratio);
+    std::vector<double> dashes;
+    for (const double dash : style.dashes) dashes.push_back(dash * style.width * scene.ratio);
+    const RasterStroke stroke{style.colour.rgb(), style.width * scene.ratio, dashes};
+    if (m_scrolling) {
+        const auto runs = std::min<std::size_t>(ring.runCount(), kMostRunsPainted);
+        for (std::size_t i = 0; i < runs; ++i) raster.paintRun(ring, ring.run(i), x, y, stroke);
+    } else {
+        const PathPieces path = thinnedPath(ring, x, y, m_plot.size());
+        const PathPieces pieces = dashes.empty() ? path : dashed(path, dashes);
+        for (std::size_t i = 0; i < pieces.count(); ++i) raster.paintLine(pieces.piece(i), stroke);
+    }
+    if (style.symbol != StripSymbol::None) paintSymbols(ring, x, y, style, scene.ratio);
+}
+
+void StripDisplay::paintSymbols(const TraceRing& ring, const AxisMap& x, const AxisMap& y,
+                                const TraceStyle& style, double ratio) {
+    const QImage symbol = symbolImage(style, ratio);
+    const QPointF middle(symbol.width() / 2.0, symbol.height() / 2.0);
+    const double spacing = style.symbolSize * ratio * 2;
+    QPainter painter(&m_plot);
+    const auto paintAll = [&](const std::vector<QPointF>& places) {
+        for (const QPointF& place : places) painter.drawImage((place - middle).toPoint(), symbol);
+    };
+    if (!m_scrolling) return paintAll(symbolPlaces(ring, x, y, m_plot.size(), spacing));
+    const auto runs = std::min<std::size_t>(ring.runCount(), kMostRunsPainted);
+    for (std::size_t i = 0; i < runs; ++i)
+        paintAll(symbolPlacesInOrder(ring, ring.run(i), x, y, m_plot.size(), spacing));
+}
+
+} // namespace vistor

@@ -1,0 +1,40 @@
+// Thins a path that may go anywhere to what its picture needs. In: the points of a trace. Out: pieces of line
+// in image pixels, so few that painting them ends in bounded time.
+#pragma once
+
+#include "instruments/displays/StripAxes.h"
+#include "instruments/displays/StripTraces.h"
+
+#include <QPointF>
+#include <QSize>
+
+#include <span>
+#include <vector>
+
+namespace vistor {
+
+/// Lines from point to point; each piece is one of them.
+struct PathPieces {
+    std::vector<QPointF> points;
+    std::vector<std::size_t> starts; ///< of the pieces, in `points`
+
+    std::size_t count() const { return starts.size(); }
+    std::span<const QPointF> piece(std::size_t index) const;
+};
+
+/// The newest points first: steps too short to see are left out, so are short ones between pixels that the
+/// path has been at, and what lies beyond one edge of the image. Where ink for many times the image has been
+/// used, the older rest is left out.
+PathPieces thinnedPath(const TraceRing& ring, const AxisMap& x, const AxisMap& y, const QSize& image);
+
+/// Cuts pieces into dashes, on, off, on ... in pixels along the path.
+PathPieces dashed(const PathPieces& path, std::span<const double> dashes);
+
+/// Places for symbols `spacing` image pixels apart or more, and the same ones while the data scroll: where X
+/// is in order, one point in each stretch of X; else the oldest point in each square of the image.
+std::vector<QPointF> symbolPlacesInOrder(const TraceRing& ring, const PointRun& run, const AxisMap& x,
+                                         const AxisMap& y, const QSize& image, double spacing);
+std::vector<QPointF> symbolPlaces(const TraceRing& ring, const AxisMap& x, const AxisMap& y,
+                                  const QSize& image, double spacing);
+
+} // namespace vistor
