@@ -84,4 +84,11 @@ void InnerDisplay::mouseMoveEvent(QMouseEvent* event) {
     Q_EMIT moved();
 }
 
+void InnerDisplay::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange) return;
+    m_staticRevision = 0; // colours of the system and of the page come from there
+    update();
+}
+
 } // namespace vistor
