@@ -4,12 +4,11 @@
 
 #include <QPainter>
 
-#include <cmath>
-
 namespace vistor {
 namespace {
 
-const QColor kShadow(0, 0, 0, 70);
+/// Of all needles' pictures together, so that a file cannot ask for more memory than a screen takes.
+constexpr double kMostNeedlePixels = 4e6;
 
 } // namespace
 
@@ -18,14 +17,18 @@ AngularGaugeDisplay::AngularGaugeDisplay(QWidget* parent) : InnerDisplay(kAngula
 }
 
 void AngularGaugeDisplay::paintStatic(QPainter& painter) {
-    m_layout = layOutDial(properties(), rect(), palette().color(QPalette::Window));
-    paintFace(painter, properties(), m_layout);
-    paintHubPicture();
+    const DialLayout layout = layOutDial(properties(), rect(), palette().color(QPalette::Window));
+    paintFace(painter, properties(), layout);
+    m_needles.clear();
+    const double share = kMostNeedlePixels / std::max(double(layout.needles.size()), 1.0);
+    for (const NeedlePlace& needle : layout.needles)
+        m_needles.emplace_back(needle, devicePixelRatioF(), share);
+    paintHubPicture(layout);
 }
 
-void AngularGaugeDisplay::paintHubPicture() {
+void AngularGaugeDisplay::paintHubPicture(const DialLayout& layout) {
     m_hubs = QPixmap();
-    const QRect bounds = hubBounds(properties(), m_layout).toAlignedRect();
+    const QRect bounds = hubBounds(properties(), layout).toAlignedRect();
     if (bounds.isEmpty()) return;
     const double ratio = devicePixelRatioF();
     m_hubs = QPixmap((QSizeF(bounds.size()) * ratio).toSize());
@@ -35,30 +38,26 @@ void AngularGaugeDisplay::paintHubPicture() {
     QPainter painter(&m_hubs);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(-m_hubPlace);
-    paintHubs(painter, properties(), m_layout);
-}
-
-void AngularGaugeDisplay::paintNeedle(QPainter& painter, const NeedlePlace& needle) const {
-    const double angle = dialAngle(needle.on.scale, properties().number(NeedleValue, needle.section));
-    const QPointF& centre = needle.on.place.centre;
-    const auto turned = [angle](const QPointF& place) {
-        return QTransform::fromTranslate(place.x(), place.y()).rotate(angle);
-    };
-    if (needle.shadow > 0) {
-        painter.setBrush(kShadow);
-        painter.drawPolygon(turned(centre + QPointF(needle.shadow / 2, needle.shadow)).map(needle.outline));
-    }
-    painter.setBrush(needle.colour);
-    painter.drawPolygon(turned(centre).map(needle.outline));
-    if (needle.edge == needle.colour) return;
-    painter.setBrush(needle.edge);
-    painter.drawPolygon(turned(centre).map(needle.half));
+    paintHubs(painter, properties(), layout);
 }
 
 void AngularGaugeDisplay::paintMoving(QPainter& painter) {
-    painter.setPen(Qt::NoPen);
-    for (const NeedlePlace& needle : m_layout.needles) paintNeedle(painter, needle);
+    // Edges come smooth from the pictures; smoothing the turned frames as well would cost most of a repaint.
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    for (NeedlePicture& needle : m_needles) needle.paint(painter, needle.angle(properties()));
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
     if (!m_hubs.isNull()) painter.drawPixmap(m_hubPlace, m_hubs);
+}
+
+QRect AngularGaugeDisplay::movedPart() const {
+    QRectF part;
+    for (const NeedlePicture& needle : m_needles) {
+        const double angle = needle.angle(properties());
+        if (angle != needle.paintedAngle())
+            part = part.united(needle.bounds(angle)).united(needle.bounds(needle.paintedAngle()));
+    }
+    return part.toAlignedRect();
 }
 
 } // namespace vistor

@@ -1,7 +1,7 @@
 // A dial with needles. In: properties by number, see kAngularGaugeTable. Out: a picture.
 #pragma once
 
-#include "instruments/displays/AngularGaugeLayout.h"
+#include "instruments/displays/AngularGaugeNeedle.h"
 #include "instruments/displays/InnerDisplay.h"
 
 namespace vistor {
@@ -15,12 +15,12 @@ public:
 protected:
     void paintStatic(QPainter& painter) override;
     void paintMoving(QPainter& painter) override;
+    QRect movedPart() const override;
 
 private:
-    void paintNeedle(QPainter& painter, const NeedlePlace& needle) const;
-    void paintHubPicture();
+    void paintHubPicture(const DialLayout& layout);
 
-    DialLayout m_layout;
+    std::vector<NeedlePicture> m_needles;
     QPixmap m_hubs; ///< what covers the needles
     QPointF m_hubPlace;
 };

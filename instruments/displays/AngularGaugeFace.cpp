@@ -1,6 +1,7 @@
 #include "instruments/displays/AngularGaugeFace.h"
 
 #include "instruments/Colours.h"
+#include "instruments/displays/AngularGaugeTics.h"
 
 #include <QFontMetricsF>
 #include <QLinearGradient>
@@ -12,27 +13,6 @@
 
 namespace vistor {
 namespace {
-
-constexpr int kSmallestText = 8; ///< pixels
-constexpr int kLongestText = 199;
-constexpr double kClosestTics = 2.5; ///< pixels from one to the next
-constexpr double kLabelGap = 0.35;   ///< between labels, share of their height
-
-QFont fontOf(const PropertyStore& p, int index, double radius) {
-    QFont font;
-    const int section = std::clamp(index, 0, std::max(p.integer(GaugeFonts) - 1, 0));
-    QStringList families;
-    for (const int number : {int(FontFamily), int(FontSubstitute)})
-        if (!p.text(number, section).isEmpty()) families << p.text(number, section).left(kLongestText);
-    if (!families.isEmpty()) font.setFamilies(families);
-    const double size = usualSize(p, FontSize, section, 100) / 100;
-    font.setPixelSize(std::max(qRound(size * radius), kSmallestText));
-    font.setBold(p.flag(FontBold, section));
-    font.setItalic(p.flag(FontItalic, section));
-    font.setUnderline(p.flag(FontUnderline, section));
-    font.setStrikeOut(p.flag(FontStrikeOut, section));
-    return font;
-}
 
 /// Lit from above: light at the top, dark at the bottom.
 QBrush metal(const QRectF& bounds, const QColor& colour, bool sunken) {
@@ -83,135 +63,13 @@ void paintAnnular(QPainter& painter, const PropertyStore& p, const DialLayout& l
                      colour);
 }
 
-/// One section of tics on its scale.
-struct TicRow {
-    ScalePlace on;
-    TicRun run;
-    double inner = 0;
-    double outer = 0;
-    double width = 0;
-
-    double angle(int tic) const { return dialAngle(on.scale, run.value(tic)); }
-    QPointF at(double radius, int tic) const { return dialPoint(on.place.centre, radius, angle(tic)); }
-};
-
-TicRow ticRow(const PropertyStore& p, const DialLayout& layout, int i) {
-    TicRow row;
-    row.on = layout.scaleAt(p.integer(TicScale, i));
-    double start = p.number(TicStartValue, i);
-    double stop = p.number(TicStopValue, i);
-    if (start == stop) {
-        start = row.on.scale.startValue;
-        stop = row.on.scale.stopValue;
-    }
-    row.run = ticRun(start, stop, p.number(TicStep, i), !p.flag(TicLabels, i));
-    const double radius = row.on.place.radius;
-    row.inner = std::min(usualSize(p, TicInnerRadius, i), 3.0) * radius;
-    row.outer = std::min(usualSize(p, TicOuterRadius, i), 3.0) * radius;
-    row.width = std::max(std::min(usualSize(p, TicWidth, i), 1.0) * radius, 1.0);
-    return row;
-}
-
-/// How far apart neighbours stand at the outer end, in pixels.
-double ticDistance(const TicRow& row) {
-    if (row.run.count < 2) return kClosestTics;
-    const QPointF between = row.at(row.outer, 1) - row.at(row.outer, 0);
-    return std::hypot(between.x(), between.y());
-}
-
-void paintLines(QPainter& painter, const TicRow& row, const QColor& colour) {
-    painter.setPen(QPen(colour, row.width, Qt::SolidLine, Qt::FlatCap));
-    for (int tic = 0; tic < row.run.count; ++tic)
-        painter.drawLine(row.at(row.inner, tic), row.at(row.outer, tic));
-}
-
-void paintTriangles(QPainter& painter, const TicRow& row, const QColor& colour) {
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(colour);
-    for (int tic = 0; tic < row.run.count; ++tic) {
-        const QPointF aside = dialPoint({}, row.width, row.angle(tic) + 90);
-        const QPointF base = row.at(row.outer, tic);
-        const QPointF corners[] = {row.at(row.inner, tic), base + aside, base - aside};
-        painter.drawConvexPolygon(corners, 3);
-    }
-}
-
-void paintDots(QPainter& painter, const TicRow& row, const QColor& colour) {
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(colour);
-    const double radius = std::max(row.width, 1.0);
-    for (int tic = 0; tic < row.run.count; ++tic)
-        painter.drawEllipse(row.at((row.inner + row.outer) / 2, tic), radius, radius);
-}
-
-struct Label {
-    QString text;
-    QPointF centre;
-    double angle = 0;
-};
-
-std::vector<Label> labelsOf(const PropertyStore& p, const TicRow& row, int i) {
-    const double asked = p.number(TicLabelDivisor, i);
-    const double divisor = asked != 0 && std::isfinite(asked) ? asked : 1;
-    const int decimals = p.integer(TicDecimals, i) < 0 ? labelDecimals(row.run, divisor)
-                                                       : std::min(p.integer(TicDecimals, i), 6);
-    const double radius = std::min(usualSize(p, TicLabelRadius, i), 3.0) * row.on.place.radius;
-    std::vector<Label> labels;
-    for (int tic = 0; tic < row.run.count; ++tic)
-        labels.push_back(
-            {labelText(row.run.value(tic) / divisor, decimals), row.at(radius, tic), row.angle(tic)});
-    return labels;
-}
-
-/// Along the dial, but never upside down.
-double turnOf(double angle) {
-    const double turned = std::remainder(angle, 360);
-    return std::abs(turned) > 90 ? turned + 180 : turned;
-}
-
-void paintLabels(QPainter& painter, const PropertyStore& p, const TicRow& row, int i) {
-    painter.setFont(fontOf(p, p.integer(TicFont, i), row.on.place.radius));
-    painter.setPen(colourOf(p.integer(TicLabelColour, i)));
-    const QFontMetricsF metrics(painter.font());
-    const double height = metrics.capHeight();
-    const std::vector<Label> labels = labelsOf(p, row, i);
-    std::vector<QRectF> boxes;
-    for (const Label& label : labels) {
-        const double width = metrics.horizontalAdvance(label.text) + kLabelGap * height;
-        boxes.emplace_back(label.centre.x() - width / 2, label.centre.y() - 0.6 * height, width,
-                           1.2 * height);
-    }
-    for (const int shown : labelsWithRoom(boxes)) {
-        const Label& label = labels[static_cast<std::size_t>(shown)];
-        const QPointF start(-metrics.horizontalAdvance(label.text) / 2, height / 2);
-        painter.save();
-        painter.translate(label.centre);
-        if (p.flag(TicLabelsTurned, i)) painter.rotate(turnOf(label.angle));
-        painter.drawText(start, label.text);
-        painter.restore();
-    }
-}
-
-void paintTics(QPainter& painter, const PropertyStore& p, const DialLayout& layout, int i) {
-    const TicRow row = ticRow(p, layout, i);
-    const QColor colour = colourOf(p.integer(TicColour, i));
-    const int form = p.integer(TicShape, i);
-    if (ticDistance(row) >= kClosestTics) {
-        if (form == int(TicForm::Triangle))
-            paintTriangles(painter, row, colour);
-        else if (form == int(TicForm::Dot))
-            paintDots(painter, row, colour);
-        else
-            paintLines(painter, row, colour);
-    }
-    if (p.flag(TicLabels, i)) paintLabels(painter, p, row, i);
-}
-
 void paintCaption(QPainter& painter, const PropertyStore& p, const DialLayout& layout, int i) {
-    const QString text = p.text(CaptionText, i).left(kLongestText);
+    const QString text = p.text(CaptionText, i).left(kLongestDialText);
     if (text.isEmpty()) return;
     const DialPlace& dial = layout.dial;
-    painter.setFont(fontOf(p, p.integer(CaptionFont, i), dial.radius));
+    const auto font = dialFont(p, p.integer(CaptionFont, i), dial.radius);
+    if (!font) return;
+    painter.setFont(*font);
     painter.setPen(colourOf(p.integer(CaptionColour, i)));
     const QFontMetricsF metrics(painter.font());
     const int alignment = p.integer(CaptionAlignment, i);

@@ -14,8 +14,8 @@ constexpr double kMostDegrees = 3600; ///< ten turns, for a needle that goes rou
 constexpr double kFullTurn = 360;
 constexpr int kAutomaticParts = 10;
 constexpr int kMostDecimals = 6;
-constexpr double kSectorMargin = 0.14; ///< rounding of a sector's corners
-constexpr double kHubRoom = 0.24;
+constexpr double kSectorMargin = 0.24; ///< rounding of a sector's corners: room for a hub and for labels
+constexpr double kFine = 1000; ///< outlines are joined in thousandths, which keeps their curves smooth
 
 double bounded(double angle) {
     return std::isfinite(angle) ? std::clamp(angle, -kMostDegrees, kMostDegrees) : 0;
@@ -33,28 +33,20 @@ QRectF around(const QPointF& centre, double radius) {
 QPainterPath spanOutline(const DialSpan& span) {
     const double start = bounded(span.startAngle);
     const double sweep = std::clamp(bounded(span.stopAngle) - start, -kFullTurn, kFullTurn);
-    const double margin = kSectorMargin * span.size;
-    QPainterPath pie(span.offset);
-    pie.arcTo(around(span.offset, span.size - margin), arcAngle(start), -sweep);
+    const double size = span.size * kFine;
+    const double margin = kSectorMargin * size;
+    QPainterPath pie(span.offset * kFine);
+    pie.arcTo(around(span.offset * kFine, size - margin), arcAngle(start), -sweep);
     pie.closeSubpath();
     QPainterPathStroker rounding;
     rounding.setWidth(2 * margin);
     rounding.setJoinStyle(Qt::RoundJoin);
-    rounding.setCurveThreshold(0.001); // these paths are of size 1
-    QPainterPath hub;
-    hub.addEllipse(span.offset, kHubRoom * span.size, kHubRoom * span.size);
-    return pie.united(rounding.createStroke(pie)).united(hub);
+    return pie.united(rounding.createStroke(pie));
 }
 
 bool isWholeTimes(double value, double unit) {
     const double times = value * unit;
     return std::abs(times - std::round(times)) <= 1e-6 * std::max(1.0, std::abs(times));
-}
-
-/// 2 has four parts, 1 and 5 have five, so that the parts are round as well.
-double partOf(double step) {
-    const double mantissa = step / std::pow(10, std::floor(std::log10(step) + 1e-9));
-    return std::lround(mantissa) == 2 ? step / 4 : step / 5;
 }
 
 bool haveRoom(std::span<const QRectF> boxes, std::size_t stride) {
@@ -96,7 +88,7 @@ QPointF dialPoint(const QPointF& centre, double radius, double angle) {
 QPainterPath sectorOutline(std::span<const DialSpan> spans) {
     QPainterPath outline;
     for (const DialSpan& span : spans) outline = outline.united(spanOutline(span));
-    return outline;
+    return QTransform::fromScale(1 / kFine, 1 / kFine).map(outline);
 }
 
 DialPlace placeFor(const QRectF& bounds, const QRectF& room) {
@@ -114,14 +106,24 @@ double roundStep(double range, int most) {
     return 10 * power;
 }
 
-TicRun ticRun(double start, double stop, double step, bool fine) {
+double partOfStep(double step) {
+    struct Division {
+        double mantissa;
+        double parts;
+    };
+    constexpr Division kDivisions[] = {{1.5, 3}, {2, 4}, {3, 3}, {4, 4}, {6, 3}, {8, 4}};
+    const double mantissa = step / std::pow(10, std::floor(std::log10(step) + 1e-9));
+    for (const Division& d : kDivisions)
+        if (std::abs(mantissa - d.mantissa) < 1e-6) return step / d.parts;
+    return step / 5;
+}
+
+TicRun ticRun(double start, double stop, double step) {
     const double range = std::abs(stop - start);
     if (!(range > 0) || !std::isfinite(range)) return {start, 1, std::isfinite(start) ? 1 : 0};
     double size = std::abs(step);
-    if (!(size > 0) || !(range / size < kMostTics)) {
-        const double round = roundStep(range, kAutomaticParts);
-        size = fine ? partOf(round) : round;
-    }
+    if (!(size > 0) || !std::isfinite(size) || !(range / size < kMostTics))
+        size = roundStep(range, kAutomaticParts);
     const int count = std::min(static_cast<int>(range / size + 1e-6) + 1, kMostTics);
     return {start, stop < start ? -size : size, count};
 }

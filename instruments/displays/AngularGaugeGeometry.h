@@ -34,7 +34,7 @@ struct DialSpan {
     double stopAngle = 135;
 };
 
-/// What the spans cover, each with a rim for tics and labels and room for a hub, rounded at the corners.
+/// What the spans cover, rounded at the corners, with room for a hub at each centre.
 QPainterPath sectorOutline(std::span<const DialSpan> spans);
 
 struct DialPlace {
@@ -54,9 +54,11 @@ struct TicRun {
 };
 inline constexpr int kMostTics = 1000;
 
-/// Tics from start to stop. A step that is 0 or would make too many tics gives way to a round one; `fine`
-/// asks then for parts of that.
-TicRun ticRun(double start, double stop, double step, bool fine);
+/// Tics from start to stop. A step that is 0 or would make too many tics gives way to a round one.
+TicRun ticRun(double start, double stop, double step);
+/// The step of a finer row of tics between those of `step`: a third, a quarter or a fifth, so that it is
+/// round.
+double partOfStep(double step);
 /// The smallest of 1, 2 and 5 times a power of ten that cuts the range into at most `most` parts.
 double roundStep(double range, int most);
 

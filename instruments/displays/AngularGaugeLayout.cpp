@@ -9,13 +9,14 @@ namespace vistor {
 namespace {
 
 constexpr double kShadowShare = 0.022;
+constexpr int kSmallestText = 8;        ///< pixels
+constexpr double kLostText = 5.4;       ///< what asks for less is left out: nobody could read it
 constexpr double kThinnestNeedle = 1.2; ///< pixels
 
 PanelStyle panelStyle(const PropertyStore& p, const QColor& page) {
     PanelStyle style;
     style.back = p.flag(GaugeOnPage) ? page : colourOf(p.integer(GaugeBackColour));
-    const int border = p.integer(GaugeBorder);
-    style.border = border >= 0 && border <= 3 ? Border(border) : Border::None;
+    style.border = borderOf(p.integer(GaugeBorder));
     style.borderWidth = std::clamp(p.integer(GaugeBorderWidth), 0, 20);
     style.light = colourOf(p.integer(GaugeBorderLight));
     style.shadow = colourOf(p.integer(GaugeBorderShadow));
@@ -104,7 +105,6 @@ NeedlePlace needleOf(const PropertyStore& p, int i, const ScalePlace& on) {
     needle.on = on;
     needle.half = needleHalf(formOf(p, i, on.place.radius));
     needle.outline = wholeOf(needle.half);
-    needle.bounds = needle.outline.boundingRect();
     needle.colour = colourOf(p.integer(NeedleColour, i));
     needle.edge = p.flag(GaugeShading) ? colourOf(p.integer(NeedleEdgeColour, i)) : needle.colour;
     needle.shadow = p.flag(NeedleShadow, i) ? kShadowShare * on.place.radius : 0;
@@ -122,6 +122,24 @@ double usualSize(const PropertyStore& properties, int number, int section, doubl
 double boundedPlace(const PropertyStore& properties, int number, int section) {
     const double place = properties.number(number, section);
     return std::isfinite(place) ? std::clamp(place, -3.0, 3.0) : 0;
+}
+
+std::optional<QFont> dialFont(const PropertyStore& properties, int section, double radius) {
+    const int index = std::clamp(section, 0, std::max(properties.integer(GaugeFonts) - 1, 0));
+    const double size = usualSize(properties, FontSize, index, 100) / 100 * radius;
+    if (size < kLostText) return {};
+    QFont font;
+    QStringList families;
+    for (const int number : {int(FontFamily), int(FontSubstitute)})
+        if (!properties.text(number, index).isEmpty())
+            families << properties.text(number, index).left(kLongestDialText);
+    if (!families.isEmpty()) font.setFamilies(families);
+    font.setPixelSize(std::max(qRound(size), kSmallestText));
+    font.setBold(properties.flag(FontBold, index));
+    font.setItalic(properties.flag(FontItalic, index));
+    font.setUnderline(properties.flag(FontUnderline, index));
+    font.setStrikeOut(properties.flag(FontStrikeOut, index));
+    return font;
 }
 
 ScalePlace DialLayout::scaleAt(int index) const {

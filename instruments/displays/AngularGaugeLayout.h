@@ -7,6 +7,9 @@
 #include "instruments/displays/Panel.h"
 
 #include <QColor>
+#include <QFont>
+
+#include <optional>
 
 namespace vistor {
 
@@ -23,7 +26,6 @@ struct NeedlePlace {
     QColor colour;
     QColor edge;
     double shadow = 0; ///< its distance; 0: none
-    QRectF bounds;     ///< of the outline
 };
 
 struct DialLayout {
@@ -42,6 +44,10 @@ struct DialLayout {
 
 /// `page` is the colour behind the instrument.
 DialLayout layOutDial(const PropertyStore& properties, const QRectF& panel, const QColor& page);
+
+inline constexpr int kLongestDialText = 199; ///< of a caption or the name of a font
+/// The font of a font section, for a dial of this radius. No value where it would be too small to read.
+std::optional<QFont> dialFont(const PropertyStore& properties, int section, double radius);
 
 /// A length or size as a property holds it: the usual one for 0 and less, at most `most`.
 double usualSize(const PropertyStore& properties, int number, int section, double most = 4);

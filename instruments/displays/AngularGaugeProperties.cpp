@@ -8,7 +8,6 @@ namespace {
 
 using enum PropertyType;
 
-constexpr const char* kBorders[] = {"None", "Flat", "Raised", "Sunken"};
 constexpr const char* kFaces[] = {"None", "Round", "Sector"};
 constexpr const char* kTicForms[] = {"Line", "Triangle", "Dot"};
 constexpr const char* kNeedleForms[] = {"Tapered", "Bar", "Lance", "Arrow", "Mark"};
@@ -28,7 +27,7 @@ constexpr int kInk = 0xF0ECE8;
 constexpr PropertyInfo kFixed[] = {
     keptProperty(96, String),
     colourProperty(GaugeBackColour, "Back Colour", 0x1E1812, kPanelGroup),
-    choiceProperty(GaugeBorder, Integer, "Border", int(Border::None), kBorders, kPanelGroup),
+    choiceProperty(GaugeBorder, Integer, "Border", int(Border::None), kBorderWords, kPanelGroup),
     wholeProperty(GaugeBorderWidth, "Border Width", 1, 0, 20, kPanelGroup),
     colourProperty(GaugeBorderLight, "Border Light Colour", 0x5C5044, kPanelGroup),
     colourProperty(GaugeBorderShadow, "Border Shadow Colour", 0x0C0A08, kPanelGroup),
@@ -89,9 +88,9 @@ constexpr PropertyInfo kTicFields[] = {
     colourProperty(TicColour, "Tic Colour", 0xB4AAA0),
     flagProperty(TicLabels, "Tic Labels", false),
     keptProperty(36, Boolean),
-    realProperty(TicInnerRadius, "Tic Inner Radius", 0.88),
-    realProperty(TicOuterRadius, "Tic Outer Radius", 0.94),
-    realProperty(TicLabelRadius, "Tic Label Radius", 0.65),
+    realProperty(TicInnerRadius, "Tic Inner Radius", 0.86),
+    realProperty(TicOuterRadius, "Tic Outer Radius", 0.92),
+    realProperty(TicLabelRadius, "Tic Label Radius", 0.63),
     realProperty(TicLabelDivisor, "Tic Label Divisor", 1),
     realProperty(TicStartValue, "Tic Start Value", 0),
     realProperty(TicStopValue, "Tic Stop Value", 0),
@@ -115,8 +114,8 @@ constexpr PropertyInfo kAnnularFields[] = {
     realProperty(AnnularTransparency, "Annuler Transparency", 0),
     realProperty(AnnularStartValue, "Annuler Start Value", 80),
     realProperty(AnnularStopValue, "Annuler Stop Value", 100),
-    realProperty(AnnularInnerRadius, "Annuler Inner Radius", 0.88),
-    realProperty(AnnularOuterRadius, "Annuler Outer Radius", 0.94),
+    realProperty(AnnularInnerRadius, "Annuler Inner Radius", 0.935),
+    realProperty(AnnularOuterRadius, "Annuler Outer Radius", 0.975),
 };
 
 constexpr PropertyInfo kHubFields[] = {
@@ -187,7 +186,7 @@ struct Setting {
 
 constexpr Setting kNewDial[] = {
     {FontSize, 0, 14},        {FontBold, 0, -1},         {FontSize, 1, 11},    {TicStopValue, 0, 100},
-    {TicLabels, 0, -1},       {TicInnerRadius, 0, 0.81}, {TicWidth, 0, 0.026}, {TicColour, 0, kInk},
+    {TicLabels, 0, -1},       {TicInnerRadius, 0, 0.79}, {TicWidth, 0, 0.026}, {TicColour, 0, kInk},
     {HubColour, 1, 0x857A70}, {HubRadius, 1, 0.05},
 };
 
