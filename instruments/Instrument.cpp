@@ -82,6 +82,7 @@ void Instrument::setColour(std::int32_t back, std::int32_t fore) {
     palette.setColor(QPalette::Window, colourOf(back));
     palette.setColor(QPalette::WindowText, colourOf(fore));
     lblTag->setPalette(palette);
+    m_display->setPalette(palette); // a display without a ground of its own lies on the page
     update();
 }
 

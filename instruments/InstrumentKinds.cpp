@@ -1,5 +1,6 @@
 #include "instruments/InstrumentKinds.h"
 
+#include "instruments/VXAGAUGE.h"
 #include "instruments/VXALPHANUME.h"
 #include "instruments/VXSTRIP.h"
 #include "instruments/VXXYGRAPH.h"
@@ -18,7 +19,8 @@ std::unique_ptr<Instrument> make(QWidget* parent) {
 
 /// In the order of the kinds.
 constexpr std::array<Maker, kInstrumentKinds.size()> kMakers{
-    nullptr, make<VXALPHANUME>, nullptr, nullptr, nullptr, nullptr, make<VXSTRIP>, make<VXXYGRAPH>, nullptr,
+    make<VXAGAUGE>, make<VXALPHANUME>, nullptr, nullptr, nullptr, nullptr, make<VXSTRIP>, make<VXXYGRAPH>,
+    nullptr,
 };
 
 } // namespace

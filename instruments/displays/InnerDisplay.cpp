@@ -34,7 +34,7 @@ void InnerDisplay::call(int method) {
 void InnerDisplay::redraw() {
     if (m_paintedRevision == m_properties.revision()) return;
     m_paintedRevision = m_properties.revision();
-    update();
+    update(staticPictureIsCurrent() ? movedPart() : rect());
 }
 
 void InnerDisplay::openPropertySheet() {
@@ -45,12 +45,17 @@ void InnerDisplay::openPropertySheet() {
     sheet.exec();
 }
 
+bool InnerDisplay::staticPictureIsCurrent() const {
+    const double ratio = devicePixelRatioF();
+    return m_staticRevision == m_properties.staticRevision() && m_static.devicePixelRatio() == ratio &&
+           m_static.size() == (QSizeF(size()) * ratio).toSize();
+}
+
 void InnerDisplay::refreshStaticPicture() {
+    if (staticPictureIsCurrent()) return;
     const double ratio = devicePixelRatioF();
     const QSize pixels = (QSizeF(size()) * ratio).toSize();
-    const bool same = m_static.size() == pixels && m_static.devicePixelRatio() == ratio;
-    if (same && m_staticRevision == m_properties.staticRevision()) return;
-    if (!same) m_static = QPixmap(pixels);
+    if (m_static.size() != pixels) m_static = QPixmap(pixels);
     m_static.setDevicePixelRatio(ratio);
     QPainter painter(&m_static);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -58,8 +63,10 @@ void InnerDisplay::refreshStaticPicture() {
     m_staticRevision = m_properties.staticRevision();
 }
 
-void InnerDisplay::paintEvent(QPaintEvent*) {
+void InnerDisplay::paintEvent(QPaintEvent* event) {
     if (size().isEmpty()) return;
+    const bool asked = m_paintedRevision == m_properties.revision();
+    if (!asked && event->rect() != rect()) update(); // what moved may stand beyond this part
     QPainter painter(this);
     const QSizeF pixels = QSizeF(size()) * devicePixelRatioF();
     if (pixels.width() * pixels.height() > kLargestPicture) {
@@ -82,6 +89,13 @@ void InnerDisplay::mousePressEvent(QMouseEvent* event) {
 void InnerDisplay::mouseMoveEvent(QMouseEvent* event) {
     event->accept();
     Q_EMIT moved();
+}
+
+void InnerDisplay::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange) return;
+    m_staticRevision = 0; // colours of the system and of the page come from there
+    update();
 }
 
 } // namespace vistor

@@ -40,12 +40,17 @@ protected:
     virtual void paintStatic(QPainter& painter) = 0;
     /// What moves with the data.
     virtual void paintMoving(QPainter& painter) = 0;
+    /// Where the moving part differs from what was painted last, as far as a kind knows: all of the rectangle
+    /// unless it tells.
+    virtual QRect movedPart() const { return rect(); }
 
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    bool staticPictureIsCurrent() const;
     void refreshStaticPicture();
 
     PropertyStore m_properties;

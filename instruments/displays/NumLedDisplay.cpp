@@ -2,6 +2,7 @@
 
 #include "instruments/Colours.h"
 #include "instruments/displays/Panel.h"
+#include "instruments/displays/PropertyMakers.h"
 
 #include <QPainter>
 
@@ -14,7 +15,6 @@ namespace {
 using enum PropertyType;
 
 constexpr const char* kModes[] = {"Numeric", "Alpha Numeric"};
-constexpr const char* kBorders[] = {"None", "Flat", "Raised", "Sunken"};
 constexpr const char* kAlignments[] = {"Left", "Right", "Centre"};
 constexpr const char* kPlaces[] = {"Above", "Below"};
 constexpr const char* kForms[] = {"By mode", "Seven segments", "Fourteen segments"};
@@ -24,76 +24,36 @@ constexpr const char* kDigitsGroup = "Digits";
 constexpr const char* kPanelGroup = "Panel";
 constexpr const char* kCaptionGroup = "Caption";
 
-constexpr PropertyInfo colour(NumLedProperty number, const char* label, int initial, const char* group) {
-    return {.number = number,
-            .type = Long,
-            .label = label,
-            .initial = double(initial),
-            .group = group,
-            .editor = Editor::Colour};
-}
-
-constexpr PropertyInfo choice(NumLedProperty number, PropertyType type, const char* label, int initial,
-                              const char* group, std::span<const char* const> words) {
-    return {.number = number,
-            .type = type,
-            .label = label,
-            .initial = double(initial),
-            .group = group,
-            .editor = Editor::Choice,
-            .choices = {words}};
-}
-
-constexpr PropertyInfo flag(NumLedProperty number, const char* label, bool initial, const char* group) {
-    return {
-        .number = number, .type = Boolean, .label = label, .initial = initial ? -1.0 : 0.0, .group = group};
-}
-
-constexpr PropertyInfo whole(NumLedProperty number, const char* label, int initial, const char* group,
-                             int low, int high) {
-    return {.number = number,
-            .type = Integer,
-            .label = label,
-            .initial = double(initial),
-            .group = group,
-            .low = double(low),
-            .high = double(high)};
-}
-
-constexpr PropertyInfo words(NumLedProperty number, const char* label, const char* group) {
-    return {.number = number, .type = String, .label = label, .group = group};
-}
-
 constexpr PropertyInfo kProperties[] = {
-    words(NumLedUnit, "Unit", kCaptionGroup),
-    flag(NumLedShading, "Shading", true, kPanelGroup),
-    {.number = 30, .type = Boolean},
-    colour(NumLedBackColour, "Back Colour", 0x1E1812, kPanelGroup),
-    choice(NumLedBorder, Integer, "Border", int(Border::Sunken), kPanelGroup, kBorders),
-    whole(NumLedBorderWidth, "Border Width", 1, kPanelGroup, 0, 20),
-    colour(NumLedBorderLight, "Border Light Colour", 0x5C5044, kPanelGroup),
-    colour(NumLedBorderShadow, "Border Shadow Colour", 0x0C0A08, kPanelGroup),
-    flag(NumLedShowCaption, "Show Caption", false, kCaptionGroup),
-    choice(NumLedCaptionAlignment, Integer, "Caption Alignment", 0, kCaptionGroup, kAlignments),
-    colour(NumLedCaptionColour, "Caption Colour", 0xC8BCAE, kCaptionGroup),
-    choice(NumLedCaptionPlace, Long, "Caption Place", 0, kCaptionGroup, kPlaces),
-    words(NumLedCaption, "Caption", kCaptionGroup),
-    whole(NumLedDigits, "Digits", 6, kDigitsGroup, 1, kMaximumCells),
-    whole(NumLedDecimals, "Decimals", 1, kDigitsGroup, 0, 15),
-    whole(NumLedSlant, "Slant", 7, kDigitsGroup, 0, 20),
-    whole(NumLedBarWidth, "Segment Width %", 17, kDigitsGroup, 6, 30),
-    whole(NumLedSpacing, "Digit Spacing %", 46, kDigitsGroup, 24, 150),
-    colour(NumLedLitColour, "Lit Colour", 0x2EB4FF, kDigitsGroup),
-    colour(NumLedUnlitColour, "Unlit Colour", 0x2A2923, kDigitsGroup),
-    flag(NumLedLeadingZeros, "Leading Zeros", false, kValueGroup),
-    flag(NumLedLeadingPlusMinus, "Leading PlusMinus", false, kValueGroup),
-    flag(NumLedShowUnlit, "Show Unlit Segments", true, kDigitsGroup),
-    flag(NumLedFixedDecimals, "Fixed Decimals", true, kValueGroup),
-    choice(NumLedAlignment, Integer, "Alignment", 1, kDigitsGroup, kAlignments),
-    whole(NumLedMargin, "Margin", 4, kPanelGroup, 0, 100),
-    {.number = 12, .type = Integer},
-    choice(NumLedDigitForm, Integer, "Digit Form", 0, kDigitsGroup, kForms),
-    choice(NumLedDisplayMode, Long, "Display Mode", 0, kValueGroup, kModes),
+    textProperty(NumLedUnit, "Unit", kCaptionGroup),
+    flagProperty(NumLedShading, "Shading", true, kPanelGroup),
+    keptProperty(30, Boolean),
+    colourProperty(NumLedBackColour, "Back Colour", 0x1E1812, kPanelGroup),
+    choiceProperty(NumLedBorder, Integer, "Border", int(Border::Sunken), kBorderWords, kPanelGroup),
+    wholeProperty(NumLedBorderWidth, "Border Width", 1, 0, 20, kPanelGroup),
+    colourProperty(NumLedBorderLight, "Border Light Colour", 0x5C5044, kPanelGroup),
+    colourProperty(NumLedBorderShadow, "Border Shadow Colour", 0x0C0A08, kPanelGroup),
+    flagProperty(NumLedShowCaption, "Show Caption", false, kCaptionGroup),
+    choiceProperty(NumLedCaptionAlignment, Integer, "Caption Alignment", 0, kAlignments, kCaptionGroup),
+    colourProperty(NumLedCaptionColour, "Caption Colour", 0xC8BCAE, kCaptionGroup),
+    choiceProperty(NumLedCaptionPlace, Long, "Caption Place", 0, kPlaces, kCaptionGroup),
+    textProperty(NumLedCaption, "Caption", kCaptionGroup),
+    wholeProperty(NumLedDigits, "Digits", 6, 1, kMaximumCells, kDigitsGroup),
+    wholeProperty(NumLedDecimals, "Decimals", 1, 0, 15, kDigitsGroup),
+    wholeProperty(NumLedSlant, "Slant", 7, 0, 20, kDigitsGroup),
+    wholeProperty(NumLedBarWidth, "Segment Width %", 17, 6, 30, kDigitsGroup),
+    wholeProperty(NumLedSpacing, "Digit Spacing %", 46, 24, 150, kDigitsGroup),
+    colourProperty(NumLedLitColour, "Lit Colour", 0x2EB4FF, kDigitsGroup),
+    colourProperty(NumLedUnlitColour, "Unlit Colour", 0x2A2923, kDigitsGroup),
+    flagProperty(NumLedLeadingZeros, "Leading Zeros", false, kValueGroup),
+    flagProperty(NumLedLeadingPlusMinus, "Leading PlusMinus", false, kValueGroup),
+    flagProperty(NumLedShowUnlit, "Show Unlit Segments", true, kDigitsGroup),
+    flagProperty(NumLedFixedDecimals, "Fixed Decimals", true, kValueGroup),
+    choiceProperty(NumLedAlignment, Integer, "Alignment", 1, kAlignments, kDigitsGroup),
+    wholeProperty(NumLedMargin, "Margin", 4, 0, 100, kPanelGroup),
+    keptProperty(12, Integer),
+    choiceProperty(NumLedDigitForm, Integer, "Digit Form", 0, kForms, kDigitsGroup),
+    choiceProperty(NumLedDisplayMode, Long, "Display Mode", 0, kModes, kValueGroup),
     {.number = NumLedText, .type = String, .label = "Text", .group = kValueGroup, .live = true},
     {.number = NumLedValue, .type = Double, .label = "Value", .group = kValueGroup, .live = true},
     {.number = NumLedDefault, .type = Double, .live = true},
@@ -125,8 +85,7 @@ PanelStyle panelStyle(const PropertyStore& p) {
     PanelStyle style;
     style.back = colourIn(p, NumLedBackColour);
     style.shaded = p.flag(NumLedShading);
-    const int border = p.integer(NumLedBorder);
-    style.border = border >= 0 && border <= 3 ? Border(border) : Border::None;
+    style.border = borderOf(p.integer(NumLedBorder));
     style.borderWidth = bounded(p, NumLedBorderWidth);
     style.light = colourIn(p, NumLedBorderLight);
     style.shadow = colourIn(p, NumLedBorderShadow);

@@ -15,7 +15,7 @@ constexpr double kCaptionShare = 0.17; ///< of the panel's height
 constexpr double kCaptionLine = 1.35;  ///< band over text height
 constexpr double kShadingShare = 0.10;
 
-double borderOf(const PanelStyle& style) {
+double borderWidthOf(const PanelStyle& style) {
     return style.border == Border::None ? 0 : style.borderWidth;
 }
 
@@ -29,7 +29,7 @@ double captionBand(const PanelStyle& style, const QRectF& panel) {
 }
 
 QRectF insideBorder(const PanelStyle& style, const QRectF& panel) {
-    const double b = std::min({borderOf(style), panel.width() / 2, panel.height() / 2});
+    const double b = std::min({borderWidthOf(style), panel.width() / 2, panel.height() / 2});
     return panel.adjusted(b, b, -b, -b);
 }
 
@@ -45,7 +45,7 @@ QPainterPath edges(const QRectF& outer, const QRectF& inner, bool upper) {
 }
 
 void paintBorder(QPainter& painter, const PanelStyle& style, const QRectF& panel) {
-    if (borderOf(style) <= 0) return;
+    if (borderWidthOf(style) <= 0) return;
     const QRectF inner = insideBorder(style, panel);
     const bool sunken = style.border == Border::Sunken;
     const QColor upper = sunken ? style.shadow : style.light;

@@ -11,6 +11,12 @@ class QPainter;
 namespace vistor {
 
 enum class Border { None, Flat, Raised, Sunken };
+inline constexpr const char* kBorderWords[] = {"None", "Flat", "Raised", "Sunken"};
+
+/// The border of a property's value; none for another number.
+constexpr Border borderOf(int choice) {
+    return choice >= 0 && choice <= int(Border::Sunken) ? Border(choice) : Border::None;
+}
 
 struct PanelStyle {
     QColor back;

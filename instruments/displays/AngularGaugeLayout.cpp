@@ -1,0 +1,177 @@
+#include "instruments/displays/AngularGaugeLayout.h"
+
+#include "instruments/Colours.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vistor {
+namespace {
+
+constexpr double kShadowShare = 0.022;
+constexpr int kSmallestText = 8;        ///< pixels
+constexpr double kLostText = 5.4;       ///< what asks for less is left out: nobody could read it
+constexpr double kThinnestNeedle = 1.2; ///< pixels
+
+PanelStyle panelStyle(const PropertyStore& p, const QColor& page) {
+    PanelStyle style;
+    style.back = p.flag(GaugeOnPage) ? page : colourOf(p.integer(GaugeBackColour));
+    style.border = borderOf(p.integer(GaugeBorder));
+    style.borderWidth = std::clamp(p.integer(GaugeBorderWidth), 0, 20);
+    style.light = colourOf(p.integer(GaugeBorderLight));
+    style.shadow = colourOf(p.integer(GaugeBorderShadow));
+    return style;
+}
+
+/// A scale runs over all the values that its tics stand at, in the direction of the first of them.
+DialScale scaleOf(const PropertyStore& p, int index) {
+    DialScale scale{.startAngle = p.number(ScaleStartAngle, index),
+                    .stopAngle = p.number(ScaleStopAngle, index)};
+    bool found = false;
+    for (int tic = 0; tic < p.integer(GaugeTics); ++tic) {
+        const double start = p.number(TicStartValue, tic);
+        const double stop = p.number(TicStopValue, tic);
+        if (std::max(p.integer(TicScale, tic), 0) != index || start == stop) continue;
+        if (!found) {
+            scale.startValue = start;
+            scale.stopValue = stop;
+        }
+        const bool upward = scale.startValue < scale.stopValue;
+        const auto [low, high] = std::minmax({start, stop, scale.startValue, scale.stopValue});
+        scale.startValue = upward ? low : high;
+        scale.stopValue = upward ? high : low;
+        found = true;
+    }
+    return scale;
+}
+
+std::vector<DialSpan> spansOf(const PropertyStore& p) {
+    std::vector<DialSpan> spans;
+    constexpr int kMostSpans = 8; // as many as a person can tell apart; joining outlines is costly
+    for (int i = 0; i < std::min(p.integer(GaugeScales), kMostSpans); ++i)
+        spans.push_back({{boundedPlace(p, ScaleX, i), boundedPlace(p, ScaleY, i)},
+                         usualSize(p, ScaleSize, i),
+                         p.number(ScaleStartAngle, i),
+                         p.number(ScaleStopAngle, i)});
+    if (spans.empty()) spans.emplace_back();
+    return spans;
+}
+
+QPainterPath unitOutline(const PropertyStore& p, GaugeFaceForm face) {
+    if (face != GaugeFaceForm::Round) return sectorOutline(spansOf(p));
+    QPainterPath circle;
+    circle.addEllipse(QPointF(), 1, 1);
+    return circle;
+}
+
+DialPlace placeOf(const PropertyStore& p, const QRectF& outline, double rim, const QRectF& room) {
+    if (p.flag(GaugeAutomaticPlace)) return placeFor(outline.adjusted(-rim, -rim, rim, rim), room);
+    const double x = std::clamp(p.number(GaugeDialX), -2.0, 3.0);
+    const double y = std::clamp(p.number(GaugeDialY), -2.0, 3.0);
+    const double radius = usualSize(p, GaugeDialRadius, 0, 4) * std::min(room.width(), room.height()) / 2;
+    return {{room.left() + x * room.width(), room.top() + y * room.height()}, radius};
+}
+
+void layOutScales(DialLayout& layout, const PropertyStore& p) {
+    const DialPlace& dial = layout.dial;
+    for (int i = 0; i < p.integer(GaugeScales); ++i) {
+        const QPointF offset(boundedPlace(p, ScaleX, i), boundedPlace(p, ScaleY, i));
+        layout.scales.push_back(
+            {scaleOf(p, i), {dial.centre + offset * dial.radius, dial.radius * usualSize(p, ScaleSize, i)}});
+    }
+}
+
+NeedleForm formOf(const PropertyStore& p, int i, double radius) {
+    const int shape = p.integer(NeedleForms, i);
+    const double width = std::max(usualSize(p, NeedleWidth, i) * radius, kThinnestNeedle);
+    return {.shape =
+                shape >= 0 && shape <= int(NeedleShape::Mark) ? NeedleShape(shape) : NeedleShape::Tapered,
+            .length = usualSize(p, NeedleLength, i) * radius,
+            .tail = std::clamp(p.number(NeedleTail, i), 0.0, 4.0) * radius,
+            .width = width,
+            .tipWidth = std::min(usualSize(p, NeedleTipWidth, i) * radius, width)};
+}
+
+QPolygonF wholeOf(const QPolygonF& half) {
+    QPolygonF whole = half;
+    for (auto point = half.rbegin(); point != half.rend(); ++point)
+        if (point->x() != 0) whole << QPointF(-point->x(), point->y());
+    return whole;
+}
+
+NeedlePlace needleOf(const PropertyStore& p, int i, const ScalePlace& on) {
+    NeedlePlace needle;
+    needle.section = i;
+    needle.on = on;
+    needle.half = needleHalf(formOf(p, i, on.place.radius));
+    needle.outline = wholeOf(needle.half);
+    needle.colour = colourOf(p.integer(NeedleColour, i));
+    needle.edge = p.flag(GaugeShading) ? colourOf(p.integer(NeedleEdgeColour, i)) : needle.colour;
+    needle.shadow = p.flag(NeedleShadow, i) ? kShadowShare * on.place.radius : 0;
+    return needle;
+}
+
+} // namespace
+
+double usualSize(const PropertyStore& properties, int number, int section, double most) {
+    const double size = properties.number(number, section);
+    if (size > 0) return std::min(size, most);
+    return properties.table().info(number)->initial;
+}
+
+double boundedPlace(const PropertyStore& properties, int number, int section) {
+    const double place = properties.number(number, section);
+    return std::isfinite(place) ? std::clamp(place, -3.0, 3.0) : 0;
+}
+
+std::optional<QFont> dialFont(const PropertyStore& properties, int section, double radius) {
+    const int index = std::clamp(section, 0, std::max(properties.integer(GaugeFonts) - 1, 0));
+    const double size = usualSize(properties, FontSize, index, 100) / 100 * radius;
+    if (size < kLostText) return {};
+    QFont font;
+    QStringList families;
+    for (const int number : {int(FontFamily), int(FontSubstitute)})
+        if (!properties.text(number, index).isEmpty())
+            families << properties.text(number, index).left(kLongestDialText);
+    if (!families.isEmpty()) font.setFamilies(families);
+    font.setPixelSize(std::max(qRound(size), kSmallestText));
+    font.setBold(properties.flag(FontBold, index));
+    font.setItalic(properties.flag(FontItalic, index));
+    font.setUnderline(properties.flag(FontUnderline, index));
+    font.setStrikeOut(properties.flag(FontStrikeOut, index));
+    return font;
+}
+
+ScalePlace DialLayout::scaleAt(int index) const {
+    if (scales.empty()) return {{}, dial};
+    const int last = static_cast<int>(scales.size()) - 1;
+    return scales[static_cast<std::size_t>(std::clamp(index, 0, last))];
+}
+
+DialLayout layOutDial(const PropertyStore& properties, const QRectF& panel, const QColor& page) {
+    DialLayout layout;
+    layout.panel = panel;
+    layout.style = panelStyle(properties, page);
+    const int face = properties.integer(GaugeFace);
+    layout.face = face == int(GaugeFaceForm::Round)    ? GaugeFaceForm::Round
+                  : face == int(GaugeFaceForm::Sector) ? GaugeFaceForm::Sector
+                                                       : GaugeFaceForm::None;
+    const double rim =
+        layout.face == GaugeFaceForm::None ? 0 : std::clamp(properties.number(GaugeRimWidth), 0.0, 0.5);
+    const QPainterPath outline = unitOutline(properties, layout.face);
+    const double spare = std::min(1.0, std::min(panel.width(), panel.height()) / 4);
+    const QRectF room = panelInside(layout.style, panel).adjusted(spare, spare, -spare, -spare);
+    layout.dial = placeOf(properties, outline.boundingRect(), rim, room);
+    layout.rim = rim * layout.dial.radius;
+    const QTransform toPlace(layout.dial.radius, 0, 0, layout.dial.radius, layout.dial.centre.x(),
+                             layout.dial.centre.y());
+    layout.outline = toPlace.map(outline);
+    layOutScales(layout, properties);
+    for (int i = 0; i < properties.integer(GaugeNeedles); ++i)
+        if (!properties.flag(NeedleHidden, i))
+            layout.needles.push_back(
+                needleOf(properties, i, layout.scaleAt(properties.integer(NeedleScale, i))));
+    return layout;
+}
+
+} // namespace vistor

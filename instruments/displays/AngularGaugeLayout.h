@@ -1,0 +1,57 @@
+// A dial laid out for a size: what the properties ask for, in logical pixels. In: properties and a rectangle.
+// Out: places of the dial, its scales and needles. Numbers from a file are brought into bounds here.
+#pragma once
+
+#include "instruments/displays/AngularGaugeGeometry.h"
+#include "instruments/displays/AngularGaugeProperties.h"
+#include "instruments/displays/Panel.h"
+
+#include <QColor>
+#include <QFont>
+
+#include <optional>
+
+namespace vistor {
+
+struct ScalePlace {
+    DialScale scale;
+    DialPlace place;
+};
+
+struct NeedlePlace {
+    int section = 0;
+    ScalePlace on;
+    QPolygonF outline; ///< pointing up from (0, 0)
+    QPolygonF half;    ///< its right half, in the edge colour
+    QColor colour;
+    QColor edge;
+    double shadow = 0; ///< its distance; 0: none
+};
+
+struct DialLayout {
+    QRectF panel;
+    PanelStyle style;
+    GaugeFaceForm face = GaugeFaceForm::None;
+    QPainterPath outline; ///< of the face
+    DialPlace dial;
+    double rim = 0; ///< its width
+    std::vector<ScalePlace> scales;
+    std::vector<NeedlePlace> needles; ///< those to be seen
+
+    /// The scale of a section that names it by number; the nearest one, or a usual one where there is none.
+    ScalePlace scaleAt(int index) const;
+};
+
+/// `page` is the colour behind the instrument.
+DialLayout layOutDial(const PropertyStore& properties, const QRectF& panel, const QColor& page);
+
+inline constexpr int kLongestDialText = 199; ///< of a caption or the name of a font
+/// The font of a font section, for a dial of this radius. No value where it would be too small to read.
+std::optional<QFont> dialFont(const PropertyStore& properties, int section, double radius);
+
+/// A length or size as a property holds it: the usual one for 0 and less, at most `most`.
+double usualSize(const PropertyStore& properties, int number, int section, double most = 4);
+/// A place or a radius, within three radii of the dial.
+double boundedPlace(const PropertyStore& properties, int number, int section);
+
+} // namespace vistor

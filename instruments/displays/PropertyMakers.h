@@ -1,0 +1,64 @@
+// Short forms for the lines of a kind's table. In: number, label, default. Out: the declaration.
+#pragma once
+
+#include "instruments/displays/PropertyTable.h"
+
+namespace vistor {
+
+constexpr PropertyInfo colourProperty(std::int16_t number, const char* label, int initial,
+                                      const char* group = nullptr) {
+    return {.number = number,
+            .type = PropertyType::Long,
+            .label = label,
+            .initial = double(initial),
+            .group = group,
+            .editor = Editor::Colour};
+}
+
+constexpr PropertyInfo choiceProperty(std::int16_t number, PropertyType type, const char* label, int initial,
+                                      std::span<const char* const> words, const char* group = nullptr) {
+    return {.number = number,
+            .type = type,
+            .label = label,
+            .initial = double(initial),
+            .group = group,
+            .editor = Editor::Choice,
+            .choices = {words}};
+}
+
+constexpr PropertyInfo flagProperty(std::int16_t number, const char* label, bool initial,
+                                    const char* group = nullptr) {
+    return {.number = number,
+            .type = PropertyType::Boolean,
+            .label = label,
+            .initial = initial ? -1.0 : 0.0,
+            .group = group};
+}
+
+constexpr PropertyInfo wholeProperty(std::int16_t number, const char* label, int initial, int low, int high,
+                                     const char* group = nullptr) {
+    return {.number = number,
+            .type = PropertyType::Integer,
+            .label = label,
+            .initial = double(initial),
+            .group = group,
+            .low = double(low),
+            .high = double(high)};
+}
+
+constexpr PropertyInfo realProperty(std::int16_t number, const char* label, double initial,
+                                    const char* group = nullptr) {
+    return {
+        .number = number, .type = PropertyType::Double, .label = label, .initial = initial, .group = group};
+}
+
+constexpr PropertyInfo textProperty(std::int16_t number, const char* label, const char* group = nullptr) {
+    return {.number = number, .type = PropertyType::String, .label = label, .group = group};
+}
+
+/// Kept and given back, without a meaning for the picture.
+constexpr PropertyInfo keptProperty(std::int16_t number, PropertyType type) {
+    return {.number = number, .type = type};
+}
+
+} // namespace vistor

@@ -1,0 +1,351 @@
+#include "instruments/VXAGAUGE.h"
+
+#include "instruments/Colours.h"
+#include "instruments/PropertyEditors.h"
+#include "instruments/PropertyModel.h"
+#include "instruments/PropertySheet.h"
+#include "instruments/displays/AngularGaugeDisplay.h"
+#include "variables/GlobalVarsAndTypes.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QPushButton>
+#include <QScreen>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace vistor {
+namespace {
+
+struct Field {
+    int number;
+    char type; ///< i whole, d double, b flag, s text, n selector
+};
+using Fields = std::vector<Field>;
+
+/// The saved list as files have it, written down apart from the display's own table.
+const Fields kFixedFields{{96, 's'}, {97, 'i'}, {3, 'i'},  {4, 'i'},  {1, 'i'},  {2, 'i'},  {5, 'b'},
+                          {8, 'i'},  {7, 'i'},  {6, 'i'},  {9, 's'},  {12, 'i'}, {17, 'i'}, {18, 'd'},
+                          {11, 'd'}, {13, 'd'}, {15, 'd'}, {16, 's'}, {93, 'b'}, {94, 'b'}};
+constexpr int kCounts[] = {19, 28, 43, 45, 51, 60, 65};
+const Fields kBlocks[] = {
+    {{20, 'n'}, {23, 'd'}, {22, 'd'}, {21, 'i'}, {24, 'd'}, {25, 'd'}, {26, 'd'}, {27, 'd'}},
+    {{29, 'n'}, {-512, 's'}, {82, 's'}, {83, 'd'}, {84, 'b'}, {85, 'b'}, {86, 'b'}, {87, 'b'}},
+    {{44, 'n'},
+     {32, 'i'},
+     {38, 'i'},
+     {41, 'i'},
+     {90, 'b'},
+     {91, 'i'},
+     {92, 'i'},
+     {31, 'd'},
+     {30, 'i'},
+     {34, 'b'},
+     {36, 'b'},
+     {35, 'd'},
+     {33, 'd'},
+     {37, 'd'},
+     {42, 'd'},
+     {39, 'd'},
+     {40, 'd'},
+     {88, 'd'}},
+    {{46, 'n'}, {48, 'i'}, {80, 'i'}, {47, 'i'}, {49, 'd'}, {50, 'd'}, {-518, 's'}},
+    {{52, 'n'}, {57, 'i'}, {53, 'i'}, {54, 'd'}, {58, 'd'}, {59, 'd'}, {55, 'd'}, {56, 'd'}},
+    {{61, 'n'}, {64, 'i'}, {62, 'i'}, {63, 'd'}},
+    {{66, 'n'},
+     {74, 'i'},
+     {89, 'i'},
+     {76, 'i'},
+     {95, 'b'},
+     {67, 'i'},
+     {77, 'd'},
+     {0, 'd'},
+     {73, 'd'},
+     {78, 'd'},
+     {75, 's'},
+     {68, 'b'},
+     {70, 'i'},
+     {79, 'i'},
+     {71, 'd'},
+     {72, 'd'},
+     {69, 'i'}},
+};
+constexpr std::size_t kBlockCount = std::size(kBlocks);
+using Counts = std::array<int, kBlockCount>;
+
+/// An item of its own for every position.
+QString itemFor(char type, int index, qsizetype position) {
+    switch (type) {
+    case 'n':
+        return QString::number(index);
+    case 's':
+        return QStringLiteral("text %1").arg(position);
+    case 'b':
+        return position % 2 != 0 ? QStringLiteral("-1") : QStringLiteral("0");
+    case 'd':
+        return QString::number(double(position) + 0.25);
+    default:
+        return QString::number(position % 30000);
+    }
+}
+
+QStringList fullList(const Counts& counts, const QStringList& pins) {
+    QStringList list{"3000", "3015"};
+    for (const Field& field : kFixedFields) list << itemFor(field.type, 0, list.size());
+    for (const int count : counts) list << QString::number(count);
+    for (std::size_t block = 0; block < kBlockCount; ++block)
+        for (int i = 0; i < counts[block]; ++i)
+            for (const Field& field : kBlocks[block]) list << itemFor(field.type, i, list.size());
+    return list + pins;
+}
+
+void expectProperty(const PropertyStore& p, const Field& field, int index, const QString& item) {
+    if (field.type == 's') {
+        EXPECT_EQ(p.text(field.number, index), item) << field.number;
+    } else if (field.type != 'n') {
+        EXPECT_EQ(p.number(field.number, index), item.toDouble()) << field.number;
+    }
+}
+
+/// Every property against the item at its position.
+void expectProperties(const PropertyStore& p, const Counts& counts, const QStringList& list) {
+    qsizetype position = 2;
+    for (const Field& field : kFixedFields) expectProperty(p, field, 0, list.at(position++));
+    for (std::size_t block = 0; block < kBlockCount; ++block, ++position)
+        EXPECT_EQ(p.number(kCounts[block]), counts[block]);
+    for (std::size_t block = 0; block < kBlockCount; ++block)
+        for (int i = 0; i < counts[block]; ++i)
+            for (const Field& field : kBlocks[block]) expectProperty(p, field, i, list.at(position++));
+}
+
+TEST(VXAGAUGE, ListKeepsEveryPosition) {
+    const struct {
+        Counts counts;
+        QStringList pins;
+    } cases[] = {
+        {{1, 2, 2, 1, 1, 2, 1}, {"1", "1", "EngineSpeed"}},
+        {{0, 0, 0, 0, 0, 0, 0}, {"0", "0"}},
+        {{3, 1, 4, 2, 5, 1, 3}, {"1", "2", "", "OilPressure"}},
+        {{1, 0, 0, 7, 0, 3, 0}, {"2", "4", "a", "", "", "b"}},
+        {{256, 1, 3, 1, 1, 1, 256}, {"0", "0"}},
+    };
+    for (const auto& c : cases) {
+        VXAGAUGE gauge(nullptr);
+        const QStringList list = fullList(c.counts, c.pins);
+        gauge.Deserialise(list);
+        expectProperties(gauge.inCTRL().properties(), c.counts, list);
+        gauge.inCTRL().properties().setNumber(NeedleSelector, 5);
+        QStringList written;
+        EXPECT_EQ(gauge.Serialise(written), list.size() - 1);
+        EXPECT_EQ(written, list);
+        EXPECT_EQ(gauge.inCTRL().properties().number(NeedleSelector), 5);
+        EXPECT_EQ(gauge.size(), QSize(200, 201));
+    }
+}
+
+QImage pictureOf(Instrument& instrument) {
+    return instrument.inCTRL().grab().toImage();
+}
+
+TEST(VXAGAUGE, HostileListsComeUpWithinBounds) {
+    const QStringList good = fullList({1, 2, 2, 1, 1, 2, 1}, {"1", "1", "a"});
+    const auto read = [](const QStringList& list) {
+        VXAGAUGE gauge(nullptr);
+        gauge.Deserialise(list);
+        for (const int count : kCounts) EXPECT_LE(gauge.inCTRL().properties().number(count), 256);
+        QStringList written;
+        EXPECT_EQ(gauge.Serialise(written), written.size() - 1);
+        EXPECT_LT(written.size(), 40'000);
+        gauge.setSizeTwips(1500, 1500);
+        pictureOf(gauge);
+    };
+    for (qsizetype size = 0; size < good.size(); size += 3) read(good.first(size));
+    for (const char* item : {"1000000", "-5", "x", "", "1e300", "-1e300", "nan"}) {
+        read(QStringList(good.size(), QString::fromLatin1(item)));
+        for (qsizetype place = 22; place < good.size(); place += 1) {
+            QStringList list = good;
+            list[place] = QString::fromLatin1(item);
+            if (place < 30 || place % 5 == 0) read(list);
+        }
+    }
+    QStringList pins = good;
+    pins[good.size() - 2] = QStringLiteral("-7");
+    read(pins);
+}
+
+TEST(VXAGAUGE, ValuesGoToTheNeedleOfTheirPin) {
+    const struct {
+        int needles;
+        int pin;
+        int section; ///< -1: the one that was current
+    } cases[] = {{1, 1, 0}, {1, 7, 0}, {3, 1, 1}, {3, 2, 2}, {3, 3, 0}, {3, 5, 2}, {2, -1, -1}, {0, 1, -1}};
+    for (const auto& c : cases) {
+        VXAGAUGE gauge(nullptr);
+        PropertyStore& p = gauge.inCTRL().properties();
+        p.setNumber(GaugeNeedles, c.needles);
+        gauge.refreshValue(std::int16_t(c.pin), 12.5F);
+        for (int i = 0; i < c.needles; ++i)
+            EXPECT_EQ(p.number(NeedleValue, i), i == std::max(c.section, 0) ? 12.5 : 0) << c.pin;
+    }
+}
+
+TEST(VXAGAUGE, FeedsThePropertiesWindowFromTheCurrentSections) {
+    VXAGAUGE gauge(nullptr);
+    gauge.show();
+    PropertyStore& p = gauge.inCTRL().properties();
+    p.setNumber(TicStep, 1, 2.5);
+    p.setNumber(TicStopValue, 1, 40);
+    p.setNumber(TicSelector, 1);
+    QSignalSpy shown(&gauge, &Instrument::propertiesShown);
+    PropertiesWindowShown = true;
+    QTest::mouseMove(gauge.windowHandle(), QPoint(50, 50));
+    ASSERT_EQ(shown.count(), 1);
+    EXPECT_EQ(shown.at(0).at(0).toString(), "Angular Gauge");
+    EXPECT_EQ(shown.at(0).at(1).toStringList(),
+              (QStringList{"Tic Start Value", "Tic Stop Value", "Tic Default Value", "Tic Labels",
+                           "Scale Start Angle", "Scale Stop Angle", "Annuler Inner Radius",
+                           "Annuler Outer Radius", "Annuler Start Value", "Annuler Stop Value"}));
+    EXPECT_EQ(shown.at(0).at(2).toStringList(),
+              (QStringList{"0", "40", "2.5", "Off", "-135", "135", "0.935", "0.975", "80", "100"}));
+}
+
+/// A gauge to look at, with the places that its display paints to.
+struct ShownGauge {
+    VXAGAUGE gauge{nullptr};
+    PropertyStore& p = gauge.inCTRL().properties();
+
+    explicit ShownGauge(int size) { gauge.setSizeTwips(size * 15, size * 15); }
+    /// The colour at a share of the radius and an angle, so many pixels to the left of that ray.
+    QColor at(double share, double angle, double aside = 0) {
+        const DialLayout layout = layOutDial(p, gauge.inCTRL().rect(), Qt::white);
+        const QPointF left = dialPoint({}, aside, angle - 90);
+        const QPointF place = dialPoint(layout.dial.centre, share * layout.dial.radius, angle) + left;
+        return pictureOf(gauge).pixelColor(int(place.x()), int(place.y()));
+    }
+};
+
+TEST(VXAGAUGE, NeedlePointsAtItsValue) {
+    const struct {
+        double value;
+        double angle;
+    } cases[] = {{0, -135}, {25, -67.5}, {50, 0}, {75, 67.5}, {100, 135}, {250, 135}, {-1e300, -135}};
+    for (const int size : {200, 300, 800}) {
+        ShownGauge shown(size);
+        const QColor needle = colourOf(shown.p.integer(NeedleColour, 0));
+        const double aside = size * 0.006;
+        for (const auto& c : cases) {
+            shown.gauge.refreshValue(1, float(std::max(c.value, -1e30)));
+            EXPECT_EQ(shown.at(0.5, c.angle, aside), needle) << size << ": " << c.value;
+            EXPECT_NE(shown.at(0.5, c.angle + 30, aside), needle) << size << ": " << c.value;
+            EXPECT_NE(shown.at(0.5, c.angle + 180, aside), needle) << "the tail is short";
+        }
+    }
+    ShownGauge lost(300);
+    lost.gauge.refreshValue(1, std::numeric_limits<float>::quiet_NaN());
+    EXPECT_EQ(lost.at(0.5, -135, 2), colourOf(lost.p.integer(NeedleColour, 0)));
+}
+
+TEST(VXAGAUGE, MovingNeedlesLeaveNoTrace) {
+    ShownGauge shown(300);
+    shown.p.setNumber(GaugeNeedles, 2);
+    shown.gauge.mode(false);
+    shown.gauge.show();
+    QTest::qWait(20);
+    for (const float value : {3.0F, 97.0F, 40.0F, 41.0F, 250.0F}) {
+        shown.gauge.refreshValue(1, value);
+        shown.gauge.refreshValue(2, 100 - value);
+        QTest::qWait(20);
+        const QImage screen = shown.gauge.screen()->grabWindow(shown.gauge.winId()).toImage();
+        EXPECT_EQ(screen.convertToFormat(QImage::Format_RGB32),
+                  shown.gauge.grab().toImage().convertToFormat(QImage::Format_RGB32))
+            << value;
+    }
+}
+
+TEST(VXAGAUGE, PartsStandWhereTheyAreAsked) {
+    ShownGauge shown(400);
+    shown.gauge.setColour(0x00C864, 0);
+    EXPECT_EQ(pictureOf(shown.gauge).pixelColor(1, 1), colourOf(0x00C864)) << "the page behind";
+    const auto angle = [](double value) { return -135 + 2.7 * value; };
+    const QColor band = colourOf(shown.p.integer(AnnularColour, 0));
+    EXPECT_EQ(shown.at(0.955, angle(91)), band);
+    EXPECT_NE(shown.at(0.955, angle(79)), band);
+    EXPECT_NE(shown.at(0.89, angle(91)), band);
+    EXPECT_EQ(shown.at(0.82, angle(70)), colourOf(shown.p.integer(TicColour, 0)));
+    EXPECT_EQ(shown.at(0.89, angle(72)), colourOf(shown.p.integer(TicColour, 1)));
+    shown.p.setNumber(ScaleStopAngle, 0, 45);
+    EXPECT_EQ(shown.at(0.955, -135 + 1.8 * 91), band) << "all parts follow their scale";
+    shown.p.setNumber(GaugeOnPage, 0);
+    EXPECT_EQ(pictureOf(shown.gauge).pixelColor(1, 1), colourOf(shown.p.integer(GaugeBackColour)));
+}
+
+TEST(VXAGAUGE, ScaleRunsOverTheValuesOfItsTics) {
+    ShownGauge shown(300);
+    PropertyStore& p = shown.p;
+    const auto scale = [&](std::size_t i) {
+        const DialScale s = layOutDial(p, QRectF(0, 0, 300, 300), Qt::white).scales.at(i).scale;
+        return std::pair(s.startValue, s.stopValue);
+    };
+    EXPECT_EQ(scale(0), std::pair(0.0, 100.0));
+    p.setNumber(TicStopValue, 0, 8000);
+    EXPECT_EQ(scale(0), std::pair(0.0, 8000.0));
+    p.setNumber(TicStartValue, 1, -500);
+    p.setNumber(TicStopValue, 1, 500);
+    EXPECT_EQ(scale(0), std::pair(-500.0, 8000.0));
+    p.setNumber(GaugeScales, 2);
+    p.setNumber(TicScale, 1, 1);
+    EXPECT_EQ(scale(0), std::pair(0.0, 8000.0));
+    EXPECT_EQ(scale(1), std::pair(-500.0, 500.0));
+    p.setNumber(TicStartValue, 0, 9000);
+    EXPECT_EQ(scale(0), std::pair(9000.0, 8000.0)) << "downwards as its tics run";
+}
+
+TEST(VXAGAUGE, SheetAddsAndRemovesNeedles) {
+    VXAGAUGE gauge(nullptr);
+    gauge.show();
+    gauge.refreshValue(1, 40);
+    const auto press = [](PropertySheet& sheet, const QString& line, const QString& button) {
+        auto* view = sheet.findChild<PropertyView*>();
+        const QModelIndexList found = view->model()->match(view->model()->index(0, 0), Qt::DisplayRole, line,
+                                                           1, Qt::MatchExactly | Qt::MatchRecursive);
+        ASSERT_FALSE(found.isEmpty()) << line.toStdString();
+        view->setCurrentIndex(found.first());
+        for (auto* push : sheet.findChildren<QPushButton*>())
+            if (push->text() == button) return QTest::mouseClick(push, Qt::LeftButton);
+        ADD_FAILURE() << button.toStdString();
+    };
+    int previewed = 0;
+    QTimer::singleShot(0, [&] {
+        auto* sheet = qobject_cast<PropertySheet*>(QApplication::activeModalWidget());
+        ASSERT_NE(sheet, nullptr);
+        press(*sheet, "Needles (1)", "Add Needle");
+        press(*sheet, "Needles (2)", "Add Needle");
+        previewed = gauge.inCTRL().properties().integer(GaugeNeedles);
+        press(*sheet, "Needle 2", "Remove Needle 2");
+        sheet->accept();
+    });
+    gauge.mnuProperties_Click();
+    EXPECT_EQ(previewed, 3);
+    EXPECT_EQ(gauge.pinCount(), 2);
+    EXPECT_EQ(gauge.inCTRL().properties().number(NeedleValue, 1), 40) << "pin 1 keeps its needle";
+    gauge.refreshValue(2, 70);
+    EXPECT_EQ(gauge.inCTRL().properties().number(NeedleValue, 0), 70);
+}
+
+TEST(VXAGAUGE, DropOnOneNeedleTakesPinOne) {
+    VXAGAUGE gauge(nullptr);
+    gauge.FunctionDrop("first");
+    gauge.FunctionDrop("second");
+    EXPECT_EQ(gauge.curVarTable().count(), 1);
+    EXPECT_EQ(gauge.curVarTable().at(1), "second");
+    gauge.inCTRL().properties().setNumber(GaugeNeedles, 2);
+    gauge.FunctionDrop("third");
+    EXPECT_EQ(gauge.curVarTable().at(1), "second") << "with two needles a person has to choose";
+}
+
+} // namespace
+} // namespace vistor
