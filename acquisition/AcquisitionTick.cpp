@@ -36,13 +36,15 @@ void AcquisitionTick::decode(double now) {
         float target = 0;
         DecodeStream(StreamBytes, TickValues, TickUpdated, target, false);
     } else if (TimeBase == kNotStartedTimeBase) {
+        const std::uint32_t opening = dataSourceOpenings();
         std::vector<std::uint8_t> recorded;
         ReadDataSource(recorded);
         ConcatanateBytes(StreamBytes, recorded);
         StreamStartTime = kNoStreamTime;
         DecodeStream(StreamBytes, TickValues, TickUpdated, StreamStartTime, true);
-        // An event inside the loop may have closed the source; its state then stands.
-        if (TimeBase == kNotStartedTimeBase) TimeBase = static_cast<float>(now);
+        // An event inside the loop may have closed the source or opened another one; its state then stands.
+        if (TimeBase == kNotStartedTimeBase && opening == dataSourceOpenings())
+            TimeBase = static_cast<float>(now);
     } else {
         auto target =
             static_cast<float>(now - static_cast<double>(TimeBase) + static_cast<double>(StreamStartTime));

@@ -24,6 +24,7 @@ constexpr std::int32_t kEmptyReadsBeforeReopen = 10;
 enum class SourceKind { None, Serial, Gsm, File };
 
 std::unique_ptr<QFile> runFile;
+std::uint32_t openings = 0;
 
 SourceKind kindOf(const QString& name) {
     if (name == QStringLiteral("SER")) return SourceKind::Serial;
@@ -92,8 +93,13 @@ bool IsRunFile(const QString& path) {
            std::find(std::begin(kRunFileKinds), std::end(kRunFileKinds), kind) != std::end(kRunFileKinds);
 }
 
+std::uint32_t dataSourceOpenings() {
+    return openings;
+}
+
 bool OpenDataSource() {
     CloseDataSource();
+    ++openings;
     const QStringList fields = DataSourceDescriptor.split(u',');
     const SourceKind kind = kindOf(fields.value(0));
     if (kind == SourceKind::None) {

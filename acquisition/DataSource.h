@@ -21,6 +21,9 @@ void ReadDataSource(std::vector<std::uint8_t>& bytes);
 /// Closes whatever is open and drops what was not decoded.
 void CloseDataSource();
 
+/// How often a source was opened: who lets events run tells by it whether the source is still the same.
+std::uint32_t dataSourceOpenings();
+
 /// True for a file that begins as a run file does: 7576, then 200, 201 or 203, 32 bits each, little-endian.
 bool IsRunFile(const QString& path);
 

@@ -6,6 +6,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <utility>
+
 namespace vistor {
 
 PaneCaption::PaneCaption(ControlManager& manager, int number, const QString& text, QWidget* window)
@@ -49,8 +51,8 @@ void PaneCaption::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void PaneCaption::mouseReleaseEvent(QMouseEvent* event) {
-    if (m_dragging) m_manager.dropPane(m_number, inWindow(event));
-    m_dragging = false;
+    // Off before the panes are arranged: that lets events run, a new drag among them.
+    if (std::exchange(m_dragging, false)) m_manager.dropPane(m_number, inWindow(event));
 }
 
 PaneBorder::PaneBorder(ControlManager& manager, std::size_t number, QWidget* window)
@@ -68,8 +70,7 @@ void PaneBorder::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void PaneBorder::mouseReleaseEvent(QMouseEvent*) {
-    if (m_dragging) m_manager.endBorderDrag();
-    m_dragging = false;
+    if (std::exchange(m_dragging, false)) m_manager.endBorderDrag();
 }
 
 } // namespace vistor

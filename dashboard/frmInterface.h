@@ -99,6 +99,8 @@ Q_SIGNALS:
     void instrumentMenuWanted(Instrument* instrument, const QPoint& place);
     /// The tick's timer gets this interval in milliseconds; 0 stops it.
     void timerWanted(int milliseconds);
+    /// Another data source may have been chosen, or the mode has changed.
+    void sourceChanged();
     /// The window has unloaded by a command of its own: the main window follows.
     void unloaded();
 

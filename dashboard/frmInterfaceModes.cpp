@@ -53,9 +53,11 @@ void frmInterface::mnuEditMode_Click() {
 
 void frmInterface::mnuSelectDataSource_Click() {
     FrmSelectInput(this).exec();
+    Q_EMIT sourceChanged();
 }
 
 void frmInterface::setCommandsForMode() {
+    Q_EMIT sourceChanged();
     for (const ModeCommand& command : kModeCommands)
         Q_EMIT commandEnabled(QLatin1String(command.name),
                               PlayMode ? command.inPlayMode : command.inEditMode);

@@ -161,7 +161,8 @@ void Instrument::saveSnapshot(const QString& fileName) {
     const auto pixels = [](int size) { return qRound(double(size) / kTwipsPerPixel); };
     const QRect inside(pixels(kFrameTwips), pixels(kFrameTwips), pixels(widthTwips() - 2 * kFrameTwips),
                        pixels(heightTwips() - 2 * kFrameTwips));
-    snapshotOf(*this, inside).save(bitmapFolder(WorkingFolder) + fileName, "BMP");
+    const QString folder = bitmapFolder(WorkingFolder);
+    if (!folder.isEmpty()) snapshotOf(*this, inside).save(folder + fileName, "BMP");
 }
 
 void Instrument::mnuVariables_Click() {}
@@ -187,7 +188,7 @@ void Instrument::Deserialise(const QStringList& list) {
 }
 
 void Instrument::FunctionDrop(const QString& name) {
-    if (pinCount() == 0) return;
+    if (m_display->properties().table().parts().pins == PinForm::None) return;
     if (pinCount() > 1 || pins.columns() > 1) return choosePin(name);
     pins.resize(1);
     pins.setCount(1);

@@ -19,8 +19,8 @@ std::unique_ptr<Instrument> make(QWidget* parent) {
 
 /// In the order of the kinds.
 constexpr std::array<Maker, kInstrumentKinds.size()> kMakers{
-    make<VXAGAUGE>, make<VXALPHANUME>, nullptr, nullptr, nullptr, nullptr, make<VXSTRIP>, make<VXXYGRAPH>,
-    nullptr,
+    make<VXAGAUGE>, make<VXALPHANUME>, nullptr,         nullptr, nullptr,
+    nullptr,        make<VXSTRIP>,     make<VXXYGRAPH>, nullptr,
 };
 
 } // namespace

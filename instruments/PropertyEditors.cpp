@@ -1,5 +1,6 @@
 #include "instruments/PropertyEditors.h"
 
+#include "instruments/Colours.h"
 #include "instruments/PropertyModel.h"
 #include "platform/Prompts.h"
 
@@ -10,6 +11,7 @@
 #include <QLineEdit>
 #include <QSpinBox>
 
+#include <algorithm>
 #include <limits>
 
 namespace vistor {
@@ -93,6 +95,8 @@ void PropertyDelegate::setEditorData(QWidget* editor, const QModelIndex& index) 
     const QVariant value = index.data(Qt::EditRole);
     const QSignalBlocker quiet(editor);
     if (auto* spin = qobject_cast<QSpinBox*>(editor)) {
+        // A value from a file may lie outside what a person is offered; looking at it does not change it.
+        spin->setRange(std::min(spin->minimum(), value.toInt()), std::max(spin->maximum(), value.toInt()));
         spin->setValue(value.toInt());
     } else if (auto* fonts = qobject_cast<QFontComboBox*>(editor)) {
         fonts->setCurrentFont(QFont(value.toString()));
@@ -145,7 +149,8 @@ bool PropertyView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* e
 
 void PropertyView::pickColour(const QModelIndex& index) {
     const QPersistentModelIndex place(index);
-    const auto picked = PickColour(static_cast<std::int32_t>(index.data(Qt::EditRole).toDouble()));
+    const auto stored = static_cast<std::int32_t>(index.data(Qt::EditRole).toDouble());
+    const auto picked = PickColour(numberOf(colourOf(stored))); // a system colour as what it looks like
     if (picked && place.isValid()) model()->setData(place, double(*picked));
 }
 

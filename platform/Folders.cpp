@@ -34,6 +34,7 @@ QString deliveredFolder() {
 
 QString bitmapFolder(const QString& workingFolder) {
     if (QFileInfo(programFolder()).isWritable()) return programFolder();
+    if (workingFolder.isEmpty()) return {};
     const QString scratch = withSlash(workingFolder) + QStringLiteral("scratch/");
     QDir().mkpath(scratch);
     return scratch;

@@ -94,8 +94,11 @@ IniFile IniFile::parse(std::string_view bytes) {
 }
 
 IniFile IniFile::load(const QString& path) {
-    const QByteArray bytes = readWhole(path).value_or(QByteArray());
-    return parse({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    const auto bytes = readWhole(path);
+    if (bytes) return parse({bytes->constData(), static_cast<std::size_t>(bytes->size())});
+    IniFile unread;
+    unread.m_whole = false;
+    return unread;
 }
 
 QString IniFile::value(const QString& section, const QString& key, const QString& fallback,
@@ -152,7 +155,7 @@ QByteArray IniFile::toBytes() const {
 
 bool IniFile::save(const QString& path) const {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) return false;
+    if (!m_whole || !file.open(QIODevice::WriteOnly)) return false;
     file.write(toBytes());
     return file.commit();
 }
@@ -163,9 +166,7 @@ QString readIniValue(const QString& path, const QString& section, const QString&
 }
 
 bool writeIniValue(const QString& path, const QString& section, const QString& key, const QString& value) {
-    const auto bytes = readWhole(path);
-    if (!bytes) return false;
-    IniFile file = IniFile::parse({bytes->constData(), static_cast<std::size_t>(bytes->size())});
+    IniFile file = IniFile::load(path);
     file.setValue(section, key, value);
     return file.save(path);
 }

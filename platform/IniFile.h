@@ -36,8 +36,8 @@ public:
 
     /// The document as it is written.
     QByteArray toBytes() const;
-    /// Writes the whole document, replacing the file in one step; false when that failed, and then the old
-    /// file stands.
+    /// /// Writes the whole document, replacing the file in one step. False when that failed, or when the
+    /// file that the document was loaded from could not be read whole: the old file then stands.
     bool save(const QString& path) const;
 
 private:
@@ -54,6 +54,7 @@ private:
     Section& sectionFor(const QString& name);
     void appendLine(std::string_view raw);
 
+    bool m_whole = true;                           ///< nothing of the file it came from is missing here
     std::vector<Section> m_sections = {Section{}}; ///< number 0 is what stands before the first head
     QHash<QString, qsizetype> m_names;
 };

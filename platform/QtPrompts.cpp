@@ -8,11 +8,21 @@
 #include <QInputDialog>
 #include <QMessageBox>
 
+#include <algorithm>
+
 namespace vistor {
 namespace {
 
+/// What a dialog stands over. While another program has the focus no window is active, and a dialog without
+/// one could come up behind the main window and stop everything unseen.
 QWidget* parentWindow() {
-    return QApplication::activeWindow();
+    if (QWidget* active = QApplication::activeWindow()) return active;
+    if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto main = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+        return window->isVisible() && window->inherits("QMainWindow");
+    });
+    return main == windows.end() ? nullptr : *main;
 }
 
 QMessageBox::Icon toolkitIcon(Icon icon) {

@@ -98,7 +98,9 @@ void readCarConstants() {
 }
 
 void deleteScratchBitmaps() {
-    const QDir folder(bitmapFolder(WorkingFolder));
+    const QString path = bitmapFolder(WorkingFolder);
+    if (path.isEmpty()) return;
+    const QDir folder(path);
     for (const QString& name : folder.entryList({QStringLiteral("*.bmp")}, QDir::Files))
         QFile::remove(folder.filePath(name));
 }

@@ -16,6 +16,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QScopedValueRollback>
 #include <QStatusBar>
 
 namespace vistor {
@@ -63,11 +64,13 @@ void frmMain::connectDashboard() {
     connect(m_dashboard, &frmInterface::menuWanted, this, &frmMain::openMenu);
     connect(m_dashboard, &frmInterface::instrumentMenuWanted, this, &frmMain::openInstrumentMenu);
     connect(m_dashboard, &frmInterface::timerWanted, this, &frmMain::setTimer);
+    connect(m_dashboard, &frmInterface::sourceChanged, this, &frmMain::renewStatus);
     connect(m_dashboard, &frmInterface::unloaded, this, &frmMain::close);
 }
 
 bool frmMain::MDIForm_Load() {
     const Hourglass hourglass;
+    const QScopedValueRollback loading(m_loading, true);
     findWorkingFolder();
     const QString icon = programFolder() + QStringLiteral("User.ico");
     if (QFileInfo::exists(icon)) setWindowIcon(QIcon(icon));
@@ -86,6 +89,7 @@ bool frmMain::MDIForm_Load() {
     readCarConstants();
     createFormulaEvaluators();
     m_loaded = true;
+    if (m_closeWanted) QTimer::singleShot(0, this, &QWidget::close);
     return true;
 }
 
@@ -112,7 +116,8 @@ void frmMain::setTimer(int milliseconds) {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-    event->setAccepted(shutDown());
+    m_closeWanted = m_loading;
+    event->setAccepted(!m_loading && shutDown());
 }
 
 bool frmMain::shutDown() {

@@ -61,6 +61,7 @@ private:
     void openInstrumentMenu(Instrument* instrument, const QPoint& place);
     void setTimer(int milliseconds);
     void showStatus();
+    void renewStatus();
 
     frmInterface* m_dashboard;
     AcquisitionTick m_tick;
@@ -72,8 +73,10 @@ private:
     QLabel* m_time = nullptr;
     QLabel* m_rate = nullptr;
     QLabel* m_mode = nullptr;
-    int m_updates = 0;       ///< values handed on since the status was last shown
-    double m_statusTime = 0; ///< clock at that moment
+    int m_updates = 0;          ///< values handed on since the status was last shown
+    double m_statusTime = 0;    ///< clock at that moment
+    bool m_loading = false;     ///< start-up lets events run before it is done
+    bool m_closeWanted = false; ///< and the person closed the window in one of them
     bool m_loaded = false;
 };
 

@@ -114,6 +114,11 @@ void frmMain::showStatus() {
     m_statusTime = now;
 }
 
+void frmMain::renewStatus() {
+    m_statusTime = 0; // not waiting for its turn
+    showStatus();
+}
+
 QString sourceInWords(const QString& descriptor) {
     const QStringList fields = descriptor.split(u',');
     const QString kind = fields.front();

@@ -219,6 +219,8 @@ TEST_F(FrmMainTest, CommandsInTheMiddleOfABurstDoNoHarm) {
         trigger("mnuPlayMode");
     }));
     EXPECT_TRUE(PlayMode);
+    window.Timer1_Timer();
+    EXPECT_GT(StreamBytes.size(), 1U) << "the run that was opened in the middle is read like any other";
     trigger("mnuEditMode");
 
     window.dashboard().ProfileChanged = false;
