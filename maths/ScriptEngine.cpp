@@ -6,6 +6,7 @@
 
 #include <QHash>
 
+#include <new>
 #include <typeindex>
 
 namespace vistor {
@@ -113,6 +114,9 @@ bool ScriptEngine::AddCode(const QString& text) {
         m_machine.emplace(parsedScripts().get(text, m_hosts), setup);
     } catch (const script::Fault& fault) {
         return fail(fault.number, QString::fromStdU16String(fault.description), fault.line);
+    } catch (const std::bad_alloc&) {
+        const int number = script::kOutOfMemory;
+        return fail(number, QString::fromStdU16String(script::errorWords(number)), 0);
     }
     return m_machine->runMain() || failAsMachine();
 }
