@@ -17,7 +17,8 @@ void Budget::take(std::size_t bytes) {
 
 void Budget::checkText(std::size_t characters) {
     work(characters >> 7);
-    if (characters > left() / sizeof(char16_t)) raise(kOutOfStringSpace);
+    if (characters > m_limit / sizeof(char16_t)) raise(kOutOfStringSpace);
+    if (characters > left() / sizeof(char16_t)) raise(kOutOfMemory);
 }
 
 void Budget::lookAtClock() {

@@ -20,8 +20,8 @@ public:
     /// Takes memory; raises "Out of memory" when it is not there. Filling memory counts as work.
     void take(std::size_t bytes);
     void give(std::size_t bytes) noexcept { m_used -= bytes; }
-    /// To be asked before a text of so many characters is built, which counts as work; raises "Out of string
-    /// space" where it does not fit into what is left.
+    /// To be asked before a text of so many characters is built, which counts as work. Raises "Out of string
+    /// space" for one that can never fit, "Out of memory" for one that does not fit into what is left.
     void checkText(std::size_t characters);
 
     /// Counts work done, one unit being about one simple statement, and now and then looks at the clock.
