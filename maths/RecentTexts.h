@@ -1,5 +1,5 @@
-// What was made from the texts of scripts, kept for the next sample. In: a text and its value. Out: the value.
-// When it is full, the oldest goes.
+// What was made from the texts of scripts, kept for the next sample. In: a text and its value. Out: the
+// value. When it is full, the oldest goes.
 #pragma once
 
 #include <QHash>

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <new>
-
 #include <sys/resource.h>
 
 namespace vistor::script {
@@ -16,7 +15,8 @@ std::ptrdiff_t stackBytes() {
     constexpr rlim_t kMost = rlim_t{4} << 20;
     rlimit limit{};
     if (getrlimit(RLIMIT_STACK, &limit) != 0) return kMost / 4;
-    return static_cast<std::ptrdiff_t>(std::min(limit.rlim_cur / 2, kMost)); // unlimited is the largest number
+    return static_cast<std::ptrdiff_t>(
+        std::min(limit.rlim_cur / 2, kMost)); // unlimited is the largest number
 }
 
 const char* stackPosition() {

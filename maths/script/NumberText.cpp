@@ -61,7 +61,8 @@ bool dropThousands(std::string& text) {
 }
 
 std::optional<double> parseDecimal(std::string text) {
-    std::replace_if(text.begin(), text.end(), [](char c) { return c == 'd' || c == 'D'; }, 'e');
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c == 'd' || c == 'D'; }, 'e');
     bool negative = false;
     if (!text.empty() && (text[0] == '-' || text[0] == '+')) {
         negative = text[0] == '-';

@@ -142,7 +142,8 @@ TEST(ScriptMachine, RunsEndInTime) {
         u"a = Space(20000000) : On Error Resume Next : Do : x = a & a : x = StrReverse(a) : Loop",
         u"a = Space(20000000) : On Error Resume Next : Do : x = Split(a) : Loop",
         u"a = Space(20000000) : On Error Resume Next : Do : Err.Description = a : Err.Raise 9, a, a : Loop",
-        u"a = Space(20000000) : b = Array(1) : On Error Resume Next : Do : x = Join(b, a) + Split(\"\", a) : Loop",
+        u"a = Space(20000000) : b = Array(1) : On Error Resume Next : Do : x = Join(b, a) + Split(\"\", a) : "
+        u"Loop",
         u"a = Space(20000000) : On Error Resume Next : Do : x = CStr(a) : x = String(20000000, a) : Loop",
     };
     for (const char16_t* body : bodies) {
