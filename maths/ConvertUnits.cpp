@@ -12,6 +12,7 @@
 #include <QVarLengthArray>
 
 #include <cmath>
+#include <optional>
 #include <utility>
 
 namespace vistor {
@@ -63,6 +64,9 @@ struct alignas(64) PreparedFormula {
 std::vector<PreparedFormula> prepared(kVariableCount);
 PreparedFormula preparedElsewhere; // for an index that is no row
 
+/// The car's constants as the evaluators were given them; they keep these when the car is changed.
+std::optional<decltype(CarConstants)> constantsOfStart;
+
 bool isRow(std::int32_t index) {
     return index >= 0 && index < kVariableCount;
 }
@@ -94,7 +98,10 @@ std::shared_ptr<FormulaEvaluator> makeEvaluator(const QString& formula) {
 }
 
 std::shared_ptr<FormulaEvaluator>& evaluatorOf(std::int32_t index) {
-    if (FormulaEvaluators.empty()) FormulaEvaluators.resize(kVariableCount);
+    if (FormulaEvaluators.empty()) {
+        FormulaEvaluators.resize(kVariableCount);
+        constantsOfStart.reset(); // nothing was prepared: the car's constants of now
+    }
     auto& evaluator = FormulaEvaluators[static_cast<std::size_t>(index)];
     if (!evaluator) evaluator = makeEvaluator({});
     return evaluator;
@@ -115,9 +122,10 @@ void link(PreparedFormula& formula, std::int32_t index, std::shared_ptr<FormulaE
         const auto known = static_cast<std::int32_t>(number);
         formula.feeds.push_back({known, evaluator->variable(variableName(known))});
     }
+    const auto& constants = constantsOfStart ? *constantsOfStart : CarConstants;
     for (const NamedConstant& constant : kConstants)
         evaluator->SetVariable(QString::fromLatin1(constant.name),
-                               static_cast<double>(CarConstants[constant.item]));
+                               static_cast<double>(constants[constant.item]));
     formula.evaluator = std::move(evaluator);
 }
 
@@ -156,6 +164,7 @@ FormulaForm formOf(const QString& formula) {
 
 void createFormulaEvaluators() {
     createScriptObject();
+    constantsOfStart = CarConstants;
     FormulaEvaluators.assign(kVariableCount, nullptr);
     for (std::size_t row = 0; row < FormulaEvaluators.size(); ++row) {
         const bool known = row < VariableTable.size();

@@ -1,11 +1,11 @@
 #include "maths/ScriptEngine.h"
 
+#include "maths/RecentTexts.h"
 #include "maths/script/Conversions.h"
 #include "maths/script/Parser.h"
 #include "platform/Clock.h"
 
-#include <QHash>
-
+#include <new>
 #include <typeindex>
 
 namespace vistor {
@@ -31,22 +31,19 @@ bool sameHosts(const std::vector<HostKey>& keys, const std::vector<HostEntry>& h
                       });
 }
 
-/// Parsed texts. Emptied when it is full: a program has a few dozen scripts, and they come again at once.
+/// Parsed texts: a program has a few dozen scripts, and they come again with every sample.
 class ParsedScripts {
 public:
     /// Throws script::Fault.
     std::shared_ptr<const Program> get(const QString& text, const std::vector<HostEntry>& hosts) {
-        const auto found = m_entries.constFind(text);
-        if (found != m_entries.constEnd() && sameHosts(found->hosts, hosts)) return found->program;
+        const Entry* found = m_entries.find(text);
+        if (found && sameHosts(found->hosts, hosts)) return found->program;
         auto program = script::parse(text.toStdU16String(), hosts);
-        keep(text, {keysOf(hosts), program});
+        m_entries.keep(text, {keysOf(hosts), program});
         return program;
     }
 
 private:
-    static constexpr qsizetype kMostEntries = 256;
-    static constexpr qsizetype kMostCharacters = 200'000;
-
     struct Entry {
         std::vector<HostKey> hosts;
         std::shared_ptr<const Program> program;
@@ -59,17 +56,7 @@ private:
         return keys;
     }
 
-    void keep(const QString& text, Entry entry) {
-        if (m_entries.size() >= kMostEntries || m_characters + text.size() > kMostCharacters) {
-            m_entries.clear();
-            m_characters = 0;
-        }
-        m_characters += text.size();
-        m_entries.insert(text, std::move(entry));
-    }
-
-    QHash<QString, Entry> m_entries;
-    qsizetype m_characters = 0;
+    RecentTexts<Entry> m_entries;
 };
 
 ParsedScripts& parsedScripts() {
@@ -113,6 +100,9 @@ bool ScriptEngine::AddCode(const QString& text) {
         m_machine.emplace(parsedScripts().get(text, m_hosts), setup);
     } catch (const script::Fault& fault) {
         return fail(fault.number, QString::fromStdU16String(fault.description), fault.line);
+    } catch (const std::bad_alloc&) {
+        const int number = script::kOutOfMemory;
+        return fail(number, QString::fromStdU16String(script::errorWords(number)), 0);
     }
     return m_machine->runMain() || failAsMachine();
 }

@@ -1,13 +1,12 @@
 #include "maths/ScriptFormula.h"
 
+#include "maths/RecentTexts.h"
 #include "maths/RewriteScript.h"
 #include "maths/ScriptEngine.h"
 #include "maths/ScriptFunctions.h"
 #include "maths/script/Conversions.h"
 #include "platform/Prompts.h"
 #include "variables/GlobalVarsAndTypes.h"
-
-#include <QHash>
 
 #include <cmath>
 #include <limits>
@@ -19,15 +18,11 @@ constexpr int kTimeoutSeconds = 2;
 
 /// The engine's form of a script. It is kept, for the same few formulas come with every sample.
 QString rewritten(const QString& formula) {
-    constexpr qsizetype kMostKept = 256;
-    constexpr qsizetype kLongestKept = 10'000;
-    static QHash<QString, QString> kept;
-    const auto found = kept.constFind(formula);
-    if (found != kept.constEnd()) return *found;
+    static RecentTexts<QString> kept;
+    if (const QString* known = kept.find(formula)) return *known;
     QString text = formula;
     RewriteScript(text);
-    if (kept.size() >= kMostKept) kept.clear();
-    if (formula.size() <= kLongestKept) kept.insert(formula, text);
+    kept.keep(formula, text);
     return text;
 }
 

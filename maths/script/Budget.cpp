@@ -10,13 +10,15 @@ void Budget::start(std::chrono::nanoseconds duration) {
 }
 
 void Budget::take(std::size_t bytes) {
-    if (bytes > m_limit - m_used) raise(kOutOfMemory);
-    work(bytes >> 8);
+    work(bytes >> 8); // asking in vain counts too
+    if (bytes > left()) raise(kOutOfMemory);
     m_used += bytes;
 }
 
-void Budget::checkText(std::size_t characters) const {
+void Budget::checkText(std::size_t characters) {
+    work(characters >> 7);
     if (characters > m_limit / sizeof(char16_t)) raise(kOutOfStringSpace);
+    if (characters > left() / sizeof(char16_t)) raise(kOutOfMemory);
 }
 
 void Budget::lookAtClock() {

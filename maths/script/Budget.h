@@ -20,8 +20,9 @@ public:
     /// Takes memory; raises "Out of memory" when it is not there. Filling memory counts as work.
     void take(std::size_t bytes);
     void give(std::size_t bytes) noexcept { m_used -= bytes; }
-    /// Raises "Out of string space" for a text of so many characters that it can never fit.
-    void checkText(std::size_t characters) const;
+    /// To be asked before a text of so many characters is built, which counts as work. Raises "Out of string
+    /// space" for one that can never fit, "Out of memory" for one that does not fit into what is left.
+    void checkText(std::size_t characters);
 
     /// Counts work done, one unit being about one simple statement, and now and then looks at the clock.
     void work(std::size_t units = 1) {
@@ -30,6 +31,7 @@ public:
     }
 
     std::size_t used() const { return m_used; }
+    std::size_t left() const { return m_limit - m_used; }
 
 private:
     static constexpr std::size_t kSlice = 4096;

@@ -22,6 +22,10 @@ struct Call {
     /// A whole number, or what stands for one that was left out.
     std::int32_t whole(std::size_t i, std::int32_t otherwise) const;
     bool isNull(std::size_t i) const { return i < arguments.size() && arguments[i].is(Kind::Null); }
+    Value copyOf(std::u16string_view characters) const {
+        budget.checkText(characters.size());
+        return text(std::u16string(characters));
+    }
     Value text(std::u16string characters) const { return Value::text(std::move(characters), budget); }
 };
 

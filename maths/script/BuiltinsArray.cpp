@@ -48,21 +48,32 @@ Value upperBound(const Call& call) {
     return Value::longer(sizeOf(call) - 1);
 }
 
+std::size_t joinedSize(const ArrayBody& array, std::size_t delimiter, Budget& budget) {
+    std::size_t size = 0;
+    for (std::size_t i = 0; i < array.items.size(); ++i) {
+        size += (i > 0 ? delimiter : 0) + TextView(array.items[i])->size();
+        budget.work();
+    }
+    return size;
+}
+
 Value join(const Call& call) {
     const ArrayBody& array = rowAt(call, 0);
-    const std::u16string delimiter = call.has(1) ? toText(call[1]) : u" ";
+    const Value blank = Value::literal(u" ");
+    const TextView delimiter(call.has(1) ? call[1] : blank);
+    const std::size_t size = joinedSize(array, delimiter->size(), call.budget);
+    call.budget.checkText(size);
     std::u16string result;
+    result.reserve(size);
     for (std::size_t i = 0; i < array.items.size(); ++i) {
-        const TextView item(array.items[i]);
-        call.budget.checkText(result.size() + delimiter.size() + item->size());
-        if (i > 0) result += delimiter;
-        result += *item;
-        call.budget.work(1 + ((item->size() + delimiter.size()) >> 8));
+        if (i > 0) result += *delimiter;
+        result += *TextView(array.items[i]);
+        call.budget.work();
     }
     return call.text(std::move(result));
 }
 
-/// Where the pieces of a text begin behind their delimiters, at most `most` pieces.
+/// The number of pieces of a text, at most `most`; "Out of memory" as soon as there are more than fit.
 std::size_t countPieces(std::u16string_view text, std::u16string_view delimiter, std::size_t most, bool fold,
                         Budget& budget) {
     std::size_t count = 1;
@@ -71,7 +82,8 @@ std::size_t countPieces(std::u16string_view text, std::u16string_view delimiter,
         const std::size_t found = findText(text, delimiter, from, fold, budget);
         if (found == kNone) break;
         from = found + delimiter.size();
-        ++count;
+        if (++count > budget.left() / sizeof(Value)) raise(kOutOfMemory);
+        budget.work();
     }
     return count;
 }
@@ -80,20 +92,21 @@ std::size_t countPieces(std::u16string_view text, std::u16string_view delimiter,
 /// for before it is filled.
 Value split(const Call& call) {
     const TextView text(call[0]);
-    const std::u16string delimiter = call.has(1) ? toText(call[1]) : u" ";
+    const Value blank = Value::literal(u" ");
+    const TextView delimiter(call.has(1) ? call[1] : blank);
     const std::int32_t limit = call.whole(2, -1);
     const bool fold = foldsCase(call, 3);
     if (limit < -1) raise(kInvalidCall);
     if (text->empty() || limit == 0) return arrayOf(0, call);
-    const std::size_t most = delimiter.empty() ? 1 : limit < 0 ? kNone : static_cast<std::size_t>(limit);
-    Value result = arrayOf(countPieces(*text, delimiter, most, fold, call.budget), call);
+    const std::size_t most = delimiter->empty() ? 1 : limit < 0 ? kNone : static_cast<std::size_t>(limit);
+    Value result = arrayOf(countPieces(*text, *delimiter, most, fold, call.budget), call);
     std::vector<Value>& pieces = result.asArray().items;
     std::size_t from = 0;
     for (std::size_t i = 0; i < pieces.size(); ++i) {
         const bool last = i + 1 == pieces.size();
-        const std::size_t end = last ? text->size() : findText(*text, delimiter, from, fold, call.budget);
-        pieces[i] = call.text(std::u16string(text->substr(from, end - from)));
-        from = end + delimiter.size();
+        const std::size_t end = last ? text->size() : findText(*text, *delimiter, from, fold, call.budget);
+        pieces[i] = call.copyOf(text->substr(from, end - from));
+        from = end + delimiter->size();
     }
     return result;
 }
@@ -113,7 +126,7 @@ Value filter(const Call& call) {
     }
     Value result = arrayOf(kept.size(), call);
     for (std::size_t i = 0; i < kept.size(); ++i)
-        result.asArray().items[i] = call.text(toText(array.items[kept[i]]));
+        result.asArray().items[i] = call.copyOf(*TextView(array.items[kept[i]]));
     return result;
 }
 

@@ -101,7 +101,7 @@ Value toSingleValue(const Call& call) {
 }
 
 Value toTextValue(const Call& call) {
-    return call.text(toText(call[0]));
+    return call[0].is(Kind::Text) ? call[0] : call.text(toText(call[0]));
 }
 
 constexpr Builtin kTable[] = {

@@ -85,19 +85,35 @@ Value inStrRev(const Call& call) {
     return position(findLast(*text, *what, end, foldsCase(call, 3), call.budget));
 }
 
+/// At how many places, at most `most` of them unless it is negative, one text stands in another.
+std::size_t countPlaces(std::u16string_view text, std::u16string_view what, std::int32_t most, bool fold,
+                        Budget& budget) {
+    std::size_t count = 0;
+    std::size_t from = 0;
+    for (; most != 0 && !what.empty(); --most) {
+        const std::size_t found = findText(text, what, from, fold, budget);
+        if (found == kNone) break;
+        from = found + what.size();
+        ++count;
+        budget.work();
+    }
+    return count;
+}
+
 std::u16string replaced(std::u16string_view text, std::u16string_view what, std::u16string_view by,
                         std::int32_t count, bool fold, Budget& budget) {
+    const std::size_t places = countPlaces(text, what, count, fold, budget);
+    const std::size_t size = text.size() - places * what.size() + places * by.size();
+    budget.checkText(size);
     std::u16string result;
+    result.reserve(size);
     std::size_t from = 0;
-    for (; count != 0; --count) {
-        const std::size_t found = what.empty() ? kNone : findText(text, what, from, fold, budget);
-        if (found == kNone) break;
-        budget.checkText(result.size() + (found - from) + by.size());
+    for (std::size_t place = 0; place < places; ++place) {
+        const std::size_t found = findText(text, what, from, fold, budget);
         result.append(text.substr(from, found - from)).append(by);
         from = found + what.size();
-        budget.work(1 + (by.size() >> 8));
+        budget.work();
     }
-    budget.checkText(result.size() + text.size() - from);
     return result.append(text.substr(from));
 }
 

@@ -61,7 +61,7 @@ Value length(const Call& call) {
 /// A part of the first argument, which is a text or becomes one.
 Value part(const Call& call, std::size_t from, std::size_t count) {
     const TextView text(call[0]);
-    return call.text(std::u16string(text->substr(std::min(from, text->size()), count)));
+    return call.copyOf(text->substr(std::min(from, text->size()), count));
 }
 
 std::size_t countAt(const Call& call, std::size_t argument) {
@@ -93,9 +93,10 @@ Value trimmed(const Call& call, bool atStart, bool atEnd) {
     if (call.isNull(0)) return Value::null();
     const TextView text(call[0]);
     std::u16string_view view = *text;
+    call.budget.work(view.size() >> 4);
     if (atStart) view.remove_prefix(std::min(view.find_first_not_of(u' '), view.size()));
     if (atEnd) view = view.substr(0, view.find_last_not_of(u' ') + 1);
-    return call.text(std::u16string(view));
+    return call.copyOf(view);
 }
 
 Value trim(const Call& call) {
@@ -112,10 +113,12 @@ Value rightTrim(const Call& call) {
 
 Value mapped(const Call& call, char16_t (*function)(char16_t)) {
     if (call.isNull(0)) return Value::null();
-    std::u16string text = toText(call[0]);
-    call.budget.work(text.size() >> 4);
-    for (char16_t& c : text) c = function(c);
-    return call.text(std::move(text));
+    const TextView text(call[0]);
+    call.budget.work(text->size() >> 4);
+    call.budget.checkText(text->size());
+    std::u16string result(*text);
+    for (char16_t& c : result) c = function(c);
+    return call.text(std::move(result));
 }
 
 Value lowerCase(const Call& call) {
@@ -127,9 +130,9 @@ Value upperCase(const Call& call) {
 }
 
 Value reversed(const Call& call) {
-    std::u16string text = toText(call[0]);
-    std::reverse(text.begin(), text.end());
-    return call.text(std::move(text));
+    const TextView text(call[0]);
+    call.budget.checkText(text->size());
+    return call.text(std::u16string(text->rbegin(), text->rend()));
 }
 
 Value repeated(const Call& call, std::size_t count, char16_t character) {
@@ -142,8 +145,8 @@ Value space(const Call& call) {
 }
 
 Value string(const Call& call) {
+    if (call.isNull(0) || call.isNull(1)) return Value::null();
     const std::size_t count = countAt(call, 0);
-    if (call.isNull(1)) return Value::null();
     if (!call[1].is(Kind::Text)) return repeated(call, count, characterOf(toLong(call[1]) & 0xFF));
     if (call[1].asText().empty()) raise(kInvalidCall);
     return repeated(call, count, call[1].asText().front());

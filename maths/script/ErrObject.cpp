@@ -14,6 +14,10 @@ constexpr std::u16string_view kMembers[] = {u"number",      u"description", u"so
                                             u"helpcontext", u"clear",       u"raise"};
 constexpr std::size_t kLongestText = 4096; ///< of what a script writes here; it is not charged to the run
 
+std::u16string startOf(const Value& value) {
+    return std::u16string(TextView(value)->substr(0, kLongestText));
+}
+
 } // namespace
 
 void ErrObject::set(const Fault& fault) {
@@ -66,13 +70,13 @@ int ErrObject::setMember(int member, const Value& value) {
         m_number = toLong(value);
         return 0;
     case kDescription:
-        m_description = toText(value).substr(0, kLongestText);
+        m_description = startOf(value);
         return 0;
     case kSource:
-        m_source = toText(value).substr(0, kLongestText);
+        m_source = startOf(value);
         return 0;
     case kHelpFile:
-        m_helpFile = toText(value).substr(0, kLongestText);
+        m_helpFile = startOf(value);
         return 0;
     case kHelpContext:
         m_helpContext = toLong(value);
@@ -84,7 +88,7 @@ int ErrObject::setMember(int member, const Value& value) {
 
 std::u16string ErrObject::textOf(std::span<const Value> arguments, std::size_t i) const {
     if (i >= arguments.size() || arguments[i].is(Kind::Missing)) return {};
-    return toText(arguments[i]).substr(0, kLongestText);
+    return startOf(arguments[i]);
 }
 
 /// Err.Raise number [, source [, description]]

@@ -2,14 +2,22 @@
 
 #include "maths/script/Conversions.h"
 
+#include <algorithm>
 #include <new>
+#include <sys/resource.h>
 
 namespace vistor::script {
 namespace {
 
 constexpr int kDeepestCalls = 3000;
-constexpr std::ptrdiff_t kStackBytes = std::ptrdiff_t{4}
-                                       << 20; ///< of the machine's own stack, half of what there is
+/// What a run may use of the machine's own stack: half of what there is.
+std::ptrdiff_t stackBytes() {
+    constexpr rlim_t kMost = rlim_t{4} << 20;
+    rlimit limit{};
+    if (getrlimit(RLIMIT_STACK, &limit) != 0) return kMost / 4;
+    return static_cast<std::ptrdiff_t>(
+        std::min(limit.rlim_cur / 2, kMost)); // unlimited is the largest number
+}
 
 const char* stackPosition() {
     return static_cast<const char*>(__builtin_frame_address(0));
@@ -84,6 +92,7 @@ void Machine::declareArrays(const Procedure& procedure, Value* slots) {
 
 Machine::Activation::Activation(Machine& machine, const Procedure& procedure)
     : m_machine(machine), m_caller(machine.m_frame), m_mark(machine.m_stack.mark()) {
+    static const std::ptrdiff_t kStackBytes = stackBytes();
     const bool deep = machine.m_stackBase - stackPosition() > kStackBytes;
     if (deep || machine.m_calls >= kDeepestCalls) raise(kOutOfStack);
     machine.m_budget.work();
@@ -93,6 +102,7 @@ Machine::Activation::Activation(Machine& machine, const Procedure& procedure)
 
 Machine::Activation::~Activation() {
     for (Value& array : m_locked) --array.asArray().locks;
+    m_machine.m_locks -= m_locked.size();
     m_machine.m_frame = m_caller;
     m_machine.m_stack.release(m_mark);
     --m_machine.m_calls;
@@ -114,6 +124,7 @@ void Machine::Activation::bind(std::size_t parameter, const Expr& argument) {
     if (array.is(Kind::Array)) {
         m_locked.push_back(array);
         ++array.asArray().locks;
+        ++m_machine.m_locks;
     }
     slot = Value::reference(&variable);
 }

@@ -9,6 +9,7 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <span>
 
 namespace vistor::script {
@@ -88,7 +89,8 @@ private:
     Flow leaveProcedure();
     bool startFor(const Statement& statement, Value& counter, Value& limit, Value& step);
     bool forGoesOn(const Value& counter, const Value& limit, const Value& step);
-    bool test(const Expr& condition);
+    std::optional<bool> test(const Expr& condition);
+    bool leaves(const Statement& loop);
     bool selects(const Branch& branch, const Value& value, const Expr& selector);
     void assign(const Statement& statement);
     void assignObject(const Statement& statement);
@@ -131,6 +133,7 @@ private:
     Frame* m_frame = nullptr;
     int m_line = 0;
     int m_calls = 0;
+    std::size_t m_locks = 0; ///< array elements passed by reference at the moment
     const char* m_stackBase = nullptr;
     RunError m_error;
 };

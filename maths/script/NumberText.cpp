@@ -1,6 +1,7 @@
 // Numbers to texts and back.
 #include "maths/script/Conversions.h"
 
+#include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <cmath>
@@ -24,27 +25,28 @@ bool isDigit(char c) {
 
 /// The text in single bytes, or nothing when it holds what no number has.
 std::optional<std::string> narrowed(std::u16string_view text) {
-    if (text.size() > kLongestNumber) return std::nullopt;
     std::string result;
     result.reserve(text.size());
     for (const char16_t c : text) {
         if (c >= 0x80) return std::nullopt;
-        result += static_cast<char>(c == u'd' || c == u'D' ? u'e' : c);
+        result += static_cast<char>(c);
     }
     return result;
 }
 
-/// "&H1F" and "&O17": as in the language itself, up to 4 hexadecimal digits are a 16-bit number with sign.
+/// "&H1F" and "&O17": as in the language itself, what fits into 16 bits is a 16-bit number with sign, unless
+/// "&" at the end asks for 32 bits.
 std::optional<double> parseRadix(std::string_view text) {
     if (text.size() < 3) return std::nullopt;
     const char letter = static_cast<char>(std::toupper(static_cast<unsigned char>(text[1])));
     if (letter != 'H' && letter != 'O') return std::nullopt;
-    if (text.back() == '&') text.remove_suffix(1);
+    const bool wide = text.back() == '&';
+    if (wide) text.remove_suffix(1);
     std::uint32_t bits = 0;
     const char* end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data() + 2, end, bits, letter == 'H' ? 16 : 8);
     if (error != std::errc() || stop != end) return std::nullopt;
-    if (bits <= 0xFFFF) return static_cast<std::int16_t>(bits);
+    if (!wide && bits <= 0xFFFF) return static_cast<std::int16_t>(bits);
     return static_cast<std::int32_t>(bits);
 }
 
@@ -59,6 +61,8 @@ bool dropThousands(std::string& text) {
 }
 
 std::optional<double> parseDecimal(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c == 'd' || c == 'D'; }, 'e');
     bool negative = false;
     if (!text.empty() && (text[0] == '-' || text[0] == '+')) {
         negative = text[0] == '-';
@@ -80,6 +84,7 @@ std::optional<double> parseDecimal(std::string text) {
 } // namespace
 
 std::optional<double> parseNumber(std::u16string_view text) {
+    if (text.size() > kLongestNumber) return std::nullopt; // blanks too: trimming takes time
     const std::optional<std::string> narrow = narrowed(trimmed(text));
     if (!narrow || narrow->empty()) return std::nullopt;
     return narrow->front() == '&' ? parseRadix(*narrow) : parseDecimal(*narrow);

@@ -3,6 +3,7 @@
 #include "maths/script/Machine.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace vistor::script {
 namespace {
@@ -39,6 +40,52 @@ void checkPreserved(const ArrayBody& old, const std::vector<std::int32_t>& sizes
         old.sizes.size() == sizes.size() && std::equal(sizes.begin(), sizes.end() - 1, old.sizes.begin());
     if (!same) raise(kSubscript);
 }
+
+/// Copies what leads to an array of which an element is lent out. The element is written to without asking
+/// who else holds its array: unless a stored value is cut off from it, an array could come to hold itself.
+class Detacher {
+public:
+    explicit Detacher(Budget& budget) : m_budget(budget) {}
+
+    Value detached(const Value& value) {
+        if (!value.is(Kind::Array)) return value;
+        const ArrayBody& body = value.asArray();
+        const auto known = m_known.find(&body);
+        if (known != m_known.end()) return known->second;
+        if (++m_depth > kDeepest) raise(kOutOfStack);
+        const Value result = copiedWhereNeeded(value);
+        --m_depth;
+        if (body.references > 1) m_known.emplace(&body, result);
+        return result;
+    }
+
+private:
+    static constexpr int kDeepest = 1000;
+
+    Value copiedWhereNeeded(const Value& value) {
+        const ArrayBody& body = value.asArray();
+        Value result = body.locks > 0 ? copied(body) : value;
+        m_budget.work(1 + (body.items.size() >> 4));
+        for (std::size_t i = 0; i < body.items.size(); ++i) {
+            if (!body.items[i].is(Kind::Array)) continue;
+            Value inner = detached(body.items[i]);
+            if (&inner.asArray() == &body.items[i].asArray()) continue;
+            if (&result.asArray() == &body) result = copied(body);
+            result.asArray().items[i] = std::move(inner);
+        }
+        return result;
+    }
+
+    Value copied(const ArrayBody& body) {
+        Value copy = Value::array(body.sizes, m_budget, body.fixed);
+        copy.asArray().items = body.items;
+        return copy;
+    }
+
+    Budget& m_budget;
+    int m_depth = 0;
+    std::unordered_map<const ArrayBody*, Value> m_known; ///< so that what was shared stays so
+};
 
 } // namespace
 
@@ -82,7 +129,7 @@ Value Machine::evaluateIndex(const Expr& expr) {
 
 void Machine::store(const Expr& target, Value value) {
     if (isPlace(target)) {
-        if (value.is(Kind::Array) && value.asArray().locks > 0) value.ownArray(); // an element is lent out
+        if (m_locks > 0) value = Detacher(m_budget).detached(value);
         place(target) = std::move(value);
         return;
     }

@@ -44,6 +44,7 @@ bool isSimple(const Expr& expr) {
 } // namespace
 
 Value Machine::evaluate(const Expr& expr) {
+    m_budget.work();
     switch (expr.kind) {
     case ExprKind::Literal:
         return expr.value;

@@ -80,10 +80,10 @@ void Machine::setErrorHandling(bool resume) {
     m_err.clear();
 }
 
-/// Null counts as False. Where errors are passed over, a condition that fails lets the next statement run:
-/// the first one inside.
-bool Machine::test(const Expr& condition) {
-    const auto holds = [&] {
+/// Null counts as False. Nothing where the condition failed and errors are passed over: the next statement
+/// runs then.
+std::optional<bool> Machine::test(const Expr& condition) {
+    const auto holds = [&]() -> bool {
         Value scratch;
         const Value& value = operand(condition, scratch);
         return !value.is(Kind::Null) && toBoolean(value);
@@ -94,14 +94,14 @@ bool Machine::test(const Expr& condition) {
     } catch (const Fault& fault) {
         if (fault.fatal) throw;
         m_err.set(fault);
-        return true;
+        return std::nullopt;
     }
 }
 
 Machine::Flow Machine::executeIf(const Statement& statement) {
     for (const Branch& branch : statement.branches) {
         m_line = branch.line;
-        if (branch.tests.empty() || test(*branch.tests[0])) return execute(branch.body);
+        if (branch.tests.empty() || test(*branch.tests[0]).value_or(true)) return execute(branch.body);
     }
     return Flow::Next;
 }
@@ -109,6 +109,7 @@ Machine::Flow Machine::executeIf(const Statement& statement) {
 bool Machine::selects(const Branch& branch, const Value& value, const Expr& selector) {
     if (branch.tests.empty()) return true;
     return std::any_of(branch.tests.begin(), branch.tests.end(), [&](const ExprPtr& testExpr) {
+        m_budget.work();
         Value scratch;
         const Value& candidate = operand(*testExpr, scratch);
         const bool literal = testExpr->kind == ExprKind::Literal && selector.kind != ExprKind::Literal;
@@ -129,13 +130,19 @@ Machine::Flow Machine::executeSelect(const Statement& statement) {
     return Flow::Next;
 }
 
+/// A condition that failed goes on with what stands behind it: the body, or what follows the loop.
+bool Machine::leaves(const Statement& loop) {
+    const std::optional<bool> holds = test(*loop.value);
+    return holds ? *holds == loop.until : loop.atEnd;
+}
+
 Machine::Flow Machine::executeDo(const Statement& statement) {
     const bool atStart = statement.value && !statement.atEnd;
     for (bool first = true;; first = false) {
         m_budget.work();
         m_line = statement.testLine;
         const bool asks = statement.value && (atStart || !first);
-        if (asks && test(*statement.value) == statement.until) return Flow::Next;
+        if (asks && leaves(statement)) return Flow::Next;
         const Flow flow = execute(statement.body);
         if (flow == Flow::ExitDo) return Flow::Next;
         if (flow != Flow::Next) return flow;

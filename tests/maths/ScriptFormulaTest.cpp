@@ -137,6 +137,14 @@ TEST(ScriptMachine, RunsEndInTime) {
         u"a = String(8000000, \"a\") : b = String(4000000, \"A\") & \"B\" : x = InStrRev(a, b, -1, 1)",
         u"a = Space(8000000) : Do : x = (a = Space(8000000)) : Loop",
         u"Do : x = UCase(Space(1000000)) : Loop",
+        u"a = Space(20000000) : On Error Resume Next : Do : x = Trim(a) : Loop",
+        u"a = Space(20000000) : On Error Resume Next : Do : x = IsNumeric(a) + CDbl(a) : Loop",
+        u"a = Space(20000000) : On Error Resume Next : Do : x = a & a : x = StrReverse(a) : Loop",
+        u"a = Space(20000000) : On Error Resume Next : Do : x = Split(a) : Loop",
+        u"a = Space(20000000) : On Error Resume Next : Do : Err.Description = a : Err.Raise 9, a, a : Loop",
+        u"a = Space(20000000) : b = Array(1) : On Error Resume Next : Do : x = Join(b, a) + Split(\"\", a) : "
+        u"Loop",
+        u"a = Space(20000000) : On Error Resume Next : Do : x = CStr(a) : x = String(20000000, a) : Loop",
     };
     for (const char16_t* body : bodies) {
         script::Setup setup;

@@ -197,3 +197,35 @@ End Function
 Function BoundOfNoArray ' expect: error 13 Type mismatch at +1
     BoundOfNoArray = UBound(5)
 End Function
+'---- An element passed by reference gets what holds its own array: a copy, so that nothing holds itself.
+Sub PutRow(x, all)
+    x = Array(all)
+End Sub
+Sub Put(x, all)
+    x = all
+End Sub
+Function HoldsACopy ' expect: String 3 0 5
+    Dim a(2), i
+    a(1) = 5
+    For i = 1 To 3
+        PutRow a(0), a
+    Next
+    HoldsACopy = CStr(Depth(a)) & " " & CStr(Depth(a(1))) & " " & CStr(a(0)(0)(1))
+End Function
+Function Depth(ByVal x)
+    Depth = 0
+    If IsArray(x) Then If IsArray(x(0)) Then Depth = Depth(x(0)(0)) + 1
+End Function
+Function DoesNotPileUp ' expect: Boolean True
+    Dim i
+    For i = 1 To 75
+        Own
+    Next
+    DoesNotPileUp = True
+End Function
+Sub Own()
+    Dim a(59999), b(1)
+    PutRow a(0), a
+    b(0) = Array(a)
+    Put b(0)(0), b
+End Sub

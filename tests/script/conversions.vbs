@@ -121,3 +121,22 @@ Function OwnNamesFirst ' expect: String mine
     Mass = "mine"
     OwnNamesFirst = Mass
 End Function
+'---- Hexadecimal texts.
+Function Wide ' expect: Long 65535
+    Wide = CLng("&HFFFF&")
+End Function
+Function Narrow ' expect: Long -1
+    Narrow = CLng("&HFFFF")
+End Function
+Function DigitD ' expect: Long 29
+    DigitD = CLng("&H1D")
+End Function
+Function ExponentD ' expect: Double 1000
+    ExponentD = CDbl("1D3")
+End Function
+Function NullTimes ' expect: Null
+    NullTimes = String(Null, "x")
+End Function
+Function Modal ' expect: Long 4864
+    Modal = CLng(vbSystemModal + vbDefaultButton4 + vbApplicationModal)
+End Function

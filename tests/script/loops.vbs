@@ -159,3 +159,18 @@ Function TextAsStart ' expect: error 13 Type mismatch at +2
     For i = "one" To 3
     Next
 End Function
+'---- A failing condition goes on with what stands behind it.
+Function FailingAtTheEnd ' expect: Integer 1
+    On Error Resume Next
+    Do
+        FailingAtTheEnd = FailingAtTheEnd + 1
+        If FailingAtTheEnd > 5 Then Exit Do
+    Loop While 1 / 0
+End Function
+Function FailingUntilAtTheStart ' expect: Integer 3
+    On Error Resume Next
+    Do Until 1 / 0
+        FailingUntilAtTheStart = FailingUntilAtTheStart + 1
+        If FailingUntilAtTheStart = 3 Then Exit Do
+    Loop
+End Function
