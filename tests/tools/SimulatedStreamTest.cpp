@@ -189,8 +189,8 @@ TEST(SimulatedStream, DamageLosesFramesAndNothingElse) {
     EXPECT_EQ(next, damaged.messages.size()) << "a message that was never sent";
 
     double longest = 0, before = 0;
-    for (const auto& [time, value] :
-         byChannel(readAll(simulateRunFile({.laps = 1, .dropOut = true}))).at(1)) {
+    const auto channels = byChannel(readAll(simulateRunFile({.laps = 1, .dropOut = true})));
+    for (const auto& [time, value] : channels.at(1)) {
         longest = std::max(longest, value - before);
         before = value;
     }
