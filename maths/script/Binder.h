@@ -15,7 +15,7 @@ enum class Use : std::uint8_t { Read, Target, Statement, Resize };
 
 class Binder {
 public:
-    explicit Binder(Program& program) : m_program(program) { m_scopes.push_back({&program.main, {}}); }
+    explicit Binder(Program& program) { m_scopes.push_back({&program.main, {}}); }
 
     /// Enters the scope of a procedure, or with null goes back to the main program's.
     void enter(Procedure* procedure);
@@ -61,7 +61,6 @@ private:
     void bindToNothing(const NameUse& use);
     void becomeVariable(Expr& expr, std::size_t scope, int slot, Use how);
 
-    Program& m_program;
     std::deque<Scope> m_scopes; ///< the main program's first
     std::size_t m_current = 0;
     bool m_explicit = false;
