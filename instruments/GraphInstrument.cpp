@@ -45,11 +45,6 @@ void GraphInstrument::UserControl_Initialize() {
     forgetValues();
 }
 
-void GraphInstrument::mode(bool edit) {
-    Instrument::mode(edit);
-    inCTRL().setEnabled(true);
-}
-
 PinTable GraphInstrument::curVarTable() const {
     PinTable table = Instrument::curVarTable();
     for (int row = 1; row <= table.upperBound(); ++row) {

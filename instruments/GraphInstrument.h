@@ -22,8 +22,6 @@ public:
     using Instrument::refreshValue;
     using Instrument::RemovePin;
 
-    /// Paints or clears the frame; the display stays enabled.
-    void mode(bool edit) override;
     /// The names, and in columns 2 to 5 the latest values and what of them waits for its other half.
     PinTable curVarTable() const override;
     void refreshValue(std::int16_t pin, std::uint8_t axis, float value) override;

@@ -90,7 +90,7 @@ void Instrument::mode(bool edit) {
     m_framePainted = edit;
     m_dragging = m_dragging && edit;
     m_sizing = m_sizing && edit;
-    m_display->setEnabled(edit);
+    m_display->setEnabled(edit || m_display->properties().table().parts().staysEnabled);
     update();
 }
 

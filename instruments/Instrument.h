@@ -42,7 +42,8 @@ public:
     /// Stores the background, gives it to the instrument and its tag, and `fore` to the tag's text. Colours
     /// are 0x00BBGGRR, or a system colour with the top bit set.
     void setColour(std::int32_t back, std::int32_t fore);
-    /// True is edit: frame painted, display enabled. False is play: frame cleared, display disabled.
+    /// True is edit: frame painted, display enabled. False is play: frame cleared, display disabled where its
+    /// kind asks for it.
     virtual void mode(bool edit);
     virtual PinTable curVarTable() const;
     /// Shows a new value on a pin. On the path of every sample: allocates nothing, looks nothing up by name.
@@ -98,7 +99,7 @@ Q_SIGNALS:
 protected:
     /// Asks a person which of several pins takes a dropped variable.
     virtual void choosePin(const QString& name);
-    /// The rows of the properties window: labels and values in step.
+    /// The rows of the properties window: labels and values in step. By default those of the kind's table.
     virtual QStringList shownLabels() const;
     virtual QStringList shownValues() const;
 

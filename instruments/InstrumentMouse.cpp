@@ -17,6 +17,16 @@ float twips(double pixels) {
     return static_cast<float>(pixels * kTwipsPerPixel);
 }
 
+QString shownValue(const PropertyStore& properties, const ShownProperty& shown) {
+    const PropertyInfo* info = properties.table().info(shown.number);
+    if (info != nullptr && info->type == PropertyType::Boolean)
+        return QLatin1String(properties.flag(shown.number) ? shown.on : shown.off);
+    if (info != nullptr && info->editor == Editor::Choice)
+        return QLatin1String(info->choices.words[static_cast<std::size_t>(properties.choice(shown.number))]);
+    return info != nullptr && isText(info->type) ? properties.text(shown.number)
+                                                 : textOfNumber(properties.number(shown.number));
+}
+
 QPixmap hatchTile(double ratio) {
     const int pixels = qRound(kHatchTilePixels * ratio);
     QPixmap tile(pixels, pixels);
@@ -118,11 +128,17 @@ void Instrument::displayMoved() {
 }
 
 QStringList Instrument::shownLabels() const {
-    return {};
+    QStringList labels;
+    for (const ShownProperty& shown : m_display->properties().table().parts().shown)
+        labels << QLatin1String(shown.label);
+    return labels;
 }
 
 QStringList Instrument::shownValues() const {
-    return {};
+    QStringList values;
+    for (const ShownProperty& shown : m_display->properties().table().parts().shown)
+        values << shownValue(m_display->properties(), shown);
+    return values;
 }
 
 } // namespace vistor

@@ -11,10 +11,6 @@ class VXAGAUGE final : public Instrument {
 
 public:
     explicit VXAGAUGE(QWidget* parent);
-
-protected:
-    QStringList shownLabels() const override;
-    QStringList shownValues() const override;
 };
 
 } // namespace vistor

@@ -1,6 +1,7 @@
 #include "instruments/displays/AngularGaugeLayout.h"
 
 #include "instruments/Colours.h"
+#include "instruments/displays/PropertyStyles.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,13 +14,21 @@ constexpr int kSmallestText = 8;        ///< pixels
 constexpr double kLostText = 5.4;       ///< what asks for less is left out: nobody could read it
 constexpr double kThinnestNeedle = 1.2; ///< pixels
 
+constexpr PanelNumbers kPanel{.back = GaugeBackColour,
+                              .border = GaugeBorder,
+                              .borderWidth = GaugeBorderWidth,
+                              .light = GaugeBorderLight,
+                              .shadow = GaugeBorderShadow};
+constexpr FontNumbers kFont{.family = FontFamily,
+                            .substitute = FontSubstitute,
+                            .bold = FontBold,
+                            .italic = FontItalic,
+                            .underline = FontUnderline,
+                            .strikeOut = FontStrikeOut};
+
 PanelStyle panelStyle(const PropertyStore& p, const QColor& page) {
-    PanelStyle style;
-    style.back = p.flag(GaugeOnPage) ? page : colourOf(p.integer(GaugeBackColour));
-    style.border = borderOf(p.integer(GaugeBorder));
-    style.borderWidth = std::clamp(p.integer(GaugeBorderWidth), 0, 20);
-    style.light = colourOf(p.integer(GaugeBorderLight));
-    style.shadow = colourOf(p.integer(GaugeBorderShadow));
+    PanelStyle style = panelStyleOf(p, kPanel);
+    if (p.flag(GaugeOnPage)) style.back = page;
     return style;
 }
 
@@ -128,18 +137,7 @@ std::optional<QFont> dialFont(const PropertyStore& properties, int section, doub
     const int index = std::clamp(section, 0, std::max(properties.integer(GaugeFonts) - 1, 0));
     const double size = usualSize(properties, FontSize, index, 100) / 100 * radius;
     if (size < kLostText) return {};
-    QFont font;
-    QStringList families;
-    for (const int number : {int(FontFamily), int(FontSubstitute)})
-        if (!properties.text(number, index).isEmpty())
-            families << properties.text(number, index).left(kLongestDialText);
-    if (!families.isEmpty()) font.setFamilies(families);
-    font.setPixelSize(std::max(qRound(size), kSmallestText));
-    font.setBold(properties.flag(FontBold, index));
-    font.setItalic(properties.flag(FontItalic, index));
-    font.setUnderline(properties.flag(FontUnderline, index));
-    font.setStrikeOut(properties.flag(FontStrikeOut, index));
-    return font;
+    return fontOf(properties, kFont, std::max(qRound(size), kSmallestText), index);
 }
 
 ScalePlace DialLayout::scaleAt(int index) const {

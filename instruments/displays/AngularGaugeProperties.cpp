@@ -168,6 +168,19 @@ constexpr SectionInfo kSections[] = {
      .countsFromPins = true},
 };
 
+constexpr ShownProperty kShown[] = {
+    {"Tic Start Value", TicStartValue},
+    {"Tic Stop Value", TicStopValue},
+    {"Tic Default Value", TicStep},
+    {"Tic Labels", TicLabels, "On", "Off"},
+    {"Scale Start Angle", ScaleStartAngle},
+    {"Scale Stop Angle", ScaleStopAngle},
+    {"Annuler Inner Radius", AnnularInnerRadius},
+    {"Annuler Outer Radius", AnnularOuterRadius},
+    {"Annuler Start Value", AnnularStartValue},
+    {"Annuler Stop Value", AnnularStopValue},
+};
+
 constexpr KindTable::Parts kParts{.fixed = kFixed,
                                   .groups = kGroups,
                                   .sections = kSections,
@@ -175,7 +188,8 @@ constexpr KindTable::Parts kParts{.fixed = kFixed,
                                   .methods = {.redraw = 99, .sheet = 98},
                                   .values = {.selector = NeedleSelector, .value = NeedleValue},
                                   .pinCountProperty = GaugeNeedles,
-                                  .restoreReversed = true};
+                                  .restoreReversed = true,
+                                  .shown = kShown};
 
 /// Where a new dial's sections differ from the defaults of their kind.
 struct Setting {

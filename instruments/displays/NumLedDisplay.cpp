@@ -1,8 +1,8 @@
 #include "instruments/displays/NumLedDisplay.h"
 
 #include "instruments/Colours.h"
-#include "instruments/displays/Panel.h"
 #include "instruments/displays/PropertyMakers.h"
+#include "instruments/displays/PropertyStyles.h"
 
 #include <QPainter>
 
@@ -15,8 +15,6 @@ namespace {
 using enum PropertyType;
 
 constexpr const char* kModes[] = {"Numeric", "Alpha Numeric"};
-constexpr const char* kAlignments[] = {"Left", "Right", "Centre"};
-constexpr const char* kPlaces[] = {"Above", "Below"};
 constexpr const char* kForms[] = {"By mode", "Seven segments", "Fourteen segments"};
 
 constexpr const char* kValueGroup = "Value";
@@ -34,9 +32,9 @@ constexpr PropertyInfo kProperties[] = {
     colourProperty(NumLedBorderLight, "Border Light Colour", 0x5C5044, kPanelGroup),
     colourProperty(NumLedBorderShadow, "Border Shadow Colour", 0x0C0A08, kPanelGroup),
     flagProperty(NumLedShowCaption, "Show Caption", false, kCaptionGroup),
-    choiceProperty(NumLedCaptionAlignment, Integer, "Caption Alignment", 0, kAlignments, kCaptionGroup),
+    choiceProperty(NumLedCaptionAlignment, Integer, "Caption Alignment", 0, kAlignmentWords, kCaptionGroup),
     colourProperty(NumLedCaptionColour, "Caption Colour", 0xC8BCAE, kCaptionGroup),
-    choiceProperty(NumLedCaptionPlace, Long, "Caption Place", 0, kPlaces, kCaptionGroup),
+    choiceProperty(NumLedCaptionPlace, Long, "Caption Place", 0, kCaptionPlaceWords, kCaptionGroup),
     textProperty(NumLedCaption, "Caption", kCaptionGroup),
     wholeProperty(NumLedDigits, "Digits", 6, 1, kMaximumCells, kDigitsGroup),
     wholeProperty(NumLedDecimals, "Decimals", 1, 0, 15, kDigitsGroup),
@@ -49,7 +47,7 @@ constexpr PropertyInfo kProperties[] = {
     flagProperty(NumLedLeadingPlusMinus, "Leading PlusMinus", false, kValueGroup),
     flagProperty(NumLedShowUnlit, "Show Unlit Segments", true, kDigitsGroup),
     flagProperty(NumLedFixedDecimals, "Fixed Decimals", true, kValueGroup),
-    choiceProperty(NumLedAlignment, Integer, "Alignment", 1, kAlignments, kDigitsGroup),
+    choiceProperty(NumLedAlignment, Integer, "Alignment", 1, kAlignmentWords, kDigitsGroup),
     wholeProperty(NumLedMargin, "Margin", 4, 0, 100, kPanelGroup),
     keptProperty(12, Integer),
     choiceProperty(NumLedDigitForm, Integer, "Digit Form", 0, kForms, kDigitsGroup),
@@ -67,33 +65,20 @@ constexpr KindTable::Parts kParts{.fixed = kProperties,
                                   .methods = {.redraw = 34, .sheet = 33},
                                   .values = {.value = NumLedValue}};
 
-Qt::Alignment alignmentOf(int choice) {
-    constexpr Qt::AlignmentFlag kFlags[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
-    return choice >= 0 && choice <= 2 ? kFlags[choice] : Qt::AlignLeft;
-}
-
-int bounded(const PropertyStore& p, NumLedProperty number) {
-    const PropertyInfo* info = p.table().info(number);
-    return std::clamp(p.integer(number), int(info->low), int(info->high));
-}
+constexpr PanelNumbers kPanel{.back = NumLedBackColour,
+                              .shading = NumLedShading,
+                              .border = NumLedBorder,
+                              .borderWidth = NumLedBorderWidth,
+                              .light = NumLedBorderLight,
+                              .shadow = NumLedBorderShadow,
+                              .showCaption = NumLedShowCaption,
+                              .caption = NumLedCaption,
+                              .captionAlignment = NumLedCaptionAlignment,
+                              .captionPlace = NumLedCaptionPlace,
+                              .captionColour = NumLedCaptionColour};
 
 QColor colourIn(const PropertyStore& p, NumLedProperty number) {
     return colourOf(p.integer(number));
-}
-
-PanelStyle panelStyle(const PropertyStore& p) {
-    PanelStyle style;
-    style.back = colourIn(p, NumLedBackColour);
-    style.shaded = p.flag(NumLedShading);
-    style.border = borderOf(p.integer(NumLedBorder));
-    style.borderWidth = bounded(p, NumLedBorderWidth);
-    style.light = colourIn(p, NumLedBorderLight);
-    style.shadow = colourIn(p, NumLedBorderShadow);
-    if (p.flag(NumLedShowCaption)) style.caption = p.text(NumLedCaption);
-    style.captionAlignment = alignmentOf(p.integer(NumLedCaptionAlignment));
-    style.captionBelow = p.integer(NumLedCaptionPlace) == 1;
-    style.captionColour = colourIn(p, NumLedCaptionColour);
-    return style;
 }
 
 bool usesFourteen(const PropertyStore& p) {
@@ -103,10 +88,10 @@ bool usesFourteen(const PropertyStore& p) {
 
 RowStyle rowStyle(const PropertyStore& p) {
     RowStyle style;
-    style.digits = bounded(p, NumLedDigits);
-    style.slantDegrees = bounded(p, NumLedSlant);
-    style.barShare = bounded(p, NumLedBarWidth) / 100.0;
-    style.spacingShare = bounded(p, NumLedSpacing) / 100.0;
+    style.digits = p.bounded(NumLedDigits);
+    style.slantDegrees = p.bounded(NumLedSlant);
+    style.barShare = p.bounded(NumLedBarWidth) / 100.0;
+    style.spacingShare = p.bounded(NumLedSpacing) / 100.0;
     style.fourteen = usesFourteen(p);
     return style;
 }
@@ -126,7 +111,7 @@ NumLedDisplay::NumLedDisplay(QWidget* parent) : InnerDisplay(kNumLedTable, paren
 
 SegmentRow NumLedDisplay::shown() const {
     const PropertyStore& p = properties();
-    const int digits = bounded(p, NumLedDigits);
+    const int digits = p.bounded(NumLedDigits);
     if (p.integer(NumLedDisplayMode) == kAlphaNumericMode) return textCells(p.text(NumLedText), digits);
     return numberCells(p.number(NumLedValue), {.digits = digits,
                                                .decimals = p.integer(NumLedDecimals),
@@ -137,8 +122,8 @@ SegmentRow NumLedDisplay::shown() const {
 
 void NumLedDisplay::layOut() {
     const PropertyStore& p = properties();
-    const double margin = std::min(double(bounded(p, NumLedMargin)), std::min(width(), height()) / 4.0);
-    QRectF room = panelInside(panelStyle(p), rect()).adjusted(margin, margin, -margin, -margin);
+    const double margin = std::min(double(p.bounded(NumLedMargin)), std::min(width(), height()) / 4.0);
+    QRectF room = panelInside(panelStyleOf(p, kPanel), rect()).adjusted(margin, margin, -margin, -margin);
     m_unitPlace = {};
     if (const QString& unit = p.text(NumLedUnit); !unit.isEmpty()) {
         const double advance = QFontMetricsF(unitFont(room.height())).horizontalAdvance(unit) + margin;
@@ -161,13 +146,13 @@ QPointF NumLedDisplay::cellPlace(int cell) const {
 void NumLedDisplay::paintStatic(QPainter& painter) {
     layOut();
     const PropertyStore& p = properties();
-    paintPanel(painter, panelStyle(p), rect());
+    paintPanel(painter, panelStyleOf(p, kPanel), rect());
     if (!m_unitPlace.isEmpty()) paintUnit(painter, m_unitPlace);
     if (!p.flag(NumLedShowUnlit)) return;
     const std::uint16_t all = m_row.shape.fourteen ? kFourteenSegments : kSevenSegments;
     const QPainterPath unlit = segmentPath(m_row.shape, all | SegPoint);
     const QColor unlitColour = colourIn(p, NumLedUnlitColour);
-    for (int cell = 0; cell < bounded(p, NumLedDigits); ++cell)
+    for (int cell = 0; cell < p.bounded(NumLedDigits); ++cell)
         painter.fillPath(unlit.translated(cellPlace(cell)), unlitColour);
 }
 
@@ -197,7 +182,7 @@ const QPixmap& NumLedDisplay::glyph(std::uint16_t segments) {
 
 void NumLedDisplay::paintMoving(QPainter& painter) {
     const SegmentRow row = shown();
-    const int spare = std::max(bounded(properties(), NumLedDigits) - row.count, 0);
+    const int spare = std::max(properties().bounded(NumLedDigits) - row.count, 0);
     const Qt::Alignment alignment = alignmentOf(properties().integer(NumLedAlignment));
     const int first = alignment == Qt::AlignRight ? spare : alignment == Qt::AlignHCenter ? spare / 2 : 0;
     for (int i = 0; i < row.count; ++i) {

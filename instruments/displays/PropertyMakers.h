@@ -26,6 +26,15 @@ constexpr PropertyInfo choiceProperty(std::int16_t number, PropertyType type, co
             .choices = {words}};
 }
 
+/// The same for a choice with a word for all values that have none of their own.
+constexpr PropertyInfo choiceOrElseProperty(std::int16_t number, const char* label, int initial,
+                                            std::span<const char* const> words, int otherwise,
+                                            const char* group = nullptr) {
+    PropertyInfo info = choiceProperty(number, PropertyType::Long, label, initial, words, group);
+    info.choices.otherwise = otherwise;
+    return info;
+}
+
 constexpr PropertyInfo flagProperty(std::int16_t number, const char* label, bool initial,
                                     const char* group = nullptr) {
     return {.number = number,

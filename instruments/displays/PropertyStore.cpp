@@ -214,6 +214,21 @@ const QString& PropertyStore::text(int number) const {
     return text(number, m_blocks[m_table->find(number).block].current);
 }
 
+int PropertyStore::choice(int number, int index) const {
+    const PropertyInfo* info = m_table->info(number);
+    if (info == nullptr) return 0;
+    const int value = integer(number, index);
+    const bool known = value >= 0 && static_cast<std::size_t>(value) < info->choices.words.size();
+    return known ? value : info->choices.otherwise;
+}
+
+int PropertyStore::bounded(int number, int index) const {
+    const PropertyInfo* info = m_table->info(number);
+    const int value = integer(number, index);
+    return info == nullptr ? value
+                           : std::clamp(value, static_cast<int>(info->low), static_cast<int>(info->high));
+}
+
 QString PropertyStore::item(int number, int index) const {
     const PropertyAddress& address = m_table->find(number);
     if (address.role == Role::Selector) return QString::number(index);

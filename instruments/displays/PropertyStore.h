@@ -43,6 +43,12 @@ public:
     bool flag(int number) const { return this->number(number) != 0; }
     bool flag(int number, int index) const { return this->number(number, index) != 0; }
 
+    /// The place of a choice's word among its words: that of all others for a value without one.
+    int choice(int number) const { return choice(number, m_blocks[m_table->find(number).block].current); }
+    int choice(int number, int index) const;
+    /// A number held to what the sheet lets a person enter.
+    int bounded(int number, int index = 0) const;
+
     /// A property in the form of the saved list, and written from it.
     QString item(int number, int index) const;
     void setItem(int number, int index, const QString& item);

@@ -56,6 +56,15 @@ struct PropertyInfo {
     std::span<const double> initials{}; ///< of sections 0, 1, ... and round again, in place of `initial`
 };
 
+/// A row of the properties window: a property of the current section under the words given there. A choice
+/// shows its word, a flag one of these two.
+struct ShownProperty {
+    const char* label = "";
+    std::int16_t number = 0;
+    const char* on = "True";
+    const char* off = "False";
+};
+
 /// A list of sections: `count` of them, of which the one that the selector names is current. The selector is
 /// the first of the fields.
 struct SectionInfo {
@@ -103,6 +112,8 @@ public:
         std::int16_t pinCountProperty =
             0;                        ///< the section count that tells how many pins there are; 0: one pin
         bool restoreReversed = false; ///< sections are restored from the last back to the first
+        bool staysEnabled = false;    ///< play mode does not disable the display
+        std::span<const ShownProperty> shown{}; ///< in the properties window
     };
 
     consteval explicit KindTable(const Parts& parts) : m_parts(parts) {

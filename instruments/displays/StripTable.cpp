@@ -254,7 +254,8 @@ constexpr KindTable::Parts partsOf(std::span<const PropertyInfo> fixed) {
             .sections = kSections,
             .pins = PinForm::Graph,
             .methods = {.redraw = StripRedraw},
-            .pinCountProperty = StripTraceCount};
+            .pinCountProperty = StripTraceCount,
+            .staysEnabled = true};
 }
 
 } // namespace

@@ -1,0 +1,54 @@
+#include "instruments/displays/PropertyStyles.h"
+
+#include "instruments/Colours.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+namespace vistor {
+namespace {
+
+constexpr int kWidestBorder = 20;
+constexpr int kLongestFamily = 64;
+
+} // namespace
+
+Qt::Alignment alignmentOf(int choice) {
+    constexpr Qt::AlignmentFlag kFlags[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
+    return choice >= 0 && choice <= 2 ? kFlags[choice] : Qt::AlignLeft;
+}
+
+PanelStyle panelStyleOf(const PropertyStore& properties, const PanelNumbers& numbers) {
+    const auto colour = [&](int number) { return colourOf(properties.integer(number)); };
+    PanelStyle style;
+    style.back = colour(numbers.back);
+    style.shaded = numbers.shading != 0 && properties.flag(numbers.shading);
+    style.border = borderOf(properties.integer(numbers.border));
+    style.borderWidth = std::clamp(properties.integer(numbers.borderWidth), 0, kWidestBorder);
+    style.light = colour(numbers.light);
+    style.shadow = colour(numbers.shadow);
+    if (numbers.showCaption == 0 || !properties.flag(numbers.showCaption)) return style;
+    style.caption = properties.text(numbers.caption);
+    style.captionAlignment = alignmentOf(properties.integer(numbers.captionAlignment));
+    style.captionBelow = properties.integer(numbers.captionPlace) == 1;
+    style.captionColour = colour(numbers.captionColour);
+    return style;
+}
+
+QFont fontOf(const PropertyStore& properties, const FontNumbers& numbers, int pixels, int index) {
+    QFont font;
+    QStringList families;
+    for (const std::int16_t number : {numbers.family, numbers.substitute})
+        if (const QString& family = properties.text(number, index); !family.isEmpty())
+            families << family.left(kLongestFamily);
+    if (!families.isEmpty()) font.setFamilies(families);
+    font.setPixelSize(std::max(pixels, 1));
+    font.setBold(properties.flag(numbers.bold, index));
+    font.setItalic(properties.flag(numbers.italic, index));
+    font.setUnderline(properties.flag(numbers.underline, index));
+    font.setStrikeOut(properties.flag(numbers.strikeOut, index));
+    return font;
+}
+
+} // namespace vistor
