@@ -132,7 +132,17 @@ void frmCurveFit::DrawGraph(std::span<const FitPoint> points, const CurveFit& fi
     m_curve->replace(curve);
 }
 
+frmCurveFit::~frmCurveFit() {
+    stopListening();
+}
+
+/// From here on an entry box that is still open and commits when it is hidden changes nothing any more.
+void frmCurveFit::stopListening() {
+    disconnect(grdInput, nullptr, this, nullptr);
+}
+
 void frmCurveFit::reject() {
+    stopListening();
     m_formula.clear();
     QDialog::reject();
 }

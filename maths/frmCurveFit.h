@@ -18,13 +18,14 @@ namespace vistor {
 class QtPointGrid;
 class QtThemedChart;
 
-/// Modal: `frmCurveFit window(parent); window.exec();`, then formulaText() is what to take over, if it is not
-/// empty.
+/// Modal, a new one for each opening: `frmCurveFit window(parent); window.exec();`, then formulaText() is
+/// what to take over, if it is not empty.
 class frmCurveFit final : public QDialog {
     Q_OBJECT
 
 public:
     explicit frmCurveFit(QWidget* parent = nullptr);
+    ~frmCurveFit() override;
 
     /// The formula that was last built, in "x"; empty when there was none or the window was cancelled.
     const QString& formulaText() const { return m_formula; }
@@ -32,6 +33,7 @@ public:
     void reject() override;
 
 private:
+    void stopListening();
     void makeMenu();
     QWidget* makeChart();
     QAction* addEntry(const QString& name, const QString& words, const QKeySequence& keys,

@@ -101,6 +101,10 @@ frmFilterDesign::frmFilterDesign(VariableDefinition& row, QWidget* parent) : QDi
     Form_Load();
 }
 
+frmFilterDesign::~frmFilterDesign() {
+    hide(); // a box that loses the focus now still finds its window whole
+}
+
 QGroupBox* frmFilterDesign::makeModelFrame() {
     auto* frame = new QGroupBox(tr("Filter model"));
     auto* layout = new QVBoxLayout(frame);

@@ -24,6 +24,7 @@ class frmFilterDesign final : public QDialog {
 
 public:
     explicit frmFilterDesign(VariableDefinition& row, QWidget* parent = nullptr);
+    ~frmFilterDesign() override;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -143,6 +143,30 @@ TEST_F(FrmCurveFitTest, TheFormulaLastBuiltStandsUntilCancelled) {
     EXPECT_TRUE(window.formulaText().isEmpty());
 }
 
+TEST_F(FrmCurveFitTest, AnOpenEntryBoxDoesNotBringBackWhatWasCancelled) {
+    paste(QStringLiteral("0\t1\n1\t3"));
+    goTo(2, 0);
+    press("2"); // neither Enter nor Tab
+    ASSERT_NE(entryBox(), nullptr);
+    window.close();
+    EXPECT_TRUE(window.formulaText().isEmpty());
+    auto dropped = std::make_unique<frmCurveFit>();
+    dropped->show();
+    auto* other = dropped->findChild<QtPointGrid*>(QStringLiteral("grdInput"));
+    other->setFocus();
+    QTest::keyClick(other, '7');
+    dropped.reset(); // with its box still open
+}
+
+TEST_F(FrmCurveFitTest, OkTakesTheEntryBoxAlong) {
+    paste(QStringLiteral("0\t1"));
+    goTo(0, 1);
+    press("5");
+    ASSERT_NE(entryBox(), nullptr);
+    window.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click(); // by its letter: no focus
+    EXPECT_EQ(window.formulaText(), "(0) * x^3 + (0) * x^2 + (0) * x + (5)");
+}
+
 TEST_F(FrmCurveFitTest, TakesWhatIsNoNumber) {
     paste(QStringLiteral("Volts\tmm\n1e300\t-1e300\n1e300\t1e300\n\xC2\xA0\t3\n2V\t3"));
     EXPECT_EQ(cell(0, 0), "Volts");

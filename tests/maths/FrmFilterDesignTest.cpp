@@ -158,6 +158,14 @@ TEST_F(FrmFilterDesignTest, BoxesSpeakTheLocale) {
     EXPECT_EQ(row.FilterHighVal, 15.5F);
 }
 
+TEST_F(FrmFilterDesignTest, GoesAwayWithABoxBeingEdited) {
+    open();
+    window->activateWindow();
+    type(0, "33");
+    window.reset();
+    EXPECT_EQ(row.FilterHighVal, 12.5F);
+}
+
 TEST_F(FrmFilterDesignTest, TheChartFollowsThePalette) {
     open();
     auto* chart = child<QtThemedChart>("MSChart1");
