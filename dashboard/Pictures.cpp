@@ -4,7 +4,9 @@
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
+#include <QPixmapCache>
 #include <QSvgRenderer>
+#include <QtMath>
 
 #include <algorithm>
 #include <iterator>
@@ -57,6 +59,40 @@ constexpr Outline kOutlines[] = {
      R"svg(<path d="M3 3v18h18" fill="none"/><ellipse cx="12.5" cy="11.5" rx="6.5" ry="4" transform="rotate(-35 12.5 11.5)" stroke="%2"/>)svg"},
     {"hTEXTTAG",
      R"(<rect x="2.5" y="5" width="19" height="14" rx="1" fill="%3"/><path d="M8 9h8M12 9v7" stroke="%2"/>)"},
+    // The lines of the variable tree.
+    {"N", R"(<path d="M4 17a8.5 8.5 0 1 1 16 0" fill="%3"/><path d="M12 14l4-5" stroke="%2"/>)"},
+    {"I",
+     R"(<rect x="12" y="5" width="9" height="14" rx="1" fill="%3"/><path d="M2 12h10M8 8l4 4-4 4" stroke="%2"/>)"},
+    {"G",
+     R"(<circle cx="12" cy="12" r="8.5" fill="%3"/><ellipse cx="12" cy="12" rx="3.6" ry="8.5"/><path d="M3.5 12h17" stroke="%2"/>)"},
+    {"U",
+     R"(<circle cx="12" cy="8" r="4" fill="%3"/><path d="M4 21c0-5 3.5-7.5 8-7.5s8 2.5 8 7.5z" fill="%3" stroke="%2"/>)"},
+    {"S",
+     R"(<path d="M3 8h18l-3 9H6z" fill="%3"/><path d="M8 11v.1M12 11v.1M16 11v.1M10 14v.1M14 14v.1" stroke="%2" stroke-width="2"/>)"},
+    {"E",
+     R"(<rect x="3" y="8" width="13" height="13" rx="1" fill="%3"/><path d="M11 13L21 3M14 3h7v7" stroke="%2"/>)"},
+    {"D",
+     R"(<path d="M3 9h3M3 13h3M3 17h3M18 9h3M18 13h3M18 17h3M9 6l-2-3M15 6l2-3"/><rect x="7" y="6" width="10" height="14" rx="5" fill="%3"/><path d="M12 8v10" stroke="%2"/>)"},
+    {"T",
+     R"(<circle cx="12" cy="13.5" r="7.5" fill="%3"/><path d="M10 2.5h4M12 3v3"/><path d="M12 13.5V9" stroke="%2"/>)"},
+    {"M",
+     R"(<rect x="4" y="4" width="7" height="7" fill="%3"/><rect x="13" y="13" width="7" height="7" fill="%3"/><rect x="13" y="4" width="7" height="7" fill="%3" stroke="%2"/><rect x="4" y="13" width="7" height="7" fill="%3"/>)"},
+    {"Some", R"(<path d="M2.5 13h4l3-8 5 14 3-6h4" stroke="%2" stroke-width="2"/>)"},
+    {"Advanced",
+     R"(<path d="M4 7h16M4 12h16M4 17h16"/><g fill="%3" stroke="%2"><circle cx="9" cy="7" r="2.2"/><circle cx="16" cy="12" r="2.2"/><circle cx="7" cy="17" r="2.2"/></g>)"},
+    {"Filter", R"(<path d="M3 3v18h18" fill="none"/><path d="M5 8h6c4 0 4 10 9 10" stroke="%2"/>)"},
+    {"Calc",
+     R"(<path d="M15 4c-3-2-4.5 0-4.5 4v8c0 4-1.5 6-4.5 4" stroke="%2" stroke-width="2"/><path d="M16 13l4 5M20 13l-4 5"/>)"},
+    {"Roc", R"(<path d="M3 20h18"/><path d="M4 17L18 6M12 6h6v6" stroke="%2"/>)"},
+    {"Units",
+     R"(<rect x="2" y="8" width="20" height="8" rx="1" fill="%3"/><path d="M6 8v4M10 8v3M14 8v4M18 8v3" stroke="%2"/>)"},
+    {"Name", R"(<path d="M3 5h9l9 7-9 7H3z" fill="%3"/><path d="M7 9.5v5M7 12h5" stroke="%2"/>)"},
+    {"Min", R"(<path d="M4 20h16"/><path d="M12 4v12M8 12l4 4 4-4" stroke="%2"/>)"},
+    {"Max", R"(<path d="M4 4h16"/><path d="M12 20V8M8 12l4-4 4 4" stroke="%2"/>)"},
+    {"Smooth",
+     R"(<path d="M2 15l3-6 3 7 3-9 3 8 3-7 4 6" stroke-width="1"/><path d="M2 14c5-3 8-1 10-2s6-1 10 0" stroke="%2" stroke-width="2"/>)"},
+    {"filter",
+     R"(<circle cx="10.5" cy="10.5" r="6.5" fill="%3"/><path d="M15.5 15.5L21 21" stroke="%2" stroke-width="2.5"/>)"},
 };
 
 const Outline* outlineOf(std::string_view name) {
@@ -65,12 +101,16 @@ const Outline* outlineOf(std::string_view name) {
     return found == std::end(kOutlines) ? nullptr : found;
 }
 
-QByteArray documentOf(const Outline& outline, bool disabled) {
+/// On a selected line the ground is an accent itself.
+QByteArray documentOf(const Outline& outline, QIcon::Mode mode) {
     const QPalette palette = QApplication::palette();
-    const auto group = disabled ? QPalette::Disabled : QPalette::Active;
-    const QString lines = palette.color(group, QPalette::ButtonText).name();
-    const QString accents = disabled ? lines : palette.color(QPalette::Highlight).name();
-    const QString grounds = palette.color(group, QPalette::Base).name();
+    const auto colour = [&](QPalette::ColorRole role) {
+        return palette.color(mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active, role).name();
+    };
+    const bool selected = mode == QIcon::Selected;
+    const QString lines = colour(selected ? QPalette::HighlightedText : QPalette::ButtonText);
+    const QString accents = selected || mode == QIcon::Disabled ? lines : colour(QPalette::Highlight);
+    const QString grounds = colour(selected ? QPalette::Highlight : QPalette::Base);
     const QString frame = QStringLiteral(
         R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 24 24"><g fill="none" stroke="%1" )"
         R"(stroke-width="1.5" stroke-linecap="round" stroke-linejoin="round">)");
@@ -82,24 +122,44 @@ QByteArray documentOf(const Outline& outline, bool disabled) {
         .toUtf8();
 }
 
-/// Draws the outline anew for each size, density and state that is asked for.
+/// The outline in a square of that many pixels. A tree shows the same few over and over; they are drawn once.
+QPixmap drawn(const Outline& outline, int side, QIcon::Mode mode) {
+    const QString key = QStringLiteral("vistor/%1/%2/%3/%4")
+                            .arg(QLatin1String(outline.name.data(), qsizetype(outline.name.size())))
+                            .arg(side)
+                            .arg(mode)
+                            .arg(QApplication::palette().cacheKey());
+    QPixmap pixels;
+    if (QPixmapCache::find(key, &pixels)) return pixels;
+    pixels = QPixmap(side, side);
+    pixels.fill(Qt::transparent);
+    QPainter painter(&pixels);
+    QSvgRenderer(documentOf(outline, mode)).render(&painter, QRectF(0, 0, side, side));
+    painter.end();
+    QPixmapCache::insert(key, pixels);
+    return pixels;
+}
+
+/// Draws the outline for each size, density and state that is asked for.
 class OutlineEngine final : public QIconEngine {
 public:
     explicit OutlineEngine(const Outline& outline) : m_outline(outline) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-        QSvgRenderer renderer(documentOf(m_outline, mode == QIcon::Disabled));
         const int side = qMin(rect.width(), rect.height());
-        QRectF square(0, 0, side, side);
-        square.moveCenter(QRectF(rect).center());
-        renderer.render(painter, square);
+        if (side <= 0) return;
+        const double ratio = painter->device()->devicePixelRatioF();
+        QPixmap pixels = drawn(m_outline, qCeil(side * ratio), mode);
+        QRect square(0, 0, side, side);
+        square.moveCenter(rect.center());
+        painter->drawPixmap(square, pixels);
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap drawn(size);
-        drawn.fill(Qt::transparent);
-        QPainter painter(&drawn);
+        QPixmap whole(size);
+        whole.fill(Qt::transparent);
+        QPainter painter(&whole);
         paint(&painter, QRect(QPoint(), size), mode, state);
-        return drawn;
+        return whole;
     }
     QIconEngine* clone() const override { return new OutlineEngine(*this); }
 

@@ -6,8 +6,10 @@
 #include "platform/Events.h"
 #include "platform/Prompts.h"
 #include "variables/GlobalVarsAndTypes.h"
+#include "variables/VariableTreeView.h"
 
 #include <QCloseEvent>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QTreeWidget>
 
@@ -36,11 +38,12 @@ frmInterface::frmInterface(QWidget* parent)
     : QWidget(parent),
       mainTab(named(new SSTab(this), "mainTab")),
       VarPic(named(new QWidget(this), "VarPic")),
-      VarTree(named(new QTreeWidget(VarPic), "VarTree")),
+      VarTree(named(new VariableTreeView(VarPic), "VarTree")),
       VXSPLITTER(named(new vistor::VXSPLITTER(this), "VXSPLITTER")),
       trvControl(named(new QTreeWidget, "trvControl")),
       lvControl(named(new QListWidget, "lvControl")),
       ControlManager1(new ControlManager(this)),
+      m_filter(named(new QLineEdit(VarPic), "VarFilter")),
       m_palette(new Palette(trvControl, lvControl)) {
     setObjectName(QStringLiteral("frmInterface"));
     setWindowTitle(QStringLiteral("Untitled"));
@@ -54,8 +57,7 @@ frmInterface::frmInterface(QWidget* parent)
 frmInterface::~frmInterface() = default;
 
 void frmInterface::makePanes() {
-    VarTree->setHeaderHidden(true);
-    VarTree->setFrameShape(QFrame::NoFrame);
+    makeVariablePane();
     VXSPLITTER->setSplitterOrientation(kVerticalBar);
     VXSPLITTER->fillPane(0, trvControl);
     VXSPLITTER->fillPane(1, lvControl);
@@ -84,7 +86,7 @@ void frmInterface::Form_Load() {
     ProfileChanged = false;
     trvControl->setFont(treeFont());
     lvControl->setFont(treeFont());
-    VariableTableEdit = VariableTable;
+    takeVariableTable();
     setCommandsForMode();
 }
 
@@ -151,14 +153,14 @@ void frmInterface::ArrangeSplitter() {
 void frmInterface::paneResized() {
     for (Page* page : pic) fitPage(page, kNoLimit);
     if (ShowGrid == 1 && !PlayMode) DrawGrid();
-    VarTree->setGeometry(VarPic->rect());
+    placeVariablePane();
     DoEvents();
 }
 
 void frmInterface::paneResizing() {
     if (CurrentTab < static_cast<int>(pic.size()))
         fitPage(pic[static_cast<std::size_t>(CurrentTab)], kHighestDrag);
-    VarTree->setGeometry(VarPic->rect());
+    placeVariablePane();
 }
 
 /// Each side follows the tab control where that is larger than what the page leaves of it.

@@ -12,12 +12,14 @@
 
 #include <QStringList>
 
+class QLineEdit;
 class QListWidget;
 class QTreeWidget;
 
 namespace vistor {
 
 class Palette;
+class VariableTreeView;
 
 class frmInterface : public QWidget {
     Q_OBJECT
@@ -39,12 +41,13 @@ public:
     std::int32_t CurLabelColour = 0;
     std::int16_t CurrentTab = 0; ///< follows the tab control's click
     SubscriptionTable Subscriptions = SubscriptionTable(1);
+    QString DragVariableName; ///< PhysicalName of the variable that was last acted on in the tree
 
     // The children, by their names.
     SSTab* mainTab;
     std::vector<Page*> pic; ///< page n lies inside mainTab; page 0 is always there
     QWidget* VarPic;
-    QTreeWidget* VarTree;
+    VariableTreeView* VarTree;
     vistor::VXSPLITTER* VXSPLITTER;
     QTreeWidget* trvControl;
     QListWidget* lvControl;
@@ -72,6 +75,11 @@ public:
     void RebuildSubscriptions();
     /// Hands a variable's new value to the instruments of the page in front. Only the tick calls it.
     void refreshControls(const QString& name, float value);
+
+    /// Fills the variable tree from the working copy of the table; after a load, a restore or an edit.
+    void RegenerateVariableTree();
+    /// The same after taking the working copy anew from the table.
+    void takeVariableTable();
 
     void mnuPlayMode_Click();
     void mnuEditMode_Click();
@@ -119,6 +127,10 @@ private:
     void mainTab_MouseDown(Qt::MouseButton button, const QPoint& place);
     void pic_MouseDown(Page* page, const QPoint& place);
 
+    void makeVariablePane();
+    void placeVariablePane();
+    void editLine(const QString& key);
+
     Page* addPage();
     void fitPage(Page* page, int highest);
     void showPageInFront();
@@ -128,6 +140,7 @@ private:
     void setViewsForMode();
     void setInstrumentMode(bool edit);
 
+    QLineEdit* m_filter;
     Palette* m_palette;
     bool m_loaded = false;
 };

@@ -8,7 +8,9 @@
 #include "instruments/Instrument.h"
 #include "platform/Prompts.h"
 #include "variables/GlobalVarsAndTypes.h"
+#include "variables/VariableTreeView.h"
 
+#include <QLineEdit>
 #include <QListWidget>
 #include <QTreeWidget>
 
@@ -78,6 +80,7 @@ void frmInterface::setViewsForMode() {
         view->setEnabled(!PlayMode);
         setBackground(view, background);
     }
+    m_filter->setEnabled(!PlayMode);
 }
 
 void frmInterface::setInstrumentMode(bool edit) {

@@ -25,6 +25,13 @@ constexpr MenuHead kMenus[] = {
 };
 
 constexpr MenuEntry kEntries[] = {
+    {"mnuFile", "mnuLoadVarInfo", "Load &Variable Information", "load",
+     onMain<&frmMain::mnuLoadVarInfo_Click>},
+    {"mnuFile", "mnuSaveVarInfo", "Save Variable &Information", "save",
+     onMain<&frmMain::mnuSaveVarInfo_Click>},
+    {"mnuFile", "mnuRestoreDefaultVar", "&Restore Default Variable Information", nullptr,
+     onMain<&frmMain::mnuRestoreDefaultVar_Click>},
+    {"mnuFile", nullptr, nullptr, nullptr, nullptr},
     {"mnuFile", "mnuPlayMode", "&Play Mode", "play", onDashboard<&frmInterface::mnuPlayMode_Click>},
     {"mnuFile", "mnuEditMode", "&Edit Mode", "edit", onDashboard<&frmInterface::mnuEditMode_Click>},
     {"mnuFile", "mnuSelectDataSource", "Set Data Source", "source",

@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 namespace vistor {
 namespace {
@@ -35,15 +36,21 @@ QString carFile() {
 }
 
 /// False when there is nothing to copy.
-bool copyDelivered(const QString& target) {
-    const QString delivered = deliveredFolder() + QLatin1String(kDefinitionFile);
-    if (!FileExists(QString(delivered))) return false;
-    QFile::remove(target); // an empty one counts as missing and would be in the way
-    if (QFile::copy(delivered, target)) {
-        QFile copied(target);
+bool copyDefinitions(const QString& from, const QString& target) {
+    if (!FileExists(QString(from))) return false;
+    if (QFileInfo(from).canonicalFilePath() == QFileInfo(target).canonicalFilePath()) return true;
+    QFile copied(target + QStringLiteral(".new")); // what is there goes when the copy stands
+    copied.remove();
+    if (QFile::copy(from, copied.fileName())) {
         copied.setPermissions(copied.permissions() | QFile::ReadOwner | QFile::WriteOwner);
+        QFile::remove(target);
+        copied.rename(target);
     }
     return true;
+}
+
+bool copyDelivered(const QString& target) {
+    return copyDefinitions(deliveredFolder() + QLatin1String(kDefinitionFile), target);
 }
 
 } // namespace
@@ -66,6 +73,13 @@ bool findDefinitionFile() {
     if (VariableFilePath.isEmpty())
         MsgBox(QStringLiteral("The variable definition file could not be found..."));
     return true;
+}
+
+QString restoreDefinitionFile() {
+    const QString path = WorkingFolder + QLatin1String(kDefinitionFile);
+    const bool found =
+        copyDefinitions(programFolder() + QLatin1String(kDefinitionFile), path) || copyDelivered(path);
+    return found ? path : QString();
 }
 
 void loadDefinitions() {

@@ -7,10 +7,10 @@
 #include "platform/Events.h"
 #include "platform/Folders.h"
 #include "platform/Prompts.h"
+#include "shell/Hourglass.h"
 #include "shell/Startup.h"
 #include "variables/GlobalVarsAndTypes.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QMdiArea>
@@ -21,12 +21,6 @@
 
 namespace vistor {
 namespace {
-
-/// The pointer of a program at work, for as long as the object lives.
-struct Hourglass {
-    Hourglass() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~Hourglass() { QApplication::restoreOverrideCursor(); }
-};
 
 bool isYes(const char* question) {
     return MsgBox(QLatin1String(question), Icon::Notice, Buttons::YesNo) == Answer::Yes;

@@ -40,6 +40,9 @@ public:
     void mnuClearAllTabs_Click();
     void mnuCloseLastTab_Click();
     void mnuCloseAllTabs_Click();
+    void mnuLoadVarInfo_Click();
+    void mnuSaveVarInfo_Click();
+    void mnuRestoreDefaultVar_Click();
     void mnuTag_C_Click();
     void mnuProperties_C_Click();
 

@@ -23,6 +23,12 @@ constexpr NumberRange kAvailable[] = {
     {430, 431},   {450, 451},   {500, 500},   {1000, 1024}, {1500, 1503}, {2000, 2030}, {2500, 2511},
     {3000, 3002}, {3500, 3504}, {4000, 4004}, {5050, 5081}, {6001, 6025}};
 
+constexpr VariableGroup kGroups[] = {
+    {1, "Standard variables", "N"},     {2, "External inputs", "I"},      {3, "GPS variables", "G"},
+    {4, "User defined variables", "U"}, {5, "Serial variables", "S"},     {6, "External variables", "E"},
+    {7, "Debugging variables", "D"},    {8, "Lap timing variables", "T"}, {9, "Misc variables", "M"},
+};
+
 /// The form in which names are compared.
 QString normalisedName(const QString& name) {
     qsizetype first = 0;
@@ -127,6 +133,10 @@ void deriveConstantNames() {
 
 } // namespace
 
+std::span<const VariableGroup> variableGroups() {
+    return kGroups;
+}
+
 bool isAvailableNumber(int number) {
     return std::any_of(std::begin(kAvailable), std::end(kAvailable),
                        [=](NumberRange range) { return number >= range.first && number <= range.last; });
@@ -167,6 +177,12 @@ std::span<const std::int32_t> calculatedRows() {
 QString ToInvariantText(QString text) {
     if (!DecimalSeparator.isEmpty()) text.replace(DecimalSeparator, QStringLiteral("."));
     return text;
+}
+
+QString numberText(float value) {
+    if (value == 0) return QStringLiteral("0"); // minus zero too
+    QString text = QString::number(static_cast<double>(value), 'g', 7).toUpper();
+    return DecimalSeparator.isEmpty() ? text : text.replace(u'.', DecimalSeparator);
 }
 
 double ParseNumber(QString& text) {

@@ -9,6 +9,15 @@
 
 namespace vistor {
 
+struct VariableGroup {
+    int type; ///< the VariableType of its variables
+    const char* text;
+    const char* letter; ///< names its picture
+};
+
+/// The nine groups in the order of their types, 1 to 9.
+std::span<const VariableGroup> variableGroups();
+
 /// The set-up pass after every load or edit of the table: marks the available rows, derives ConstantName,
 /// makes row 8000 inert. A second run changes nothing. Rows that a short table lacks are passed over.
 void SetupVariables();
@@ -34,6 +43,9 @@ double ParseNumber(QString& text);
 double ParseNumber(QString&& text);
 /// The text with the locale's separator turned into ".".
 QString ToInvariantText(QString text);
+/// A number as the program shows it: the shortest form of at most 7 significant digits, with the locale's
+/// separator.
+QString numberText(float value);
 /// The number that the first 40 characters of a text hold, with "." before the fraction and "E" before the
 /// exponent; other characters are passed over. 0 where there is none.
 double ParseInvariantNumber(const QString& text);

@@ -6,6 +6,7 @@
 #include "platform/Events.h"
 #include "tests/ScriptedPrompts.h"
 #include "variables/GlobalVarsAndTypes.h"
+#include "variables/VariableTreeView.h"
 
 #include <QListWidget>
 #include <QSignalSpy>
@@ -341,7 +342,8 @@ TEST_F(FrmInterfaceTest, PanesAreMovedByTheirCaptions) {
     QTest::mouseRelease(caption, Qt::LeftButton, {}, to);
     EXPECT_EQ(docked.count(), 1);
     EXPECT_EQ(window.VarPic->x(), 0);
-    EXPECT_EQ(window.VarTree->size(), window.VarPic->size());
+    EXPECT_EQ(window.VarTree->width(), window.VarPic->width());
+    EXPECT_EQ(window.VarTree->geometry().bottom(), window.VarPic->rect().bottom());
     EXPECT_EQ(window.mainTab->geometry().right(), window.width() - 1);
     EXPECT_EQ(window.pic[0]->width(), window.mainTab->width() - 4);
 }

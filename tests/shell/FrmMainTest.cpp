@@ -98,11 +98,13 @@ TEST_F(FrmMainTest, MenusStandInOrderWithoutDeadEntries) {
     EXPECT_EQ(heads, QStringList({"mnuFile=&File", "mnuView=&View", "mnuWindow=Window"}));
     EXPECT_EQ(
         entries,
-        QStringList({"mnuPlayMode=&Play Mode", "mnuEditMode=&Edit Mode",
-                     "mnuSelectDataSource=Set Data Source", "mnuExit=E&xit", "mnuTagsOn=Labels O&n",
-                     "mnuTagsOff=Labels O&ff", "mnuTabControl=Tab Management", "mnuNewTab=&Insert New Tab",
-                     "mnuClearCurrentTab=&Clear Current Tab", "mnuClearAllTabs=Clear All &Tabs",
-                     "mnuCloseLastTab=Close &Last Tab", "mnuCloseAllTabs=Cl&ose All Tabs"}));
+        QStringList({"mnuLoadVarInfo=Load &Variable Information", "mnuSaveVarInfo=Save Variable &Information",
+                     "mnuRestoreDefaultVar=&Restore Default Variable Information", "mnuPlayMode=&Play Mode",
+                     "mnuEditMode=&Edit Mode", "mnuSelectDataSource=Set Data Source", "mnuExit=E&xit",
+                     "mnuTagsOn=Labels O&n", "mnuTagsOff=Labels O&ff", "mnuTabControl=Tab Management",
+                     "mnuNewTab=&Insert New Tab", "mnuClearCurrentTab=&Clear Current Tab",
+                     "mnuClearAllTabs=Clear All &Tabs", "mnuCloseLastTab=Close &Last Tab",
+                     "mnuCloseAllTabs=Cl&ose All Tabs"}));
     EXPECT_TRUE(window.windowTitle().startsWith(QStringLiteral("Vistor - Version " VISTOR_VERSION)));
 }
 

@@ -1,0 +1,59 @@
+// The commands that load, save and restore the variable definitions. In: the person's answers. Out: the
+// tables, the tree, the files.
+#include "dashboard/frmInterface.h"
+#include "maths/LoadAndSaveVariableDefinitions.h"
+#include "platform/Prompts.h"
+#include "shell/Hourglass.h"
+#include "shell/Startup.h"
+#include "shell/frmMain.h"
+#include "variables/GlobalVarsAndTypes.h"
+
+#include <QFile>
+
+namespace vistor {
+namespace {
+
+FileRequest definitionFile(const char* title) {
+    return {QLatin1String(title),
+            QStringLiteral("Variable Config File (*.var)|*.var"),
+            QStringLiteral("var"),
+            {}};
+}
+
+} // namespace
+
+void frmMain::mnuLoadVarInfo_Click() {
+    const QString question = QStringLiteral(
+        "Are you sure you wish to replace the current variable configuration with one from file?");
+    if (MsgBox(question, Icon::Question, Buttons::YesNo) != Answer::Yes) return;
+    const auto path = OpenFile(definitionFile("Load Variable Information..."));
+    if (!path || path->isEmpty()) return;
+    const Hourglass hourglass;
+    LoadVariableFile(*path);
+    m_dashboard->takeVariableTable();
+    SaveVariableFile(VariableFilePath);
+}
+
+void frmMain::mnuSaveVarInfo_Click() {
+    const auto path = SaveFile(definitionFile("Save Variable Information..."));
+    if (!path || path->isEmpty()) return;
+    const Hourglass hourglass;
+    QFile::remove(*path);
+    SaveVariableFile(*path);
+}
+
+void frmMain::mnuRestoreDefaultVar_Click() {
+    if (MsgBox(QStringLiteral("Do you want to restore default variable information?"), Icon::Question,
+               Buttons::YesNo) != Answer::Yes)
+        return;
+    const QString restored = restoreDefinitionFile();
+    if (restored.isEmpty()) {
+        MsgBox(QStringLiteral("Can't find default variable file"), Icon::Stop);
+        return;
+    }
+    const Hourglass hourglass;
+    LoadVariableFile(restored);
+    m_dashboard->takeVariableTable();
+}
+
+} // namespace vistor

@@ -1,0 +1,220 @@
+#include "dashboard/Pictures.h"
+#include "dashboard/frmInterface.h"
+#include "maths/LoadAndSaveVariableDefinitions.h"
+#include "platform/Events.h"
+#include "tests/shell/FreshAccount.h"
+#include "variables/SetupVariables.h"
+#include "variables/VariableDrag.h"
+#include "variables/VariableTreeView.h"
+
+#include <QLineEdit>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QSet>
+#include <QTest>
+
+namespace vistor {
+namespace {
+
+class VariablePaneTest : public FreshAccount {
+protected:
+    VariablePaneTest() {
+        deliver();
+        VariableFilePath = root.filePath("OtherFiles/VistorVars.cfg");
+        LoadVariableFile(VariableFilePath);
+        window.Form_Load();
+        window.resize(1300, 800);
+        window.show();
+        pumpEvents();
+    }
+    VariableTreeView& tree() { return *window.VarTree; }
+    QLineEdit& filter() { return *window.findChild<QLineEdit*>("VarFilter"); }
+    static VariableDefinition& row(int number) { return VariableTable[static_cast<std::size_t>(number)]; }
+    /// The same row as the definition file has it.
+    VariableDefinition filed(int number) {
+        const QByteArray bytes = read(VariableFilePath);
+        const auto tables = readDefinitions({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+        return tables ? tables->variables.at(static_cast<std::size_t>(number)) : VariableDefinition();
+    }
+    QTreeWidgetItem* item(const char* keyword, int number) {
+        return tree().itemOf(u'#' + QLatin1String(keyword) + u'#' + row(number).BaseName);
+    }
+    void reveal(QTreeWidgetItem* line) {
+        for (QTreeWidgetItem* above = line->parent(); above; above = above->parent())
+            above->setExpanded(true);
+        tree().scrollToItem(line);
+    }
+    QPoint place(QTreeWidgetItem* line) {
+        reveal(line);
+        return tree().visualItemRect(line).center();
+    }
+    void doubleClick(QTreeWidgetItem* line) {
+        const QPoint at = place(line);
+        QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, at);
+        QTest::mouseDClick(tree().viewport(), Qt::LeftButton, {}, at);
+    }
+
+    frmInterface window;
+};
+
+TEST_F(VariablePaneTest, ShowsTheDeliveredVariablesWithPictures) {
+    EXPECT_EQ(tree().topLevelItemCount(), 9);
+    EXPECT_EQ(tree().font().family(), "VX Sans Serif");
+    EXPECT_EQ(tree().font().pointSize(), 8);
+    ASSERT_TRUE(item("AVAILABLETYPE", 2));
+    EXPECT_EQ(item("AVAILABLETYPE", 2)->text(0), "Engine speed  (Engine speed [rpm])");
+    EXPECT_EQ(item("AVAILABLETYPE", 2)->parent()->text(0), "Standard variables");
+    QSet<qint64> pictures;
+    for (const char* key : {"N", "I", "G", "U", "S", "E", "D", "T", "M", "Some", "Advanced", "Filter", "Calc",
+                            "Roc", "Units", "Name", "Min", "Max", "Smooth"}) {
+        const QImage drawn = picture(key).pixmap(16, 16).toImage();
+        QImage empty(drawn.size(), drawn.format());
+        empty.fill(Qt::transparent);
+        EXPECT_NE(drawn, empty) << key;
+        EXPECT_NE(picture(key).pixmap(16, 16, QIcon::Selected).toImage(), drawn) << key;
+    }
+    EXPECT_EQ(filter().geometry().bottom() + 1, tree().geometry().top());
+    EXPECT_EQ(tree().geometry().bottomRight(), window.VarPic->rect().bottomRight());
+}
+
+TEST_F(VariablePaneTest, AnEditOfEachPromptedLineIsSeenInTableFileAndTree) {
+    struct Case {
+        const char* keyword;
+        const char* answer;
+        float VariableDefinition::*field;
+        float value;
+        const char* text;
+    };
+    const Case cases[] = {
+        {"MAXROC", "250", &VariableDefinition::MaximumROC, 250, "Maximum rate of change: 250"},
+        {"MINVAL", "-12.5", &VariableDefinition::DefaultMin, -12.5F, "Minimum: -12.5"},
+        {"MAXVAL", "9000", &VariableDefinition::DefaultMax, 9000, "Maximum: 9000"},
+        {"SMOOTHING", "0.25", &VariableDefinition::SmoothingTime, 0.25F, "Smoothed over: 0.25 seconds"},
+    };
+    for (const Case& c : cases) {
+        prompts.inputs = {c.answer};
+        doubleClick(item(c.keyword, 2));
+        EXPECT_EQ(row(2).*c.field, c.value) << c.keyword;
+        EXPECT_EQ(filed(2).*c.field, c.value) << c.keyword;
+        EXPECT_EQ(item(c.keyword, 2)->text(0), c.text);
+        EXPECT_TRUE(tree().visualItemRect(item(c.keyword, 2)).isValid()) << "its branch stays open";
+    }
+    EXPECT_EQ(prompts.inputRequests.size(), std::size(cases)) << "one question each";
+}
+
+TEST_F(VariablePaneTest, ARenameChangesAllKeysAndKeepsThePlace) {
+    QTreeWidgetItem* line = item("USERNAME", 4);
+    reveal(line);
+    tree().setCurrentItem(line);
+    reveal(item("FILTERING", 4));
+    prompts.inputs = {"Road"};
+    QTest::keyClick(&tree(), Qt::Key_Return);
+    EXPECT_EQ(row(4).BaseName, "Road");
+    EXPECT_EQ(filed(4).BaseName, "Road");
+    EXPECT_EQ(filed(4).PhysicalName, "VehicleSpeed");
+    EXPECT_FALSE(tree().itemOf("#USERNAME#Vehicle speed"));
+    EXPECT_EQ(tree().currentItem(), item("USERNAME", 4));
+    EXPECT_EQ(tree().currentItem()->text(0), "Variable Name: Road");
+    EXPECT_TRUE(tree().itemOf("RoadAdvanced")->isExpanded());
+    EXPECT_EQ(item("AVAILABLETYPE", 4)->text(0), "Road  (Road [km/h])");
+
+    prompts.inputs = {"Road"}; // no change: nothing is saved, and the line tells what was entered
+    QFile::remove(VariableFilePath);
+    QTest::keyClick(&tree(), Qt::Key_F2);
+    EXPECT_EQ(tree().currentItem()->text(0), "User name: Road");
+    EXPECT_FALSE(QFile::exists(VariableFilePath));
+    window.RegenerateVariableTree();
+    EXPECT_EQ(tree().currentItem()->text(0), "Variable Name: Road");
+
+    prompts.inputs = {"A#[B"};
+    QTest::keyClick(&tree(), Qt::Key_Return);
+    EXPECT_EQ(filed(4).BaseName, "A#[B");
+    ASSERT_EQ(tree().currentItem()->text(0), "Variable Name: A#[B");
+    prompts.inputs = {"Back"}; // its key no longer leads to it
+    QTest::keyClick(&tree(), Qt::Key_Return);
+    EXPECT_EQ(row(4).BaseName, "A#[B");
+    EXPECT_EQ(row(kNoVariable).BaseName, "Back");
+    EXPECT_FALSE(row(kNoVariable).Enabled);
+}
+
+TEST_F(VariablePaneTest, RegeneratingKeepsWhatWasOpenSelectedAndScrolled) {
+    QTreeWidgetItem* far = item("CALCULUS", 301);
+    reveal(far);
+    tree().setCurrentItem(far);
+    reveal(item("MINVAL", 2));
+    tree().verticalScrollBar()->setValue(11);
+    const QString top = tree().itemAt(0, 0)->text(0);
+    window.RegenerateVariableTree();
+    EXPECT_EQ(tree().currentItem(), item("CALCULUS", 301));
+    EXPECT_EQ(tree().verticalScrollBar()->value(), 11);
+    EXPECT_EQ(tree().itemAt(0, 0)->text(0), top);
+
+    VariableTableEdit[1].Enabled = kFalse16; // lines above the place go
+    window.RegenerateVariableTree();
+    EXPECT_EQ(tree().itemAt(0, 0)->text(0), top);
+    EXPECT_TRUE(item("AVAILABLETYPE", 2)->isExpanded());
+
+    item("AVAILABLETYPE", 301)->setExpanded(false); // a folded branch stays so, with its line still current
+    QTreeWidgetItem* advanced = tree().itemOf(row(301).BaseName + "Advanced");
+    tree().setCurrentItem(advanced->parent());
+    window.RegenerateVariableTree();
+    EXPECT_FALSE(item("AVAILABLETYPE", 301)->isExpanded());
+
+    for (VariableDefinition& definition : VariableTableEdit) definition.Enabled = kFalse16;
+    window.RegenerateVariableTree();
+    EXPECT_EQ(tree().topLevelItemCount(), 9);
+    window.takeVariableTable();
+    EXPECT_TRUE(item("AVAILABLETYPE", 2));
+}
+
+TEST_F(VariablePaneTest, TheFilterHidesWhatDoesNotMatchAndChangesNoKey) {
+    QTest::keyClicks(&tree(), "", {});
+    QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
+    filter().setFocus();
+    QTest::keyClicks(&filter(), "engine speed");
+    EXPECT_FALSE(item("AVAILABLETYPE", 2)->isHidden());
+    EXPECT_TRUE(item("AVAILABLETYPE", 4)->isHidden());
+    EXPECT_TRUE(item("AVAILABLETYPE", 2)->parent()->isExpanded());
+    EXPECT_TRUE(tree().itemOf("VT_3")->isHidden());
+    EXPECT_EQ(item("MINVAL", 4)->text(0).left(8), "Minimum:");
+    window.RegenerateVariableTree();
+    EXPECT_TRUE(item("AVAILABLETYPE", 4)->isHidden());
+    QTest::keyClick(&filter(), Qt::Key_Escape);
+    EXPECT_TRUE(filter().text().isEmpty());
+    EXPECT_FALSE(item("AVAILABLETYPE", 4)->isHidden());
+    EXPECT_FALSE(item("AVAILABLETYPE", 2)->parent()->isExpanded()) << "as before the filter";
+}
+
+TEST_F(VariablePaneTest, ActingOnALineKeepsItsVariableForDrags) {
+    QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, place(item("MAXVAL", 2)));
+    EXPECT_EQ(window.DragVariableName, "EngineSpeed");
+    QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, place(tree().itemOf("Vehicle speedAdvanced")));
+    EXPECT_EQ(window.DragVariableName, "VehicleSpeed");
+    QTest::keyClick(&tree(), Qt::Key_Home); // a group has none
+    EXPECT_EQ(window.DragVariableName, "VehicleSpeed");
+
+    const auto dragged = [this](QTreeWidgetItem* line) {
+        const std::unique_ptr<QMimeData> mime(tree().model()->mimeData({tree().indexFromItem(line)}));
+        return mime ? mime->data(QLatin1String(kVariableDragType)) : QByteArray("none");
+    };
+    EXPECT_EQ(dragged(item("SMOOTHING", 4)), "VehicleSpeed");
+    EXPECT_EQ(dragged(tree().itemOf("VT_1")), "none");
+    EXPECT_FALSE(tree().itemOf("VT_1")->flags() & Qt::ItemIsDragEnabled);
+    EXPECT_TRUE(item("AVAILABLETYPE", 2)->flags() & Qt::ItemIsDragEnabled);
+}
+
+TEST_F(VariablePaneTest, GroupsOpenOnADoubleClickAndNothingIsEditedInPlayMode) {
+    doubleClick(tree().itemOf("VT_3"));
+    EXPECT_TRUE(tree().itemOf("VT_3")->isExpanded());
+    doubleClick(tree().itemOf("VT_3"));
+    EXPECT_FALSE(tree().itemOf("VT_3")->isExpanded());
+    PlayMode = true;
+    Q_EMIT tree().lineActivated("#MINVAL#Engine speed");
+    EXPECT_TRUE(prompts.inputRequests.empty());
+    PlayMode = false;
+    Q_EMIT tree().lineActivated("#MINVAL#Engine speed");
+    EXPECT_EQ(prompts.inputRequests.size(), 1U);
+}
+
+} // namespace
+} // namespace vistor
