@@ -22,10 +22,6 @@ constexpr int kLowest = 360;        ///< and lower
 constexpr int kHighestDrag = 12200; ///< twips; beyond it a page does not follow while a border is dragged
 constexpr int kNoLimit = 1 << 24;
 
-QFont treeFont() {
-    return {QStringLiteral("VX Sans Serif"), 8};
-}
-
 template <class View>
 View* named(View* view, const char* name) {
     view->setObjectName(QLatin1String(name));
@@ -73,6 +69,10 @@ void frmInterface::connectPanes() {
     connect(ControlManager1, &ControlManager::paneResizing, this, &frmInterface::paneResizing);
     connect(mainTab, &SSTab::Click, this, &frmInterface::mainTab_Click);
     connect(mainTab, &SSTab::MouseDown, this, &frmInterface::mainTab_MouseDown);
+}
+
+QFont frmInterface::treeFont() {
+    return {QStringLiteral("VX Sans Serif"), 8};
 }
 
 void frmInterface::Form_Load() {

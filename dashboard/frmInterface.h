@@ -127,6 +127,7 @@ private:
     void mainTab_MouseDown(Qt::MouseButton button, const QPoint& place);
     void pic_MouseDown(Page* page, const QPoint& place);
 
+    static QFont treeFont(); ///< of the variable tree and the palette
     void makeVariablePane();
     void placeVariablePane();
     void editLine(const QString& key);

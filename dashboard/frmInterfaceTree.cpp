@@ -4,6 +4,7 @@
 #include "dashboard/frmInterface.h"
 #include "maths/FrmCalculusSetup.h"
 #include "maths/frmFilterDesign.h"
+#include "maths/frmVariableTransformation.h"
 #include "variables/GlobalVarsAndTypes.h"
 #include "variables/VariableEdits.h"
 #include "variables/VariableTreeView.h"
@@ -20,6 +21,10 @@ namespace {
 /// Opens a window on a row; true when the person agreed and the row was written.
 using RowDialog = bool (*)(VariableDefinition& row, int number, QWidget* parent);
 
+bool openTransformation(VariableDefinition& row, int number, QWidget* parent) {
+    return frmVariableTransformation(row, number, parent).exec() == QDialog::Accepted;
+}
+
 /// The windows that know nothing but their row.
 template <typename Window>
 bool openOnRow(VariableDefinition& row, int, QWidget* parent) {
@@ -32,6 +37,8 @@ struct LineDialog {
     RowDialog open;
 };
 constexpr LineDialog kLineDialogs[] = {
+    {LineKind::Variable, openTransformation},
+    {LineKind::Units, openTransformation},
     {LineKind::Filtering, openOnRow<frmFilterDesign>},
     {LineKind::Calculus, openOnRow<FrmCalculusSetup>},
     {LineKind::CorrectionStandard, openOnRow<CorrectionStandardChoice>},
@@ -86,7 +93,7 @@ void frmInterface::placeVariablePane() {
 }
 
 void frmInterface::RegenerateVariableTree() {
-    VarTree->setFont({QStringLiteral("VX Sans Serif"), 8});
+    VarTree->setFont(treeFont());
     VarTree->showLines(variableTreeLines(VariableTableEdit), VariableTableEdit);
 }
 

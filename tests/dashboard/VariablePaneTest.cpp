@@ -7,11 +7,20 @@
 #include "variables/VariableDrag.h"
 #include "variables/VariableTreeView.h"
 
+#include <QComboBox>
+#include <QDialog>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QScrollBar>
 #include <QSet>
 #include <QTest>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
 
 namespace vistor {
 namespace {
@@ -100,6 +109,76 @@ TEST_F(VariablePaneTest, AnEditOfEachPromptedLineIsSeenInTableFileAndTree) {
         EXPECT_TRUE(tree().visualItemRect(item(c.keyword, 2)).isValid()) << "its branch stays open";
     }
     EXPECT_EQ(prompts.inputRequests.size(), std::size(cases)) << "one question each";
+}
+
+TEST_F(VariablePaneTest, AnEditOfEachLineWithAWindowIsSeenInTableFileAndTree) {
+    VariableTable[20].Enabled = kTrue16; // the one row with a correction standard, which this system lacks
+    VariableTable[20].VariableType = 1;
+    window.takeVariableTable();
+    const auto answer = [this](const std::function<void(QDialog&)>& act) {
+        QTimer::singleShot(0, &window, [act] {
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(dialog);
+            act(*dialog);
+        });
+    };
+    const auto choose = [](int index) {
+        return [index](QDialog& dialog) {
+            dialog.findChild<QComboBox*>()->setCurrentIndex(index);
+            QTest::keyClick(&dialog, Qt::Key_Return);
+        };
+    };
+    answer(choose(1));
+    doubleClick(item("POWERCORRECTIONSTDKEY", 20));
+    EXPECT_EQ(row(20).Misc, 1);
+    EXPECT_EQ(filed(20).Misc, 1);
+
+    answer(choose(2));
+    doubleClick(item("CALCULUS", 4));
+    EXPECT_EQ(row(4).Calculus, 2);
+    EXPECT_EQ(filed(4).Calculus, 2);
+    EXPECT_EQ(item("CALCULUS", 4)->text(0), "Calculus : Differentiate by time");
+
+    answer([](QDialog& dialog) {
+        for (QRadioButton* option : dialog.findChildren<QRadioButton*>()) {
+            if (option->text().remove(u'&') == "Butterworth Filter") option->click();
+        }
+        dialog.findChild<QPushButton*>("OkayButton")->click();
+    });
+    doubleClick(item("FILTERING", 4));
+    EXPECT_EQ(row(4).FilterDesign, 4);
+    EXPECT_EQ(filed(4).FilterOrder, row(4).FilterOrder);
+    EXPECT_TRUE(item("FILTERING", 4)->text(0).startsWith("Filtering : Butterworth "));
+
+    answer(choose(1));
+    doubleClick(item("TRANSFORMTYPE", 4));
+    EXPECT_EQ(row(4).ApplyTransformation, "mph");
+    EXPECT_EQ(filed(4).ApplyTransformation, "mph");
+    EXPECT_EQ(item("TRANSFORMTYPE", 4)->text(0), "units: [mph]");
+    EXPECT_EQ(item("AVAILABLETYPE", 4)->text(0), "Vehicle speed  (Vehicle speed [mph])");
+
+    answer([](QDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Set units for Vehicle speed");
+        dialog.findChild<QLineEdit*>("UserUnits")->setText(QString::fromUtf8("\xC2\xB5\xE6\xB2\xB9"));
+        dialog.findChild<QPlainTextEdit*>("UserFunctionTxt")->setPlainText("x*2");
+        dialog.findChild<QPushButton*>("OkCmd")->click();
+    });
+    doubleClick(item("AVAILABLETYPE", 4));
+    EXPECT_TRUE(row(4).UseCustomTrans);
+    EXPECT_EQ(filed(4).CustomTransformation, "x*2");
+    EXPECT_EQ(filed(4).CustomUnits, QString::fromUtf8("\xC2\xB5?")) << "beyond the code page";
+
+    const QByteArray before = read(VariableFilePath);
+    const VariableDefinition kept = row(4);
+    for (const char* keyword : {"CALCULUS", "FILTERING", "TRANSFORMTYPE", "AVAILABLETYPE"}) {
+        answer([](QDialog& dialog) {
+            if (auto* list = dialog.findChild<QComboBox*>()) list->setCurrentIndex(0);
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+        doubleClick(item(keyword, 4));
+        EXPECT_EQ(read(VariableFilePath), before) << keyword;
+        EXPECT_EQ(row(4).Calculus, kept.Calculus);
+    }
 }
 
 TEST_F(VariablePaneTest, ARenameChangesAllKeysAndKeepsThePlace) {

@@ -1,6 +1,7 @@
 #include "maths/ConvertUnits.h"
 
 #include "maths/FormulaEvaluator.h"
+#include "maths/Transformation.h"
 #include "tests/ScriptedPrompts.h"
 #include "tests/TestTables.h"
 
@@ -91,6 +92,11 @@ TEST(ConvertUnits, EverythingTheEditorOffers) {
         EXPECT_NEAR(static_cast<double>(converted(QString::fromLatin1(formula), static_cast<float>(value))),
                     expected, 1e-5)
             << formula;
+    for (const FormulaItem& item : formulaFunctions())
+        EXPECT_TRUE(std::any_of(
+            std::begin(cases), std::end(cases),
+            [&](const auto& c) { return QLatin1String(std::get<0>(c)).contains(QLatin1String(item.token)); }))
+            << item.token << " is offered and not tried";
 }
 
 TEST(ConvertUnits, ReadsOtherVariablesAndItself) {
