@@ -61,6 +61,7 @@ protected:
         const QPoint at = place(line);
         QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, at);
         QTest::mouseDClick(tree().viewport(), Qt::LeftButton, {}, at);
+        QTest::mouseRelease(tree().viewport(), Qt::LeftButton, {}, at); // else it counts as held down
     }
 
     frmInterface window;

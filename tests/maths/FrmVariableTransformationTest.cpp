@@ -53,6 +53,7 @@ protected:
         const QPoint place = table.visualItemRect(table.item(line, 1)).center();
         QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, place);
         QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseRelease(table.viewport(), Qt::LeftButton, {}, place); // else it counts as held down
     }
     void ok() { QTest::mouseClick(&part<QPushButton>("OkCmd"), Qt::LeftButton); }
 
