@@ -4,7 +4,6 @@
 #include "dashboard/Twips.h"
 #include "instruments/Instrument.h"
 #include "platform/Events.h"
-#include "platform/Prompts.h"
 #include "variables/GlobalVarsAndTypes.h"
 #include "variables/VariableTreeView.h"
 
@@ -48,6 +47,7 @@ frmInterface::frmInterface(QWidget* parent)
     mainTab->TabCaption(0, QStringLiteral("VX"));
     instruments.makeTemplates(pic.front());
     connectPanes();
+    makeTabKeys();
 }
 
 frmInterface::~frmInterface() = default;
@@ -109,13 +109,9 @@ void frmInterface::applySettings() {
 
 bool frmInterface::Form_Unload() {
     if (!m_loaded) return true;
-    if (ProfileChanged) {
-        const Answer answer =
-            MsgBox(QStringLiteral("Do you want to save changes ?"), Icon::Question, Buttons::YesNoCancel);
-        if (answer == Answer::Cancel) return false;
-        if (answer == Answer::Yes) mnuSaveConfig_Click();
-    }
+    if (ProfileChanged && !askToSave()) return false;
     m_loaded = false;
+    ++m_clearings;
     storeSettings();
     return true;
 }

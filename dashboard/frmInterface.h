@@ -9,6 +9,7 @@
 #include "dashboard/SSTab.h"
 #include "dashboard/Subscriptions.h"
 #include "dashboard/VXSPLITTER.h"
+#include "platform/Prompts.h"
 
 #include <QStringList>
 
@@ -20,6 +21,8 @@ namespace vistor {
 
 class Palette;
 class VariableTreeView;
+struct Profile;
+struct ProfileInstrument;
 
 class frmInterface : public QWidget {
     Q_OBJECT
@@ -84,9 +87,21 @@ public:
     void mnuPlayMode_Click();
     void mnuEditMode_Click();
     void mnuSelectDataSource_Click();
-    void mnuSaveConfig_Click();
     void mnuExit_Click();
     void Toolbar_ButtonClick(int button);
+
+    /// Asks whether to save changes, and saves on yes. False when the person cancelled.
+    bool askToSave();
+    void mnuNew_Click();
+    void mnuLoadConfig_Click();
+    void mnuSaveConfig_Click();
+    void mnuSaveAs_Click();
+    /// Asks for a file and loads it. Cancelled, it detaches what is open from its file.
+    void LoadVis();
+    void loadLastFile(const QString& path);
+    /// Reads a file on top of what stands; one that cannot be read counts as empty. False when an event in
+    /// the middle cleared the pages or unloaded the window: the rest is then left out.
+    bool LoadProfileFile(const QString& path);
 
     void mnuNewTab_Click();
     void mnuNewPane_Click();
@@ -136,6 +151,21 @@ private:
     void fitPage(Page* page, int highest);
     void showPageInFront();
     void clearPage(std::size_t number);
+    /// A new tab at the end with its page, in front.
+    void appendTab(const QString& caption);
+    void makeTabKeys();
+
+    std::optional<QString> askForFile(std::optional<QString> (*ask)(const FileRequest&), const char* title);
+    void saveProfile(const QString& path);
+    Profile currentProfile();
+    QWidget& outerWindow();
+    void takeSize(const Profile& profile);
+    void takeCaptions(const QStringList& captions);
+    bool placeInstruments(const std::vector<ProfileInstrument>& saved);
+    void placeInstrument(const ProfileInstrument& saved);
+
+    Instrument* newInstrument(Kind kind, Page* page);
+    void giveState(Instrument& instrument);
 
     void setCommandsForMode();
     void setViewsForMode();
@@ -143,6 +173,8 @@ private:
 
     QLineEdit* m_filter;
     Palette* m_palette;
+    FileRequest m_fileDialog; ///< of all profile commands: what one sets stays for the next
+    int m_clearings = 0;      ///< how often all pages were cleared, or the window unloaded
     bool m_loaded = false;
 };
 

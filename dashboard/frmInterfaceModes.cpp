@@ -6,7 +6,6 @@
 #include "dashboard/frmInterface.h"
 #include "instruments/Colours.h"
 #include "instruments/Instrument.h"
-#include "platform/Prompts.h"
 #include "variables/GlobalVarsAndTypes.h"
 #include "variables/VariableTreeView.h"
 
@@ -97,15 +96,24 @@ void frmInterface::refreshControls(const QString& name, float value) {
     dispatchValue(Subscriptions, mainTab->Tab(), name, value);
 }
 
-Instrument* frmInterface::addInstrument(Kind kind, Page* page) {
+Instrument* frmInterface::newInstrument(Kind kind, Page* page) {
     Instrument* added = instruments.add(kind, page);
     if (!added) return nullptr;
     connect(added, &Instrument::layoutChanged, this, &frmInterface::UserControlChanged);
     connect(added, &Instrument::menuWanted, this,
             [this, added](const QPoint& place) { Q_EMIT instrumentMenuWanted(added, place); });
-    added->setColour(CurBackColour, CurLabelColour);
-    added->mode(!PlayMode);
-    if (kind != Kind::TextTag) added->TagOn(TagsVisible);
+    return added;
+}
+
+void frmInterface::giveState(Instrument& instrument) {
+    instrument.setColour(CurBackColour, CurLabelColour);
+    instrument.mode(!PlayMode);
+    if (instrument.kind() != Kind::TextTag) instrument.TagOn(TagsVisible);
+}
+
+Instrument* frmInterface::addInstrument(Kind kind, Page* page) {
+    Instrument* added = newInstrument(kind, page);
+    if (added) giveState(*added);
     return added;
 }
 
@@ -143,12 +151,15 @@ void frmInterface::ClearGrid() {
     for (Page* page : pic) page->clearDrawing();
 }
 
-void frmInterface::mnuSaveConfig_Click() {
-    MsgBox(QStringLiteral("This version cannot save Profiles yet."), Icon::Notice);
-}
-
 void frmInterface::Toolbar_ButtonClick(int button) {
     switch (button) {
+    case 2:
+        if (askToSave()) mnuNew_Click();
+        return;
+    case 3:
+        return mnuLoadConfig_Click();
+    case 4:
+        return mnuSaveConfig_Click();
     case 6:
         return mnuPlayMode_Click();
     case 7:

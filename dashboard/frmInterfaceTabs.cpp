@@ -6,6 +6,8 @@
 #include "platform/Prompts.h"
 #include "variables/GlobalVarsAndTypes.h"
 
+#include <QShortcut>
+
 namespace vistor {
 
 void frmInterface::mnuNewTab_Click() {
@@ -22,14 +24,31 @@ void frmInterface::mnuNewTab_Click() {
     case CaptionVerdict::Fine:
         break;
     }
+    appendTab(*answer);
+    if (ShowGrid == 1) DrawGrid();
+    ProfileChanged = true;
+}
+
+void frmInterface::appendTab(const QString& caption) {
     // The page first: the click that comes with the new tab shows it.
     Page* page = addPage();
     page->setBackColour(colourOf(CurBackColour));
     mainTab->Tabs(mainTab->Tabs() + 1);
-    mainTab->TabCaption(mainTab->Tabs() - 1, *answer);
+    mainTab->TabCaption(mainTab->Tabs() - 1, caption);
     mainTab->Tab(mainTab->Tabs() - 1);
-    if (ShowGrid == 1) DrawGrid();
-    ProfileChanged = true;
+}
+
+void frmInterface::makeTabKeys() {
+    const auto key = [this](const QString& keys, auto chosen) {
+        auto* shortcut = new QShortcut(QKeySequence(keys), this);
+        connect(shortcut, &QShortcut::activated, this, [this, chosen] { mainTab->Tab(chosen()); });
+    };
+    const auto beside = [this](int step) {
+        return [this, step] { return (mainTab->Tab() + mainTab->Tabs() + step) % mainTab->Tabs(); };
+    };
+    key(QStringLiteral("Ctrl+Tab"), beside(1));
+    key(QStringLiteral("Ctrl+Shift+Tab"), beside(-1));
+    for (int tab = 0; tab < 9; ++tab) key(QStringLiteral("Ctrl+%1").arg(tab + 1), [tab] { return tab; });
 }
 
 void frmInterface::mnuNewPane_Click() {

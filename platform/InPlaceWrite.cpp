@@ -21,4 +21,8 @@ bool writeInPlace(const QString& path, const QByteArray& bytes) {
     return file.write(bytes) == bytes.size();
 }
 
+bool replaceInPlace(const QString& path, const QByteArray& bytes) {
+    return writeInPlace(path, bytes) && QFile::resize(path, bytes.size());
+}
+
 } // namespace vistor

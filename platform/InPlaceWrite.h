@@ -11,4 +11,7 @@ namespace vistor {
 /// leaves the file as it was. False when the file could not be written.
 bool writeInPlace(const QString& path, const QByteArray& bytes);
 
+/// The same for the whole file: afterwards it holds `bytes` and nothing else.
+bool replaceInPlace(const QString& path, const QByteArray& bytes);
+
 } // namespace vistor

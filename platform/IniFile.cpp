@@ -116,6 +116,18 @@ QString IniFile::value(const QString& section, const QString& key, const QString
     return found;
 }
 
+QStringList IniFile::keys(const QString& section) const {
+    const auto index = m_names.constFind(section.trimmed().toLower());
+    if (index == m_names.constEnd()) return {};
+    return m_sections[static_cast<std::size_t>(*index)].keys.keys();
+}
+
+qsizetype IniFile::keyCount() const {
+    qsizetype count = 0;
+    for (const qsizetype index : m_names) count += m_sections[static_cast<std::size_t>(index)].keys.size();
+    return count;
+}
+
 IniFile::Section& IniFile::sectionFor(const QString& name) {
     const QString key = name.trimmed().toLower();
     const auto found = m_names.constFind(key);

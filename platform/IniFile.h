@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QHash>
 #include <QString>
+#include <QStringList>
 
 #include <string_view>
 #include <vector>
@@ -34,9 +35,14 @@ public:
     /// written as a blank, so that no value can forge a section.
     void setValue(const QString& section, const QString& key, const QString& value);
 
+    /// The keys of a section in lower case, in no order; none where there is no such section.
+    QStringList keys(const QString& section) const;
+    /// How many keys there are in all sections that can be found.
+    qsizetype keyCount() const;
+
     /// The document as it is written.
     QByteArray toBytes() const;
-    /// /// Writes the whole document, replacing the file in one step. False when that failed, or when the
+    /// Writes the whole document, replacing the file in one step. False when that failed, or when the
     /// file that the document was loaded from could not be read whole: the old file then stands.
     bool save(const QString& path) const;
 

@@ -76,6 +76,12 @@ QFont toolkitFont(const FontChoice& choice) {
     return font;
 }
 
+/// The arrow instead of a busy program's hourglass, for as long as a dialog waits for the person.
+struct Arrow {
+    Arrow() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+    ~Arrow() { QApplication::restoreOverrideCursor(); }
+};
+
 std::optional<QString> chosen(const QString& path) {
     return path.isEmpty() ? std::nullopt : std::optional(path);
 }
@@ -93,6 +99,7 @@ QString toolkitFilter(const QString& filter) {
 }
 
 Answer QtPrompts::message(const MessageRequest& request) {
+    const Arrow arrow;
     QMessageBox box(toolkitIcon(request.icon),
                     request.title.isEmpty() ? QApplication::applicationName() : request.title, request.text,
                     toolkitButtons(request.buttons), parentWindow());
@@ -101,6 +108,7 @@ Answer QtPrompts::message(const MessageRequest& request) {
 }
 
 std::optional<QString> QtPrompts::input(const InputRequest& request) {
+    const Arrow arrow;
     bool ok = false;
     const QString title = request.title.isEmpty() ? QApplication::applicationName() : request.title;
     const QString text =
@@ -109,11 +117,13 @@ std::optional<QString> QtPrompts::input(const InputRequest& request) {
 }
 
 std::optional<QString> QtPrompts::openFile(const FileRequest& request) {
+    const Arrow arrow;
     return chosen(QFileDialog::getOpenFileName(parentWindow(), request.title, request.initial,
                                                toolkitFilter(request.filter)));
 }
 
 std::optional<QString> QtPrompts::saveFile(const FileRequest& request) {
+    const Arrow arrow;
     QFileDialog dialog(parentWindow(), request.title, QString(), toolkitFilter(request.filter));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(request.extension); // added before the question whether to write over a file
@@ -123,6 +133,7 @@ std::optional<QString> QtPrompts::saveFile(const FileRequest& request) {
 }
 
 std::optional<std::int32_t> QtPrompts::colour(std::int32_t initial) {
+    const Arrow arrow;
     const QColor before(initial & 0xFF, (initial >> 8) & 0xFF, (initial >> 16) & 0xFF);
     const QColor colour = QColorDialog::getColor(before, parentWindow());
     if (!colour.isValid()) return std::nullopt;
@@ -130,6 +141,7 @@ std::optional<std::int32_t> QtPrompts::colour(std::int32_t initial) {
 }
 
 std::optional<FontChoice> QtPrompts::font(const FontChoice& initial) {
+    const Arrow arrow;
     bool ok = false;
     const QFont font = QFontDialog::getFont(&ok, toolkitFont(initial), parentWindow());
     if (!ok) return std::nullopt;

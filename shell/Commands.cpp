@@ -25,15 +25,24 @@ constexpr MenuHead kMenus[] = {
 };
 
 constexpr MenuEntry kEntries[] = {
-    {"mnuFile", "mnuLoadVarInfo", "Load &Variable Information", "load",
+    {"mnuFile", "mnuNew", "&New", "new", onMain<&frmMain::mnuNew_Click>, "Ctrl+N"},
+    {"mnuFile", "mnuLoadConfig", "&Load Profile", "load", onDashboard<&frmInterface::mnuLoadConfig_Click>,
+     "Ctrl+O"},
+    {"mnuFile", "mnuSaveConfig", "&Save profile", "save", onDashboard<&frmInterface::mnuSaveConfig_Click>,
+     "Ctrl+S"},
+    {"mnuFile", "mnuSaveAs", "Save Profile &As", nullptr, onDashboard<&frmInterface::mnuSaveAs_Click>,
+     "Ctrl+Shift+S"},
+    {"mnuFile", nullptr, nullptr, nullptr, nullptr},
+    {"mnuFile", "mnuLoadVarInfo", "Load &Variable Information", nullptr,
      onMain<&frmMain::mnuLoadVarInfo_Click>},
-    {"mnuFile", "mnuSaveVarInfo", "Save Variable &Information", "save",
+    {"mnuFile", "mnuSaveVarInfo", "Save Variable &Information", nullptr,
      onMain<&frmMain::mnuSaveVarInfo_Click>},
     {"mnuFile", "mnuRestoreDefaultVar", "&Restore Default Variable Information", nullptr,
      onMain<&frmMain::mnuRestoreDefaultVar_Click>},
     {"mnuFile", nullptr, nullptr, nullptr, nullptr},
-    {"mnuFile", "mnuPlayMode", "&Play Mode", "play", onDashboard<&frmInterface::mnuPlayMode_Click>},
-    {"mnuFile", "mnuEditMode", "&Edit Mode", "edit", onDashboard<&frmInterface::mnuEditMode_Click>},
+    {"mnuFile", "mnuPlayMode", "&Play Mode", "play", onDashboard<&frmInterface::mnuPlayMode_Click>, "F5"},
+    {"mnuFile", "mnuEditMode", "&Edit Mode", "edit", onDashboard<&frmInterface::mnuEditMode_Click>,
+     "Shift+F5"},
     {"mnuFile", "mnuSelectDataSource", "Set Data Source", "source",
      onDashboard<&frmInterface::mnuSelectDataSource_Click>},
     {"mnuFile", nullptr, nullptr, nullptr, nullptr},
@@ -56,15 +65,15 @@ constexpr MenuEntry kEntries[] = {
      onDashboard<&frmInterface::mnuClearPane_Click>},
     {"mnuDropDown2", "mnuClosePane", "Close &Tab", nullptr, onDashboard<&frmInterface::mnuClosePane_Click>},
 
-    {"mnuDropDown3", "mnuTag_C", "&Label", "labelson", onMain<&frmMain::mnuTag_C_Click>, true},
+    {"mnuDropDown3", "mnuTag_C", "&Label", "labelson", onMain<&frmMain::mnuTag_C_Click>, "", true},
     {"mnuDropDown3", nullptr, nullptr, nullptr, nullptr},
     {"mnuDropDown3", "mnuProperties_C", "P&roperties", "properties", onMain<&frmMain::mnuProperties_C_Click>},
 };
 
 constexpr ToolButton kButtons[] = {
-    {2, "new", "New profile", false},
-    {3, "load", "Load profile", false},
-    {4, "save", "Save profile", false},
+    {2, "new", "New profile", true},
+    {3, "load", "Load profile", true},
+    {4, "save", "Save profile", true},
     {6, "play", "Play mode: open the data source and run", true},
     {7, "edit", "Edit mode: stop and change the layout", true},
     {9, "properties", "Show the properties window", false},

@@ -23,6 +23,7 @@ struct MenuEntry {
     const char* caption;
     const char* picture; ///< null for none
     Operation run;
+    const char* keys = ""; ///< its shortcut
     bool checkable = false;
 };
 

@@ -1,6 +1,7 @@
 #include "shell/Options.h"
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 
 namespace vistor {
 namespace {
@@ -10,6 +11,8 @@ constexpr double kLongestRun = 1e6; ///< s, nearly twelve days
 void addOptions(QCommandLineParser& parser) {
     parser.setApplicationDescription(
         QStringLiteral("Real-time telemetry dashboard for a motorsport data logger."));
+    parser.addPositionalArgument(QStringLiteral("PROFILE"), QStringLiteral("A saved dashboard to open."),
+                                 QStringLiteral("[PROFILE]"));
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOptions({
@@ -38,6 +41,16 @@ void readExitTime(const QCommandLineParser& parser, Options& options) {
         options.problem = QStringLiteral("--exit-after needs a number of seconds.");
 }
 
+void readProfilePath(const QStringList& words, Options& options) {
+    if (words.isEmpty()) return;
+    const QFileInfo file(words.constFirst());
+    if (words.size() > 1)
+        options.problem = QStringLiteral("One Profile can be opened, not %1.").arg(words.size());
+    else if (!file.isFile() || !file.isReadable())
+        options.problem = QStringLiteral("%1: cannot be read.").arg(words.constFirst());
+    options.profile = file.absoluteFilePath();
+}
+
 } // namespace
 
 Options readOptions(const QStringList& words) {
@@ -55,9 +68,7 @@ Options readOptions(const QStringList& words) {
     options.source = parser.value(QStringLiteral("source"));
     options.screenshot = parser.value(QStringLiteral("screenshot"));
     readExitTime(parser, options);
-    if (!parser.positionalArguments().isEmpty())
-        options.problem = QStringLiteral("%1: this version cannot read Profiles yet.")
-                              .arg(parser.positionalArguments().constFirst());
+    readProfilePath(parser.positionalArguments(), options);
     return options;
 }
 

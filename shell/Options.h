@@ -11,6 +11,7 @@ namespace vistor {
 struct Options {
     bool play = false;
     bool demo = false;
+    QString profile;                 ///< full path of the file to open; empty: none was given
     QString source;                  ///< a data source's descriptor; empty: none was given
     QString screenshot;              ///< a file; empty: none
     std::optional<double> exitAfter; ///< s

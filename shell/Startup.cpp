@@ -3,6 +3,7 @@
 #include "maths/FileSupportFunctions.h"
 #include "maths/LoadAndSaveVariableDefinitions.h"
 #include "platform/Folders.h"
+#include "platform/IniFile.h"
 #include "platform/Prompts.h"
 #include "variables/GlobalVarsAndTypes.h"
 #include "variables/SetupVariables.h"
@@ -15,6 +16,8 @@ namespace vistor {
 namespace {
 
 constexpr const char* kDefinitionFile = "VistorVars.cfg";
+
+constexpr int kPathBuffer = 200;
 
 constexpr double kFewestPulses = 0.1;
 constexpr double kMostPulses = 20;
@@ -109,6 +112,20 @@ void readCarConstants() {
         const double value = ReadCarConstant(path, QLatin1String(constant.key));
         CarConstants[i] = static_cast<float>(ParseNumber(QString::number(value, 'g', 15)));
     }
+}
+
+QString lastLayout() {
+    return readIniValue(SettingsPath, QStringLiteral("VXVISTOR"), QStringLiteral("LASTFILE"), QString(),
+                        kPathBuffer);
+}
+
+QString offerLayout(const QString& last) {
+    const bool first = last.isEmpty();
+    const QString path = first ? programFolder() + QStringLiteral("default.vis") : last;
+    if (!FileExists(QString(path))) return {};
+    const QString question = first ? QStringLiteral("Do you want to load default configuration file?")
+                                   : QStringLiteral("Do you want to load last configuration file?");
+    return MsgBox(question, Icon::None, Buttons::YesNo) == Answer::Yes ? path : QString();
 }
 
 void deleteScratchBitmaps() {

@@ -26,6 +26,12 @@ void readIgnitionPulses();
 void readDecimalSeparator();
 void readCarConstants();
 
+/// The profile that was open at the last end, empty for none.
+QString lastLayout();
+/// Offers the last layout, or where there never was one the default layout, if the file exists. The path that
+/// the person wants opened, empty for none.
+QString offerLayout(const QString& last);
+
 /// Deletes the scratch bitmaps, passing over what cannot be deleted.
 void deleteScratchBitmaps();
 

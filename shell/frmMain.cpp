@@ -1,13 +1,13 @@
 #include "shell/frmMain.h"
 
 #include "acquisition/DataSource.h"
+#include "dashboard/Hourglass.h"
 #include "dashboard/frmInterface.h"
 #include "instruments/Instrument.h"
 #include "maths/ConvertUnits.h"
 #include "platform/Events.h"
 #include "platform/Folders.h"
 #include "platform/Prompts.h"
-#include "shell/Hourglass.h"
 #include "shell/Startup.h"
 #include "variables/GlobalVarsAndTypes.h"
 
@@ -62,7 +62,7 @@ void frmMain::connectDashboard() {
     connect(m_dashboard, &frmInterface::unloaded, this, &frmMain::close);
 }
 
-bool frmMain::MDIForm_Load() {
+bool frmMain::MDIForm_Load(const QString& profile) {
     const Hourglass hourglass;
     const QScopedValueRollback loading(m_loading, true);
     findWorkingFolder();
@@ -75,11 +75,13 @@ bool frmMain::MDIForm_Load() {
     readDecimalSeparator();
     DoEvents();
     showDashboard();
+    const QString last = lastLayout();
     setTimer(kTickMilliseconds);
     deleteScratchBitmaps();
     show();
     pumpEvents();
-    // The last layout is offered here as soon as Profiles can be read.
+    const QString wanted = profile.isEmpty() ? offerLayout(last) : profile;
+    if (!wanted.isEmpty()) m_dashboard->loadLastFile(wanted);
     readCarConstants();
     createFormulaEvaluators();
     m_loaded = true;
@@ -128,6 +130,10 @@ bool frmMain::shutDown() {
     deleteScratchBitmaps();
     m_loaded = false;
     return true;
+}
+
+void frmMain::mnuNew_Click() {
+    if (m_dashboard->askToSave()) m_dashboard->mnuNew_Click();
 }
 
 void frmMain::mnuClearCurrentTab_Click() {

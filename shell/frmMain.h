@@ -24,8 +24,9 @@ public:
     frmMain();
     ~frmMain() override;
 
-    /// Start-up, in its order, up to the painted window in edit mode. False when the program must end.
-    bool MDIForm_Load();
+    /// Start-up, in its order, up to the painted window in edit mode with the layout that the person wants.
+    /// A profile that is given is opened without a question. False when the program must end.
+    bool MDIForm_Load(const QString& profile = {});
 
     frmInterface& dashboard() { return *m_dashboard; }
     /// The entry, menu or pop-up menu of that name; null where there is none.
@@ -36,6 +37,7 @@ public:
     QTimer Timer1;
 
     void Timer1_Timer();
+    void mnuNew_Click();
     void mnuClearCurrentTab_Click();
     void mnuClearAllTabs_Click();
     void mnuCloseLastTab_Click();

@@ -59,6 +59,7 @@ void frmMain::makeMenu(const MenuHead& head) {
         QAction* action =
             menu->addAction(picture(entry.picture ? entry.picture : ""), QLatin1String(entry.caption));
         action->setObjectName(QLatin1String(entry.name));
+        action->setShortcut(QKeySequence(QLatin1String(entry.keys)));
         action->setCheckable(entry.checkable);
         connect(action, &QAction::triggered, this, [this, run = entry.run] { run(*this); });
         m_commands.insert(action->objectName(), action);

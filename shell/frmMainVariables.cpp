@@ -1,9 +1,9 @@
 // The commands that load, save and restore the variable definitions. In: the person's answers. Out: the
 // tables, the tree, the files.
+#include "dashboard/Hourglass.h"
 #include "dashboard/frmInterface.h"
 #include "maths/LoadAndSaveVariableDefinitions.h"
 #include "platform/Prompts.h"
-#include "shell/Hourglass.h"
 #include "shell/Startup.h"
 #include "shell/frmMain.h"
 #include "variables/GlobalVarsAndTypes.h"

@@ -56,7 +56,7 @@ int run(const Options& options) {
     if (!options.exitAfter) setPrompter(&prompts);
     frmMain window;
     sizeWindow(window);
-    if (!window.MDIForm_Load()) return 1;
+    if (!window.MDIForm_Load(options.profile)) return 1;
     if (options.demo) buildDemoPage(window.dashboard());
     if (!options.source.isEmpty()) DataSourceDescriptor = options.source;
     if (options.play) window.dashboard().mnuPlayMode_Click();

@@ -98,7 +98,9 @@ TEST_F(FrmMainTest, MenusStandInOrderWithoutDeadEntries) {
     EXPECT_EQ(heads, QStringList({"mnuFile=&File", "mnuView=&View", "mnuWindow=Window"}));
     EXPECT_EQ(
         entries,
-        QStringList({"mnuLoadVarInfo=Load &Variable Information", "mnuSaveVarInfo=Save Variable &Information",
+        QStringList({"mnuNew=&New", "mnuLoadConfig=&Load Profile", "mnuSaveConfig=&Save profile",
+                     "mnuSaveAs=Save Profile &As", "mnuLoadVarInfo=Load &Variable Information",
+                     "mnuSaveVarInfo=Save Variable &Information",
                      "mnuRestoreDefaultVar=&Restore Default Variable Information", "mnuPlayMode=&Play Mode",
                      "mnuEditMode=&Edit Mode", "mnuSelectDataSource=Set Data Source", "mnuExit=E&xit",
                      "mnuTagsOn=Labels O&n", "mnuTagsOff=Labels O&ff", "mnuTabControl=Tab Management",
@@ -118,8 +120,8 @@ TEST_F(FrmMainTest, CommandsFollowTheMode) {
         }
         return numbers;
     };
-    // 2, 3, 4, 9 and 17 wait for their commands.
-    EXPECT_EQ(enabledButtons(), (QList<int>{6, 10, 11, 12, 14, 15, 18}));
+    // 9 and 17 wait for their commands.
+    EXPECT_EQ(enabledButtons(), (QList<int>{2, 3, 4, 6, 10, 11, 12, 14, 15, 18}));
     EXPECT_FALSE(command("mnuEditMode")->isEnabled());
     window.button(6)->trigger();
     EXPECT_TRUE(PlayMode);

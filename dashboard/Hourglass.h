@@ -1,11 +1,10 @@
-// The pointer of a program at work.
+// The pointer of a program at work. In: the life of an object. Out: the hourglass for as long.
 #pragma once
 
 #include <QApplication>
 
 namespace vistor {
 
-/// Shows it for as long as the object lives.
 struct Hourglass {
     Hourglass() { QApplication::setOverrideCursor(Qt::WaitCursor); }
     ~Hourglass() { QApplication::restoreOverrideCursor(); }

@@ -1,0 +1,159 @@
+#include "dashboard/ProfileFile.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vistor {
+namespace {
+
+constexpr int kNumberBuffer = 10;
+constexpr int kPortBuffer = 200;
+constexpr int kCaptionBuffer = 30;
+constexpr int kNameBuffer = 20;
+constexpr int kItemBuffer = 200;
+
+/// Items that a document may declare beyond those that it holds, over all its instruments.
+constexpr qsizetype kSpareItems = 4096;
+
+const QString kTabsSection = QStringLiteral("TABS");
+const QString kCaptionsSection = QStringLiteral("TAB");
+
+QString twipsText(double twips) {
+    return QString::number(std::llround(twips));
+}
+
+QString pageSection(Kind kind, int tab) {
+    return QLatin1String(kindInfo(kind).className) + u'/' + QString::number(tab);
+}
+
+QString ownSection(const ProfileInstrument& instrument) {
+    return pageSection(instrument.kind, instrument.tab) + u'/' + QString::number(instrument.index);
+}
+
+double boundedNumber(const QString& text) {
+    constexpr double kFarthest = 1e9;
+    return std::clamp(leadingNumber(text), -kFarthest, kFarthest);
+}
+
+int wholeNumber(const QString& text) {
+    return static_cast<int>(std::nearbyint(boundedNumber(text)));
+}
+
+double number(const IniFile& file, const QString& section, const char* key) {
+    return boundedNumber(file.value(section, QLatin1String(key), QStringLiteral("0"), kNumberBuffer));
+}
+
+std::optional<double> sizeOf(const IniFile& file, const char* key, const char* fallback) {
+    const QString text = file.value(kTabsSection, QLatin1String(key), QLatin1String(fallback), kNumberBuffer);
+    return text.isEmpty() ? std::nullopt : std::optional(boundedNumber(text));
+}
+
+/// The keys of a section that are the numbers 1 to `count`, ascending: what trying each of them would find.
+std::vector<int> numberedKeys(const IniFile& file, const QString& section, int count) {
+    std::vector<int> numbers;
+    for (const QString& key : file.keys(section)) {
+        const int read = key.toInt();
+        if (read >= 1 && read <= count && QString::number(read) == key) numbers.push_back(read);
+    }
+    std::sort(numbers.begin(), numbers.end());
+    return numbers;
+}
+
+QStringList readCaptions(const IniFile& file) {
+    const int declared =
+        wholeNumber(file.value(kTabsSection, QStringLiteral("PIC"), QStringLiteral("1"), kNumberBuffer));
+    const auto seen = std::min<qsizetype>(file.keys(kCaptionsSection).size(), kMostTabs);
+    const auto tabs = std::min(declared, std::max(kTabsUnseen, static_cast<int>(seen)));
+    QStringList captions;
+    for (int tab = 0; tab < tabs; ++tab)
+        captions << file.value(kCaptionsSection, QString::number(tab), QStringLiteral("VX"), kCaptionBuffer);
+    return captions;
+}
+
+/// Reads the instruments of a document, all in one walk.
+class InstrumentReader {
+public:
+    explicit InstrumentReader(const IniFile& file) : m_file(file), m_items(file.keyCount() + kSpareItems) {}
+
+    std::vector<ProfileInstrument> read() {
+        for (const KindInfo& info : kInstrumentKinds) {
+            const int count = wholeNumber(m_file.value(kTabsSection, QLatin1String(info.className),
+                                                       QStringLiteral("0"), kNumberBuffer));
+            for (int tab = 0; count > 0 && tab < kMostTabs; ++tab) readPage(info.kind, tab, count);
+        }
+        return std::move(m_found);
+    }
+
+private:
+    void readPage(Kind kind, int tab, int count) {
+        const QString page = pageSection(kind, tab);
+        for (const int key : numberedKeys(m_file, page, count)) {
+            const QString section = m_file.value(page, QString::number(key), QString(), kNameBuffer);
+            if (section.isEmpty() || m_found.size() >= kMostInstruments) continue;
+            m_found.push_back({kind,
+                               tab,
+                               key,
+                               number(m_file, section, "LEFT"),
+                               number(m_file, section, "TOP"),
+                               wholeNumber(m_file.value(section, QStringLiteral("MEM"), QStringLiteral("0"),
+                                                        kNumberBuffer)),
+                               {}});
+            readList(section, m_found.back());
+        }
+    }
+
+    void readList(const QString& section, ProfileInstrument& instrument) {
+        const qsizetype count = std::clamp<qsizetype>(qsizetype{instrument.highest} + 1, 0, m_items);
+        m_items -= count;
+        for (qsizetype item = 0; item < count; ++item)
+            instrument.list << m_file.value(section, QString::number(item), QStringLiteral("0"), kItemBuffer);
+        instrument.highest = static_cast<int>(count) - 1;
+    }
+
+    const IniFile& m_file;
+    qsizetype m_items; ///< how many more are believed
+    std::vector<ProfileInstrument> m_found;
+};
+
+} // namespace
+
+void WriteProfileLayout(const Profile& profile, IniFile& file) {
+    if (profile.width) file.setValue(kTabsSection, QStringLiteral("WIDTH"), twipsText(*profile.width));
+    if (profile.height) file.setValue(kTabsSection, QStringLiteral("HEIGHT"), twipsText(*profile.height));
+    file.setValue(kTabsSection, QStringLiteral("PIC"), QString::number(profile.captions.size()));
+    file.setValue(QStringLiteral("SYSTEM"), QStringLiteral("PORT"), profile.port);
+    for (qsizetype tab = 0; tab < profile.captions.size(); ++tab)
+        file.setValue(kCaptionsSection, QString::number(tab), profile.captions.at(tab));
+    std::array<int, kInstrumentKinds.size()> counts{};
+    for (const ProfileInstrument& instrument : profile.instruments) {
+        const int count = ++counts.at(static_cast<std::size_t>(instrument.kind));
+        const QString section = ownSection(instrument);
+        file.setValue(pageSection(instrument.kind, instrument.tab), QString::number(count), section);
+        file.setValue(section, QStringLiteral("LEFT"), twipsText(instrument.left));
+        file.setValue(section, QStringLiteral("TOP"), twipsText(instrument.top));
+    }
+    for (std::size_t kind = 0; kind < counts.size(); ++kind)
+        file.setValue(kTabsSection, QLatin1String(kInstrumentKinds.at(kind).className),
+                      QString::number(counts.at(kind)));
+}
+
+void WriteProfileInstruments(const Profile& profile, IniFile& file) {
+    for (const ProfileInstrument& instrument : profile.instruments) {
+        const QString section = ownSection(instrument);
+        file.setValue(section, QStringLiteral("MEM"), QString::number(instrument.highest));
+        for (qsizetype item = 0; item < instrument.list.size(); ++item)
+            file.setValue(section, QString::number(item), instrument.list.at(item));
+    }
+}
+
+Profile readProfile(const IniFile& file) {
+    Profile profile;
+    profile.width = sizeOf(file, "WIDTH", "0");
+    profile.height = sizeOf(file, "HEIGHT", "");
+    profile.captions = readCaptions(file);
+    profile.port = file.value(QStringLiteral("SYSTEM"), QStringLiteral("PORT"), QString(), kPortBuffer);
+    profile.instruments = InstrumentReader(file).read();
+    return profile;
+}
+
+} // namespace vistor

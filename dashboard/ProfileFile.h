@@ -1,0 +1,47 @@
+// The Profile, a saved dashboard, as it stands in a file: tabs, window size, data source, instruments with
+// their lists. In and out: plain data on the one side, an initialisation file on the other; no window.
+#pragma once
+
+#include "instruments/InstrumentKinds.h"
+#include "platform/IniFile.h"
+
+#include <QStringList>
+
+#include <optional>
+#include <vector>
+
+namespace vistor {
+
+struct ProfileInstrument {
+    Kind kind = Kind::AngularGauge;
+    int tab = 0;
+    int index = 0;   ///< its number in its kind's array; in a file no more than a label
+    double left = 0; ///< twips, on its page
+    double top = 0;
+    int highest = 0;  ///< index of the last item, as the instrument gives it
+    QStringList list; ///< its saved state
+};
+
+struct Profile {
+    std::optional<double> width; ///< of the window in twips; none leaves it as it is
+    std::optional<double> height;
+    QStringList captions; ///< one for each tab
+    QString port;         ///< the data source's descriptor
+    std::vector<ProfileInstrument> instruments;
+};
+
+/// Pages are made on a file's word alone up to here, and beyond it as far as the file has captions.
+inline constexpr int kTabsUnseen = 256;
+inline constexpr int kMostTabs = 1024;
+inline constexpr int kMostInstruments = 4096;
+
+/// Writes all but the lists. The document should be an empty one: nothing is taken out of it.
+void WriteProfileLayout(const Profile& profile, IniFile& file);
+/// Writes the lists into the sections that WriteProfileLayout made.
+void WriteProfileInstruments(const Profile& profile, IniFile& file);
+
+/// What a file says, the instruments by kind, tab and key. Any document is a Profile: what is missing has its
+/// default, and counts are believed as far as the document has something for them.
+Profile readProfile(const IniFile& file);
+
+} // namespace vistor
