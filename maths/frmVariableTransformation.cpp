@@ -18,6 +18,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableWidget>
+#include <QTextDocument>
 #include <QVBoxLayout>
 
 namespace vistor {
@@ -38,7 +39,7 @@ Widget* named(Widget* widget, const char* name) {
 QTableWidgetItem* cell(const QString& text, const QString& inserted) {
     auto* item = new QTableWidgetItem(text);
     item->setData(kTextRole, inserted);
-    item->setToolTip(text.trimmed());
+    item->setToolTip(Qt::convertFromPlainText(text.trimmed())); // names come from files
     return item;
 }
 
@@ -85,6 +86,7 @@ QWidget* frmVariableTransformation::makeOptions() {
     StandardTransCombo = named(new QComboBox, "StandardTransCombo");
     StandardTransCombo->setMinimumContentsLength(24);
     m_unit = named(new QLabel, "UnitLabel");
+    m_unit->setTextFormat(Qt::PlainText);
     auto* grid = new QGridLayout(box);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->addWidget(Option1[kStandard], 0, 0);
@@ -142,9 +144,7 @@ QTableWidget* frmVariableTransformation::makeGrid(const char* name, const char* 
     grid->installEventFilter(this);
     connect(grid, &QTableWidget::cellDoubleClicked, this,
             [this, grid](int row, int) { insertItem(grid->item(row, 0)->data(kTextRole).toString()); });
-    connect(grid, &QTableWidget::currentItemChanged, this, [this](const QTableWidgetItem* item) {
-        m_help->setText(item ? item->tableWidget()->item(item->row(), 1)->text() : QString());
-    });
+    connect(grid, &QTableWidget::currentItemChanged, this, [this, grid] { showHelp(*grid); });
     return grid;
 }
 
@@ -269,9 +269,23 @@ void frmVariableTransformation::narrowVariables() {
                                          !isOffered(m_offered[i], m_group->currentIndex(), m_words->text()));
 }
 
+/// Onto the first variable that is left, since a hidden one could be current.
+void frmVariableTransformation::goToVariables() {
+    int row = 0;
+    while (row < MSFlexGridVarNames->rowCount() && MSFlexGridVarNames->isRowHidden(row)) ++row;
+    if (row == MSFlexGridVarNames->rowCount()) return;
+    MSFlexGridVarNames->setCurrentCell(row, 0);
+    MSFlexGridVarNames->setFocus();
+}
+
 void frmVariableTransformation::insertItem(const QString& text) {
     UserFunctionTxt->insertPlainText(text);
     UserFunctionTxt->setFocus();
+}
+
+void frmVariableTransformation::showHelp(const QTableWidget& grid) {
+    const QTableWidgetItem* help = grid.item(grid.currentRow(), 1);
+    m_help->setText(help ? help->text() : QString());
 }
 
 void frmVariableTransformation::UserFunctionTxt_Change() {
@@ -307,11 +321,13 @@ void frmVariableTransformation::DoLocalEvents() {
 }
 
 bool frmVariableTransformation::eventFilter(QObject* watched, QEvent* event) {
+    auto* grid = qobject_cast<QTableWidget*>(watched);
+    if (grid && event->type() == QEvent::FocusIn) showHelp(*grid);
     if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
     const auto& key = *static_cast<QKeyEvent*>(event);
     if (watched == m_words) {
         if (key.key() != Qt::Key_Down && !isEnter(key)) return false;
-        MSFlexGridVarNames->setFocus();
+        goToVariables();
         return true;
     }
     if (!isEnter(key)) return QDialog::eventFilter(watched, event);
@@ -320,9 +336,9 @@ bool frmVariableTransformation::eventFilter(QObject* watched, QEvent* event) {
         OkCmd->click();
         return true;
     }
-    const auto* grid = qobject_cast<QTableWidget*>(watched);
     if (!grid) return QDialog::eventFilter(watched, event);
-    if (const QTableWidgetItem* item = grid->currentItem()) insertItem(item->data(kTextRole).toString());
+    const QTableWidgetItem* item = grid->currentItem();
+    if (item && !grid->isRowHidden(item->row())) insertItem(item->data(kTextRole).toString());
     return true;
 }
 

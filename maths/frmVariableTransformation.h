@@ -44,7 +44,9 @@ private:
     void showOption();
     void showLines();
     void narrowVariables();
+    void goToVariables();
     void insertItem(const QString& text);
+    void showHelp(const QTableWidget& grid);
     void StandardTransCombo_Change();
     void UserFunctionTxt_Change();
     void EnterAsTableBtn_Click();

@@ -202,10 +202,16 @@ TEST_F(FrmVariableTransformationTest, TheVariablesAreNarrowedDown) {
     EXPECT_EQ(shown(), 1);
     QTest::keyClick(&words, Qt::Key_Return);
     EXPECT_TRUE(grid.hasFocus());
-    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(part<QLabel>("HelpLabel").text(), "B2001 [-]");
+    QTest::keyClick(&grid, Qt::Key_Return);
+    EXPECT_EQ(formula().toPlainText(), "VAR_2001");
     words.clear();
     part<QComboBox>("VariableGroup").setCurrentText("GPS variables");
     EXPECT_EQ(shown(), 0);
+    QTest::keyClick(&grid, Qt::Key_Return); // on a line that is hidden now
+    QTest::keyClick(&words, Qt::Key_Return);
+    EXPECT_EQ(formula().toPlainText(), "VAR_2001");
+    EXPECT_TRUE(window->isVisible());
 }
 
 } // namespace
