@@ -1,5 +1,6 @@
 // The definition file: what start-up and every committed edit pay for it.
 #include "maths/LoadAndSaveVariableDefinitions.h"
+#include "maths/modXML.h"
 #include "platform/Folders.h"
 
 #include <QFile>
@@ -46,6 +47,39 @@ void saveDefinitions(benchmark::State& state) {
     ResetGlobals();
 }
 BENCHMARK(saveDefinitions)->Unit(benchmark::kMillisecond);
+
+/// A table whose 8001 rows all have something to tell, as the text form.
+QString fullTextFile(const QTemporaryDir& dir) {
+    const VariableDefinition row = VariableTable[2];
+    for (std::size_t number = 0; number < VariableTable.size(); ++number) {
+        VariableTable[number] = row;
+        VariableTable[number].IndexNumber = static_cast<std::int32_t>(number);
+    }
+    return dir.filePath(QStringLiteral("a.xvr"));
+}
+
+void saveText(benchmark::State& state) {
+    const QTemporaryDir dir;
+    LoadVariableFile(deliveredFile());
+    const QString path = fullTextFile(dir);
+    for (auto _ : state) SaveXvrDocument(path);
+    ResetGlobals();
+}
+BENCHMARK(saveText)->Unit(benchmark::kMillisecond);
+
+void loadText(benchmark::State& state) {
+    const QTemporaryDir dir;
+    LoadVariableFile(deliveredFile());
+    const QString path = fullTextFile(dir);
+    SaveXvrDocument(path);
+    for (auto _ : state) LoadXvrDocument(path, false);
+    const std::size_t before = heapInUse();
+    XmlDocument document;
+    document.load(path);
+    state.counters["treeMiB"] = static_cast<double>(heapInUse() - before) / 1024 / 1024;
+    ResetGlobals();
+}
+BENCHMARK(loadText)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace vistor

@@ -19,8 +19,7 @@ namespace {
 
 static_assert(std::endian::native == std::endian::little, "numbers go to the file as they lie in memory");
 
-constexpr qint64 kLargestFile = 16 << 20; ///< bytes; the delivered file has less than one megabyte
-constexpr std::int32_t kMostConversions = 32768;
+constexpr qint64 kLargestFile = 16 << 20;      ///< bytes; the delivered file has less than one megabyte
 constexpr std::size_t kSmallestConversion = 8; ///< bytes of a row whose texts are all empty
 constexpr std::size_t kSmallestVariable = 73;
 constexpr std::size_t kSmallestText = 2;

@@ -16,6 +16,8 @@ namespace vistor {
 
 /// The most bytes that a text in a definition file can have.
 inline constexpr qsizetype kLongestText = 65535;
+/// The most rows of unit conversions that a file is believed.
+inline constexpr std::size_t kMostConversions = 32768;
 
 /// What one definition file holds.
 struct Definitions {

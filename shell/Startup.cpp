@@ -1,7 +1,7 @@
 #include "shell/Startup.h"
 
 #include "maths/FileSupportFunctions.h"
-#include "maths/LoadAndSaveVariableDefinitions.h"
+#include "maths/VariableFiles.h"
 #include "platform/Folders.h"
 #include "platform/IniFile.h"
 #include "platform/Prompts.h"
@@ -15,7 +15,6 @@
 namespace vistor {
 namespace {
 
-constexpr const char* kDefinitionFile = "VistorVars.cfg";
 
 constexpr int kPathBuffer = 200;
 
@@ -52,8 +51,8 @@ bool copyDefinitions(const QString& from, const QString& target) {
     return true;
 }
 
-bool copyDelivered(const QString& target) {
-    return copyDefinitions(deliveredFolder() + QLatin1String(kDefinitionFile), target);
+bool copyDelivered(const QString& name) {
+    return copyDefinitions(deliveredFolder() + name, WorkingFolder + name);
 }
 
 } // namespace
@@ -66,8 +65,9 @@ void findWorkingFolder() {
 }
 
 bool findDefinitionFile() {
-    const QString path = WorkingFolder + QLatin1String(kDefinitionFile);
-    if (!FileExists(QString(path)) && !copyDelivered(path)) {
+    const QString name = QLatin1String(kVariableFileForm.workingFile);
+    const QString path = WorkingFolder + name;
+    if (!FileExists(QString(path)) && !copyDelivered(name)) {
         MsgBox(QStringLiteral("An important system file cannot be found, please uninstall and re-install"),
                Icon::Stop, Buttons::Ok, QStringLiteral("file not found"));
         return false;
@@ -79,14 +79,20 @@ bool findDefinitionFile() {
 }
 
 QString restoreDefinitionFile() {
-    const QString path = WorkingFolder + QLatin1String(kDefinitionFile);
-    const bool found =
-        copyDefinitions(programFolder() + QLatin1String(kDefinitionFile), path) || copyDelivered(path);
-    return found ? path : QString();
+    const QString name = QLatin1String(kVariableFileForm.workingFile);
+    if (!FileExists(programFolder() + name)) return {};
+    for (const QString& file : variableFileNames()) copyDefinitions(programFolder() + file, WorkingFolder + file);
+    return WorkingFolder + name;
 }
 
 void loadDefinitions() {
-    if (!VariableFilePath.isEmpty()) LoadVariableFile(VariableFilePath);
+    if (VariableFilePath.isEmpty()) return;
+    if constexpr (UseXmlVariableFiles) {
+        const QString units = QLatin1String(kVariableFileForm.unitsFile);
+        if (!FileExists(QString(WorkingFolder + units))) copyDelivered(units);
+        readDecimalSeparator(); // the numbers in texts have it
+    }
+    loadVariables(VariableFilePath);
 }
 
 double ReadCarConstant(const QString& path, const QString& key) {

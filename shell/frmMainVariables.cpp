@@ -2,7 +2,7 @@
 // tables, the tree, the files.
 #include "dashboard/Hourglass.h"
 #include "dashboard/frmInterface.h"
-#include "maths/LoadAndSaveVariableDefinitions.h"
+#include "maths/VariableFiles.h"
 #include "platform/Prompts.h"
 #include "shell/Startup.h"
 #include "shell/frmMain.h"
@@ -14,10 +14,8 @@ namespace vistor {
 namespace {
 
 FileRequest definitionFile(const char* title) {
-    return {QLatin1String(title),
-            QStringLiteral("Variable Config File (*.var)|*.var"),
-            QStringLiteral("var"),
-            {}};
+    return {QLatin1String(title), QLatin1String(kVariableFileForm.filter),
+            QLatin1String(kVariableFileForm.extension), {}};
 }
 
 } // namespace
@@ -29,9 +27,9 @@ void frmMain::mnuLoadVarInfo_Click() {
     const auto path = OpenFile(definitionFile("Load Variable Information..."));
     if (!path || path->isEmpty()) return;
     const Hourglass hourglass;
-    LoadVariableFile(*path);
+    loadVariables(*path);
     m_dashboard->takeVariableTable();
-    SaveVariableFile(VariableFilePath);
+    saveVariables(VariableFilePath);
 }
 
 void frmMain::mnuSaveVarInfo_Click() {
@@ -39,7 +37,7 @@ void frmMain::mnuSaveVarInfo_Click() {
     if (!path || path->isEmpty()) return;
     const Hourglass hourglass;
     QFile::remove(*path);
-    SaveVariableFile(*path);
+    saveVariables(*path);
 }
 
 void frmMain::mnuRestoreDefaultVar_Click() {
@@ -52,7 +50,7 @@ void frmMain::mnuRestoreDefaultVar_Click() {
         return;
     }
     const Hourglass hourglass;
-    LoadVariableFile(restored);
+    loadVariables(restored);
     m_dashboard->takeVariableTable();
 }
 

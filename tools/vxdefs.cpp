@@ -1,6 +1,9 @@
-// Makes the definition file from its readable tables and prints one back as such tables.
+// Makes the definition files from their readable tables, prints one back as such tables, converts one form
+// into the other.
+#include "maths/DefinitionForms.h"
 #include "maths/DefinitionTables.h"
-#include "maths/LoadAndSaveVariableDefinitions.h"
+#include "maths/VariableFiles.h"
+#include "variables/GlobalVarsAndTypes.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -15,9 +18,13 @@ namespace vistor {
 namespace {
 
 constexpr const char* kUsage =
-    "vxdefs build FOLDER [FILE]   make FILE (FOLDER/VistorVars.cfg) from variables.tsv and units.tsv in "
-    "FOLDER\n"
-    "vxdefs print FILE [FOLDER]   print FILE as such tables, or write them into FOLDER\n";
+    "vxdefs build FOLDER [FILE]   make FILE from variables.tsv and units.tsv in FOLDER; without FILE both "
+    "forms,\n"
+    "                             FOLDER/VistorVars.cfg and FOLDER/Vistor.XVR\n"
+    "vxdefs print FILE [FOLDER]   print FILE as such tables, or write them into FOLDER\n"
+    "vxdefs convert FILE TO       write what FILE holds to TO\n"
+    "A FILE that ends in .xvr is in the text form; its unit conversions stand beside it in\n"
+    "StandardUnitsConversions.XVR. Any other is in the binary form.\n";
 
 bool complain(const QString& place, const QString& message) {
     std::fprintf(stderr, "%s: %s\n", qPrintable(place), qPrintable(message));
@@ -38,26 +45,35 @@ bool writeWhole(const QString& path, const QByteArray& bytes) {
     return true;
 }
 
+bool writeTo(const QString& target, const Definitions& definitions) {
+    QString fault;
+    QString loss;
+    if (!writeForm(target, definitions, fault, loss)) return complain(target, fault);
+    if (!loss.isEmpty()) complain(target, loss);
+    return true;
+}
+
 bool build(const QString& folder, const QString& target) {
     const QDir dir(folder);
     DefinitionTables tables;
     if (!readTable(dir.filePath(kVariablesTable), tables.variables)) return false;
     if (!readTable(dir.filePath(kUnitsTable), tables.units)) return false;
     TableFault fault;
-    auto definitions = readTables(tables, fault);
-    if (!definitions)
+    auto read = readTables(tables, fault);
+    if (!read)
         return complain(QStringLiteral("%1:%2").arg(dir.filePath(fault.file)).arg(fault.line), fault.message);
     // Through the set-up pass, so that the file is the one that the program itself would save.
-    replaceTables(std::move(*definitions));
-    return writeWhole(target.isEmpty() ? dir.filePath(QStringLiteral("VistorVars.cfg")) : target,
-                      definitionBytes(UnitConversions, VariableTable));
+    replaceTables(std::move(*read));
+    const Definitions definitions{UnitConversions, VariableTable};
+    if (!target.isEmpty()) return writeTo(target, definitions);
+    return writeTo(dir.filePath(QLatin1String(kBinaryForm.workingFile)), definitions) &&
+           writeTo(dir.filePath(QLatin1String(kTextForm.workingFile)), definitions);
 }
 
 bool print(const QString& path, const QString& folder) {
-    const auto bytes = readDefinitionFile(path);
-    if (!bytes) return complain(path, QStringLiteral("cannot be read"));
-    const auto definitions = readDefinitions({bytes->constData(), static_cast<std::size_t>(bytes->size())});
-    if (!definitions) return complain(path, QStringLiteral("is no definition file, or a damaged one"));
+    QString fault;
+    const auto definitions = readForm(path, fault);
+    if (!definitions) return complain(path, fault);
     const DefinitionTables tables = printTables(*definitions);
     if (folder.isEmpty()) {
         std::printf("%s\n%s", tables.units.constData(), tables.variables.constData());
@@ -68,6 +84,14 @@ bool print(const QString& path, const QString& folder) {
            writeWhole(dir.filePath(kVariablesTable), tables.variables);
 }
 
+bool convert(const QString& from, const QString& to) {
+    QString fault;
+    auto read = readForm(from, fault);
+    if (!read) return complain(from, fault);
+    replaceTables(std::move(*read));
+    return writeTo(to, {UnitConversions, VariableTable});
+}
+
 int run(const QStringList& arguments) {
     const QString command = arguments.value(1);
     const bool complete = arguments.size() == 3 || arguments.size() == 4;
@@ -75,6 +99,8 @@ int run(const QStringList& arguments) {
         return build(arguments[2], arguments.value(3)) ? 0 : 1;
     if (command == QStringLiteral("print") && complete)
         return print(arguments[2], arguments.value(3)) ? 0 : 1;
+    if (command == QStringLiteral("convert") && arguments.size() == 4)
+        return convert(arguments[2], arguments[3]) ? 0 : 1;
     const bool help = command == QStringLiteral("--help") || command == QStringLiteral("-h");
     std::fputs(kUsage, help ? stdout : stderr);
     return help ? 0 : 2;

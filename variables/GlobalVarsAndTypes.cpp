@@ -5,6 +5,8 @@ namespace vistor {
 std::vector<VariableDefinition> VariableTable;
 std::vector<VariableDefinition> VariableTableEdit;
 std::vector<UnitConversion> UnitConversions;
+std::array<QString, 25> VariableSlots;
+std::array<QString, 4> UnitSlots;
 std::array<float, kVariableCount> SampleTime{};
 std::array<double, kVariableCount> SampleDistance{};
 std::array<float, kVariableCount> LastValue{};
@@ -37,6 +39,8 @@ void ResetGlobals() {
     VariableTable.clear();
     VariableTableEdit.clear();
     UnitConversions.clear();
+    VariableSlots.fill({});
+    UnitSlots.fill({});
     SampleTime.fill(0);
     SampleDistance.fill(0);
     LastValue.fill(0);

@@ -71,6 +71,10 @@ extern std::vector<VariableDefinition>
 extern std::vector<VariableDefinition> VariableTableEdit; ///< the working copy of tree and dialogs
 extern std::vector<UnitConversion> UnitConversions;       ///< written together with VariableTable
 
+extern std::array<QString, 25>
+    VariableSlots; ///< texts of the block that the reader of text files is in; kept between its calls
+extern std::array<QString, 4> UnitSlots; ///< the same for a unit conversion
+
 extern std::array<float, kVariableCount>
     SampleTime; ///< s since midnight of the last sample, 0: none; by the pipeline
 extern std::array<double, kVariableCount> SampleDistance; ///< distance at the last sample; by the pipeline

@@ -1,6 +1,6 @@
 #include "variables/VariableEdits.h"
 
-#include "maths/LoadAndSaveVariableDefinitions.h"
+#include "maths/VariableFiles.h"
 #include "platform/Prompts.h"
 #include "variables/SetupVariables.h"
 
@@ -97,7 +97,7 @@ void commitVariableEdits() {
     VariableTable = VariableTableEdit;
     SetupVariables();
     VariableTableEdit = VariableTable;
-    SaveVariableFile(VariableFilePath);
+    saveVariables(VariableFilePath);
 }
 
 } // namespace vistor

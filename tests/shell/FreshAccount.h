@@ -2,6 +2,7 @@
 // gone after the test.
 #pragma once
 
+#include "maths/VariableFiles.h"
 #include "platform/Folders.h"
 #include "tests/ScriptedPrompts.h"
 
@@ -38,11 +39,12 @@ protected:
         QFile file(path);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
-    /// Puts the delivered definition file in its place; answers its bytes.
+    /// Puts the delivered definition files in their place; answers the bytes of the table's.
     QByteArray deliver() {
-        const QByteArray bytes = read(QStringLiteral(VISTOR_SOURCE_DIR "/OtherFiles/VistorVars.cfg"));
-        write(root.filePath("OtherFiles/VistorVars.cfg"), bytes);
-        return bytes;
+        const QString from = QStringLiteral(VISTOR_SOURCE_DIR "/OtherFiles/");
+        for (const QString& name : variableFileNames())
+            write(root.filePath("OtherFiles/" + name), read(from + name));
+        return read(from + QLatin1String(kVariableFileForm.workingFile));
     }
     QString working(const char* name) const { return root.filePath("person/Kelvane/") + QLatin1String(name); }
 

@@ -19,7 +19,7 @@ TEST_F(StartupTest, AFirstStartInAnEmptyFolderRunsAsAnyOther) {
         EXPECT_EQ(VariableTable.size(), std::size_t(kVariableCount));
         EXPECT_EQ(VariableTableEdit.size(), VariableTable.size());
         EXPECT_EQ(FormulaEvaluators.size(), std::size_t(kVariableCount));
-        EXPECT_EQ(VariableFilePath, working("VistorVars.cfg"));
+        EXPECT_EQ(VariableFilePath, working(kVariableFileForm.workingFile));
         EXPECT_EQ(read(VariableFilePath), delivered);
         EXPECT_EQ(IgnitionPulsesPerRev, 0.1F); // no such key yet
         EXPECT_TRUE(QFile::exists(working("Car.cfg")));
@@ -34,7 +34,7 @@ TEST_F(StartupTest, AFirstStartInAnEmptyFolderRunsAsAnyOther) {
 }
 
 TEST_F(StartupTest, WithoutTheDeliveredFileTheProgramEnds) {
-    write(working("VistorVars.cfg"), {}); // an empty one counts as missing
+    write(working(kVariableFileForm.workingFile), {}); // an empty one counts as missing
     frmMain window;
     EXPECT_FALSE(window.MDIForm_Load());
     EXPECT_FALSE(window.isVisible());
@@ -57,7 +57,7 @@ TEST_F(StartupTest, AFolderThatCannotBeMadeLeavesAProgramWithoutVariables) {
 }
 
 TEST_F(StartupTest, ATruncatedDefinitionFileIsToldOnceAndTheWindowComesUp) {
-    write(working("VistorVars.cfg"), deliver().left(5000));
+    write(working(kVariableFileForm.workingFile), deliver().left(5000));
     frmMain window;
     ASSERT_TRUE(window.MDIForm_Load());
     EXPECT_EQ(prompts.messages.size(), 1U);

@@ -1,0 +1,31 @@
+#include "maths/VariableFiles.h"
+
+#include "maths/FileSupportFunctions.h"
+#include "maths/LoadAndSaveVariableDefinitions.h"
+#include "maths/modXML.h"
+#include "variables/SetupVariables.h"
+
+namespace vistor {
+
+QStringList variableFileNames(const VariableFileForm& form) {
+    QStringList names{QLatin1String(form.workingFile)};
+    if (form.unitsFile) names += QLatin1String(form.unitsFile);
+    return names;
+}
+
+void loadVariables(const QString& path, const VariableFileForm& form) {
+    if (!form.unitsFile) return LoadVariableFile(path);
+    LoadXvrDocument(path, false);
+    LoadXvrDocument(GetUserDataFolder() + QLatin1String(form.unitsFile), true);
+    SetupVariables();
+    VariableTableEdit = VariableTable;
+}
+
+void saveVariables(const QString& path, const VariableFileForm& form) {
+    if (form.unitsFile)
+        SaveXvrDocument(path);
+    else
+        SaveVariableFile(path);
+}
+
+} // namespace vistor
