@@ -7,6 +7,14 @@
 
 namespace vistor {
 
+#ifdef VISTOR_XML_VARIABLE_FILES
+const constinit bool UseXmlVariableFiles = true;
+const constinit VariableFileForm kVariableFileForm = kTextForm;
+#else
+const constinit bool UseXmlVariableFiles = false;
+const constinit VariableFileForm kVariableFileForm = kBinaryForm;
+#endif
+
 QStringList variableFileNames(const VariableFileForm& form) {
     QStringList names{QLatin1String(form.workingFile)};
     if (form.unitsFile) names += QLatin1String(form.unitsFile);

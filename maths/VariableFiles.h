@@ -2,8 +2,6 @@
 // call these and know nothing of the forms. In: paths. Out: the live tables, or files.
 #pragma once
 
-#include "maths/BuildConstants.h"
-
 #include <QString>
 #include <QStringList>
 
@@ -21,7 +19,10 @@ inline constexpr VariableFileForm kBinaryForm = {"VistorVars.cfg", nullptr,
                                                  "Variable Config File (*.var)|*.var", "var"};
 inline constexpr VariableFileForm kTextForm = {"Vistor.XVR", "StandardUnitsConversions.XVR",
                                                "Variable Config File (*.xvr)|*.xvr", "xvr"};
-inline constexpr VariableFileForm kVariableFileForm = UseXmlVariableFiles ? kTextForm : kBinaryForm;
+
+/// Decided by the build: true keeps the table as text. False as delivered.
+extern const bool UseXmlVariableFiles;
+extern const VariableFileForm kVariableFileForm;
 
 /// The files that the form keeps in the person's folder.
 QStringList variableFileNames(const VariableFileForm& form = kVariableFileForm);

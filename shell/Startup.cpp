@@ -80,14 +80,14 @@ bool findDefinitionFile() {
 
 QString restoreDefinitionFile() {
     const QString name = QLatin1String(kVariableFileForm.workingFile);
-    if (!FileExists(programFolder() + name)) return {};
+    if (!FileExists(QString(programFolder() + name))) return {};
     for (const QString& file : variableFileNames()) copyDefinitions(programFolder() + file, WorkingFolder + file);
     return WorkingFolder + name;
 }
 
 void loadDefinitions() {
     if (VariableFilePath.isEmpty()) return;
-    if constexpr (UseXmlVariableFiles) {
+    if (UseXmlVariableFiles) {
         const QString units = QLatin1String(kVariableFileForm.unitsFile);
         if (!FileExists(QString(WorkingFolder + units))) copyDelivered(units);
         readDecimalSeparator(); // the numbers in texts have it
