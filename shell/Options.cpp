@@ -20,7 +20,8 @@ void addOptions(QCommandLineParser& parser) {
         {QStringLiteral("source"),
          QStringLiteral("Data source: FIL,PATH for a run file, SER,PORT,SPEED for a serial line."),
          QStringLiteral("DESCRIPTOR")},
-        {QStringLiteral("demo"), QStringLiteral("Show the demo page.")},
+        {QStringLiteral("tab"), QStringLiteral("Bring a tab to the front, counted from 1."),
+         QStringLiteral("NUMBER")},
         {QStringLiteral("screenshot"),
          QStringLiteral("Save a picture of the window: at the end with --exit-after, else after one second."),
          QStringLiteral("FILE")},
@@ -39,6 +40,13 @@ void readExitTime(const QCommandLineParser& parser, Options& options) {
         options.exitAfter = seconds;
     else
         options.problem = QStringLiteral("--exit-after needs a number of seconds.");
+}
+
+void readTab(const QCommandLineParser& parser, Options& options) {
+    if (!parser.isSet(QStringLiteral("tab"))) return;
+    bool ok = false;
+    options.tab = parser.value(QStringLiteral("tab")).toInt(&ok);
+    if (!ok || options.tab < 1) options.problem = QStringLiteral("--tab needs a number from 1.");
 }
 
 void readProfilePath(const QStringList& words, Options& options) {
@@ -64,9 +72,9 @@ Options readOptions(const QStringList& words) {
     if (parser.isSet(QStringLiteral("version"))) parser.showVersion();
     if (parser.isSet(QStringLiteral("help"))) parser.showHelp();
     options.play = parser.isSet(QStringLiteral("play"));
-    options.demo = parser.isSet(QStringLiteral("demo"));
     options.source = parser.value(QStringLiteral("source"));
     options.screenshot = parser.value(QStringLiteral("screenshot"));
+    readTab(parser, options);
     readExitTime(parser, options);
     readProfilePath(parser.positionalArguments(), options);
     return options;

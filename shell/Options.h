@@ -10,9 +10,9 @@ namespace vistor {
 
 struct Options {
     bool play = false;
-    bool demo = false;
     QString profile;                 ///< full path of the file to open; empty: none was given
     QString source;                  ///< a data source's descriptor; empty: none was given
+    int tab = 1;                     ///< the tab in front, from 1
     QString screenshot;              ///< a file; empty: none
     std::optional<double> exitAfter; ///< s
     QString problem;                 ///< not empty: what is wrong with the words, and nothing else counts

@@ -1,5 +1,5 @@
 // The program's entry: command line, look, main window.
-#include "dashboard/DemoPage.h"
+#include "dashboard/ReadoutValues.h"
 #include "dashboard/frmInterface.h"
 #include "platform/QtPrompts.h"
 #include "shell/Appearance.h"
@@ -35,7 +35,8 @@ void saveScreenshot(frmMain& window, const QString& path) {
 /// The end of an unattended run: picture, values, and out, whatever is still open.
 void finish(frmMain& window, const Options& options) {
     if (!options.screenshot.isEmpty()) saveScreenshot(window, options.screenshot);
-    if (options.demo) std::printf("%s\n", qPrintable(demoValues(window.dashboard())));
+    const QString values = readoutValues(window.dashboard());
+    if (!values.isEmpty()) std::printf("%s\n", qPrintable(values));
     window.dashboard().ProfileChanged = false;
     window.close();
     QCoreApplication::exit(0);
@@ -57,7 +58,7 @@ int run(const Options& options) {
     frmMain window;
     sizeWindow(window);
     if (!window.MDIForm_Load(options.profile)) return 1;
-    if (options.demo) buildDemoPage(window.dashboard());
+    window.dashboard().mainTab->Tab(options.tab - 1);
     if (!options.source.isEmpty()) DataSourceDescriptor = options.source;
     if (options.play) window.dashboard().mnuPlayMode_Click();
     schedule(window, options);

@@ -98,6 +98,13 @@ TEST_F(ProfileStartTest, KeysActThroughTheMenusAndFollowTheMode) {
     EXPECT_EQ(titles, QStringList({"Load Profile...", "Save Profile...", "Save Profile As..."}));
 
     const std::vector<std::uint8_t> head = runFileHead();
+    prompts.inputs = {QStringLiteral("Two")};
+    window.command("mnuNewTab")->trigger();
+    press(Qt::Key_Tab, Qt::ControlModifier); // of the tabs, not of the windows inside the main window
+    EXPECT_EQ(window.dashboard().CurrentTab, 0);
+    press(Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(window.dashboard().CurrentTab, 1);
+
     write(root.filePath("a.run"),
           QByteArray(reinterpret_cast<const char*>(head.data()), static_cast<qsizetype>(head.size())));
     DataSourceDescriptor = "FIL," + root.filePath("a.run");

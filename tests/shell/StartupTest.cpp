@@ -114,11 +114,13 @@ TEST(Options, WordsAreCheckedBeforeAnythingOpens) {
     };
     const Case cases[] = {
         {{"vistor"}, true},
-        {{"vistor", "--play", "--demo", "--source", "FIL,a.run", "--exit-after", "2.5"}, true},
+        {{"vistor", "--play", "--tab", "3", "--source", "FIL,a.run", "--exit-after", "2.5"}, true},
         {{"vistor", "--exit-after", "soon"}, false},
         {{"vistor", "--exit-after", "-1"}, false},
         {{"vistor", "--exit-after", "1e99"}, false},
         {{"vistor", "--exit-after", "nan"}, false},
+        {{"vistor", "--tab", "0"}, false},
+        {{"vistor", "--tab", "x"}, false},
         {{"vistor", "--source"}, false},
         {{"vistor", "--nonsense"}, false},
         {{"vistor", "layout.vis"}, false},
@@ -126,7 +128,7 @@ TEST(Options, WordsAreCheckedBeforeAnythingOpens) {
     for (const Case& c : cases)
         EXPECT_EQ(readOptions(c.words).problem.isEmpty(), c.fine) << qPrintable(c.words.join(u' '));
     const Options options = readOptions(cases[1].words);
-    EXPECT_TRUE(options.play && options.demo);
+    EXPECT_TRUE(options.play && options.tab == 3);
     EXPECT_EQ(options.source, "FIL,a.run");
     EXPECT_EQ(options.exitAfter, 2.5);
 }
