@@ -111,7 +111,7 @@ bool OpenDataSource() {
     StreamBytes.assign(1, 0);
     switch (kind) {
     case SourceKind::Serial: {
-        const bool opened = OpenPort(fields.value(1).toInt(), fields.value(2).toInt());
+        const bool opened = fields.size() > 2 && OpenPort(fields.value(1).toInt(), fields.value(2).toInt());
         TimeBase = kLiveTimeBase;
         return opened;
     }
@@ -149,7 +149,7 @@ void CloseDataSource() {
     if (RunFileHandle > 0) runFile.reset();
     RunFileHandle = -1;
     TimeBase = kLiveTimeBase;
-    StreamBytes.clear();
+    StreamBytes = {}; // with its storage: a run file may have a gigabyte
 }
 
 } // namespace vistor

@@ -48,11 +48,16 @@ void prefetchRows(const Message& message) {
     }
 }
 
+/// Engine speed comes as pulses. A quotient that overflows is a failed step: the pulses stand.
+void divideByPulses(double& pulses) {
+    const double quotient = pulses / static_cast<double>(IgnitionPulsesPerRev);
+    if (std::isfinite(quotient) || !std::isfinite(pulses)) pulses = quotient;
+}
+
 /// Sends each value of a message through the pipeline. `output` lives as long as the decoding call: a sample
 /// whose transformation fails takes the value of the sample before it.
 void processMessage(Message& message, TickValueArray& values, TickFlagArray& updated, float& output) {
-    if (message.number == kEngineSpeedMessage && IgnitionPulsesPerRev != 0)
-        message.values[0] /= static_cast<double>(IgnitionPulsesPerRev);
+    if (message.number == kEngineSpeedMessage) divideByPulses(message.values[0]);
     prefetchRows(message);
     for (std::size_t i = 0; i < static_cast<std::size_t>(message.count); ++i) {
         const std::int32_t channel = message.channels[i];

@@ -193,7 +193,7 @@ bool ConvertValue(const QString& formula, std::int32_t index, float& value, bool
         break;
     }
     if (checkMode) return isValidExpression(formula);
-    if (isRow(index)) value = evaluate(known, value, index);
+    value = isRow(index) ? evaluate(known, value, index) : 0;
     return true;
 }
 
@@ -214,13 +214,16 @@ bool CheckExpression(const QString& formula, std::vector<std::int32_t>& usedVari
     double value = 0;
     const bool valid = evaluator.Value(value);
 
-    usedVariables.clear();
     bool used = false;
-    for (std::int32_t number = 1; valid && number < kVariableCount; ++number) {
-        evaluator.VariableUsed(variableName(number), used);
-        if (used) usedVariables.push_back(number);
+    usedVariables.assign(kVariableCount, 0); // and so it stays for a faulty text
+    if (valid) {
+        usedVariables.clear();
+        for (std::int32_t number = 1; number < kVariableCount; ++number) {
+            evaluator.VariableUsed(variableName(number), used);
+            if (used) usedVariables.push_back(number);
+        }
+        if (usedVariables.empty()) usedVariables.push_back(0);
     }
-    if (usedVariables.empty()) usedVariables.push_back(0);
     usedCarItems.assign(17, false);
     for (std::size_t item = 0; item < std::size(kConstants); ++item) {
         evaluator.VariableUsed(QString::fromLatin1(kConstants[item].name), used);

@@ -1,5 +1,6 @@
 #include "maths/FormulaEvaluator.h"
 
+#include <cctype>
 #include <cmath>
 #include <deque>
 #include <map>
@@ -92,6 +93,21 @@ struct ManyArguments {
 
 constexpr ManyArguments kManyArguments[] = {{"MIN", smallest}, {"MAX", greatest}, {"SUM", sum}};
 
+/// The parser wants a function's bracket right behind its name.
+std::string withoutGapBeforeBrackets(const std::string& text) {
+    std::string result;
+    for (const char character : text) {
+        if (character == '(') {
+            const std::size_t last = result.find_last_not_of(" \t\r\n");
+            const bool name = last != std::string::npos &&
+                              (std::isalnum(static_cast<unsigned char>(result[last])) || result[last] == '_');
+            if (name) result.resize(last + 1);
+        }
+        result += character;
+    }
+    return result;
+}
+
 /// The text in the parser's own terms.
 std::string normalised(const QString& text) {
     std::string result;
@@ -114,7 +130,7 @@ std::string normalised(const QString& text) {
             result += character == '=' ? std::string("==") : std::string(1, character);
         }
     }
-    return result;
+    return withoutGapBeforeBrackets(result);
 }
 
 } // namespace

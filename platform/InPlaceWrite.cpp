@@ -13,7 +13,7 @@ bool writeInPlace(const QString& path, const QByteArray& bytes) {
     QFile file(path);
     if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered)) return false;
     const qint64 oldSize = file.size();
-    if (posix_fallocate(file.handle(), 0, bytes.size()) != 0) {
+    if (!bytes.isEmpty() && posix_fallocate(file.handle(), 0, bytes.size()) != 0) {
         file.resize(oldSize);
         if (!before.exists()) file.remove();
         return false;

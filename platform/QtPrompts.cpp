@@ -2,27 +2,35 @@
 
 #include <QApplication>
 #include <QColorDialog>
+#include <QEventLoop>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPointer>
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace vistor {
 namespace {
+
+QWidget* mainWindow() {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto main = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+        return window->isVisible() && window->inherits("QMainWindow");
+    });
+    return main == windows.end() ? nullptr : *main;
+}
 
 /// What a dialog stands over. While another program has the focus no window is active, and a dialog without
 /// one could come up behind the main window and stop everything unseen.
 QWidget* parentWindow() {
     if (QWidget* active = QApplication::activeWindow()) return active;
     if (QWidget* modal = QApplication::activeModalWidget()) return modal;
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    const auto main = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
-        return window->isVisible() && window->inherits("QMainWindow");
-    });
-    return main == windows.end() ? nullptr : *main;
+    return mainWindow();
 }
 
 QMessageBox::Icon toolkitIcon(Icon icon) {
@@ -82,6 +90,57 @@ struct Arrow {
     ~Arrow() { QApplication::restoreOverrideCursor(); }
 };
 
+bool isInput(QEvent::Type type) {
+    constexpr QEvent::Type kInput[] = {QEvent::MouseButtonPress,
+                                       QEvent::MouseButtonRelease,
+                                       QEvent::MouseButtonDblClick,
+                                       QEvent::MouseMove,
+                                       QEvent::Wheel,
+                                       QEvent::KeyPress,
+                                       QEvent::KeyRelease,
+                                       QEvent::Shortcut,
+                                       QEvent::ShortcutOverride,
+                                       QEvent::ContextMenu,
+                                       QEvent::DragEnter,
+                                       QEvent::Drop,
+                                       QEvent::TouchBegin};
+    return std::find(std::begin(kInput), std::end(kInput), type) != std::end(kInput);
+}
+
+/// Runs a message box that keeps all input to itself, as a modal one does, but lets the main window be
+/// closed: a message in the path of samples comes back at the next one, and a modal box would leave no moment
+/// without it.
+class MessageGate final : public QObject {
+public:
+    MessageGate(QMessageBox& box, QWidget& main) : m_box(box), m_main(&main) {}
+
+    /// Until the person has answered; false when the main window was closed instead.
+    bool run() {
+        const MessageGate* const before = std::exchange(newest, this);
+        qApp->installEventFilter(this);
+        QEventLoop loop;
+        connect(&m_box, &QDialog::finished, &loop, &QEventLoop::quit);
+        m_box.setModal(false);
+        m_box.show();
+        m_box.activateWindow();
+        loop.exec();
+        newest = before;
+        return m_main && m_main->isVisible();
+    }
+
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (object == m_main && event->type() == QEvent::Hide) m_box.reject();
+        if (newest != this || !isInput(event->type()) || !object->isWidgetType()) return false;
+        const QWidget* window = static_cast<QWidget*>(object)->window();
+        return window != &m_box && !QApplication::activeModalWidget();
+    }
+
+private:
+    inline static const MessageGate* newest = nullptr; ///< a question at closing stands over a message
+    QMessageBox& m_box;
+    QPointer<QWidget> m_main;
+};
+
 std::optional<QString> chosen(const QString& path) {
     return path.isEmpty() ? std::nullopt : std::optional(path);
 }
@@ -99,12 +158,16 @@ QString toolkitFilter(const QString& filter) {
 }
 
 Answer QtPrompts::message(const MessageRequest& request) {
+    if (m_windowClosed) return Answer::Cancel;
     const Arrow arrow;
     QMessageBox box(toolkitIcon(request.icon),
                     request.title.isEmpty() ? QApplication::applicationName() : request.title, request.text,
                     toolkitButtons(request.buttons), parentWindow());
     box.setTextFormat(Qt::PlainText);
-    return answerOf(box.exec());
+    QWidget* main = mainWindow();
+    if (!main || QApplication::activeModalWidget()) return answerOf(box.exec());
+    m_windowClosed = !MessageGate(box, *main).run();
+    return m_windowClosed ? Answer::Cancel : answerOf(box.standardButton(box.clickedButton()));
 }
 
 std::optional<QString> QtPrompts::input(const InputRequest& request) {

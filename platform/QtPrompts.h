@@ -7,7 +7,8 @@ class QWidget;
 
 namespace vistor {
 
-/// Asks over the active window. To be put in with setPrompter() by the program.
+/// Asks over the active window. To be put in with setPrompter() by the program. While a message stands the
+/// main window takes no input but can be closed; once it is closed every message is answered at once.
 class QtPrompts final : public Prompter {
 public:
     Answer message(const MessageRequest& request) override;
@@ -16,6 +17,9 @@ public:
     std::optional<QString> saveFile(const FileRequest& request) override;
     std::optional<std::int32_t> colour(std::int32_t initial) override;
     std::optional<FontChoice> font(const FontChoice& initial) override;
+
+private:
+    bool m_windowClosed = false;
 };
 
 /// A filter in the toolkit's form: "words (pattern);;words (pattern)" from "words|pattern|words|pattern".

@@ -12,9 +12,10 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cstdio>
+
 namespace vistor {
 namespace {
-
 
 constexpr int kPathBuffer = 200;
 
@@ -45,8 +46,9 @@ bool copyDefinitions(const QString& from, const QString& target) {
     copied.remove();
     if (QFile::copy(from, copied.fileName())) {
         copied.setPermissions(copied.permissions() | QFile::ReadOwner | QFile::WriteOwner);
-        QFile::remove(target);
-        copied.rename(target);
+        // One step: the operation of the system replaces what is there.
+        if (std::rename(QFile::encodeName(copied.fileName()), QFile::encodeName(target)) != 0)
+            copied.remove();
     }
     return true;
 }
@@ -81,7 +83,8 @@ bool findDefinitionFile() {
 QString restoreDefinitionFile() {
     const QString name = QLatin1String(kVariableFileForm.workingFile);
     if (!FileExists(QString(programFolder() + name))) return {};
-    for (const QString& file : variableFileNames()) copyDefinitions(programFolder() + file, WorkingFolder + file);
+    for (const QString& file : variableFileNames())
+        copyDefinitions(programFolder() + file, WorkingFolder + file);
     return WorkingFolder + name;
 }
 

@@ -13,8 +13,8 @@ void findWorkingFolder();
 /// there is nothing to copy: the person has been told, and the program must end.
 bool findDefinitionFile();
 
-/// Puts the default definition file, which lies beside the program, in place of that in the working folder. Its
-/// path there; empty when there is no default.
+/// Puts the default definition file, which lies beside the program, in place of that in the working folder.
+/// Its path there; empty when there is no default.
 QString restoreDefinitionFile();
 
 /// Loads the definition file where one was found.

@@ -5,6 +5,7 @@
 #include "dashboard/frmInterface.h"
 #include "instruments/Instrument.h"
 #include "maths/ConvertUnits.h"
+#include "maths/FileSupportFunctions.h"
 #include "platform/Events.h"
 #include "platform/Folders.h"
 #include "platform/Prompts.h"
@@ -67,7 +68,7 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     const QScopedValueRollback loading(m_loading, true);
     findWorkingFolder();
     const QString icon = programFolder() + QStringLiteral("User.ico");
-    if (QFileInfo::exists(icon)) setWindowIcon(QIcon(icon));
+    if (FileExists(QString(icon))) setWindowIcon(QIcon(icon));
     setWindowTitle(mainWindowTitle());
     if (!findDefinitionFile()) return false;
     loadDefinitions();
@@ -102,11 +103,11 @@ void frmMain::Timer1_Timer() {
 }
 
 void frmMain::setTimer(int milliseconds) {
+    Timer1.setInterval(milliseconds);
     if (milliseconds > 0)
-        Timer1.start(milliseconds);
+        Timer1.start();
     else
         Timer1.stop();
-    Timer1.setInterval(milliseconds);
     m_statusTime = 0;
     showStatus();
 }

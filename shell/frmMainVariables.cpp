@@ -14,8 +14,10 @@ namespace vistor {
 namespace {
 
 FileRequest definitionFile(const char* title) {
-    return {QLatin1String(title), QLatin1String(kVariableFileForm.filter),
-            QLatin1String(kVariableFileForm.extension), {}};
+    return {QLatin1String(title),
+            QLatin1String(kVariableFileForm.filter),
+            QLatin1String(kVariableFileForm.extension),
+            {}};
 }
 
 } // namespace

@@ -42,8 +42,7 @@ struct Item {
 
 /// Where the stream begins: behind the head of a run file when there is one.
 std::int32_t streamStart(const std::vector<std::uint8_t>& bytes) {
-    const std::vector<std::uint8_t> head = runFileHead();
-    // The version's lowest byte may differ: 200, 201 and 203 are all read.
+    const std::vector<std::uint8_t> head = runFileHead(); // of which the kind may be another
     const bool isRunFile =
         bytes.size() >= head.size() && std::equal(head.begin(), head.begin() + 4, bytes.begin());
     return isRunFile ? static_cast<std::int32_t>(head.size()) : 0;

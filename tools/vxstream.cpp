@@ -108,6 +108,10 @@ std::optional<SimulationOptions> simulationOptions(const QCommandLineParser& par
     const auto seed = numberOption(parser, QStringLiteral("seed"), 0, 1e15);
     const auto corrupt = numberOption(parser, QStringLiteral("corrupt"), 0, 100);
     if (!laps || !seed || !corrupt) return std::nullopt;
+    if (*laps != std::floor(*laps) || *seed != std::floor(*seed)) {
+        complain(QStringLiteral("--laps and --seed are whole numbers"));
+        return std::nullopt;
+    }
     return SimulationOptions{static_cast<int>(*laps), static_cast<std::uint64_t>(*seed), *corrupt,
                              parser.isSet(QStringLiteral("drop-out"))};
 }

@@ -138,6 +138,7 @@ std::unique_ptr<Statement> Parser::parseWhile() {
     auto statement = make(StatementKind::Do);
     statement->testLine = statement->line;
     next();
+    statement->isWhile = true;
     statement->value = parseExpression();
     expectStatementEnd();
     parseBlock(statement->body);

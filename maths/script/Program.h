@@ -90,6 +90,7 @@ struct Statement {
     StatementKind kind = StatementKind::Call;
     bool atEnd = false;    ///< of Do: the test stands behind Loop
     bool until = false;    ///< of Do: the test ends the loop when it is true
+    bool isWhile = false;  ///< of Do: a While, which Exit Do passes through
     bool preserve = false; ///< of ReDim
     int line = 0;
     int testLine = 0; ///< of Do

@@ -144,7 +144,7 @@ Machine::Flow Machine::executeDo(const Statement& statement) {
         const bool asks = statement.value && (atStart || !first);
         if (asks && leaves(statement)) return Flow::Next;
         const Flow flow = execute(statement.body);
-        if (flow == Flow::ExitDo) return Flow::Next;
+        if (flow == Flow::ExitDo && !statement.isWhile) return Flow::Next;
         if (flow != Flow::Next) return flow;
     }
 }
@@ -206,6 +206,7 @@ Machine::Flow Machine::executeForEach(const Statement& statement) {
     if (!array.is(Kind::Array)) raise(kNotACollection);
     for (const Value& item : array.asArray().items) {
         m_budget.work();
+        m_line = statement.line;
         store(*statement.target, item);
         const Flow flow = execute(statement.body);
         if (flow == Flow::ExitFor) break;

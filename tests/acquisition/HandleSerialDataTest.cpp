@@ -57,6 +57,16 @@ TEST(DecodeStream, MarksAndProcessesEachValue) {
     EXPECT_EQ(std::count(tick.updated.begin(), tick.updated.end(), kTrue16), 5);
 }
 
+TEST(DecodeStream, APulseQuotientThatOverflowsIsAFailedStep) {
+    makeTable();
+    IgnitionPulsesPerRev = 0.1F;
+    add(StreamBytes, 18, {{2, 5}});
+    add(StreamBytes, 18, {{2, 1e308}});
+    Decoded tick;
+    tick.run(false);
+    EXPECT_NEAR(tick.values[2], 50, 0.001); // that of the sample before
+}
+
 TEST(DecodeStream, ASampleThatCannotBeConvertedTakesTheOneBeforeIt) {
     makeTable();
     add(StreamBytes, 3, {{4, 42}, {5, 1e300}}); // does not fit in 32 bits

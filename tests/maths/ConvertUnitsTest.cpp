@@ -76,6 +76,9 @@ TEST(ConvertUnits, EverythingTheEditorOffers) {
         {"SUM(2,x,5)", 3, 10},
         {"RND() * 0 + x", 3, 3},
         {"{SIN}(x)", 1, 0.8414709848},
+        {"SIN (x)", 1, 0.8414709848},
+        {"{SIN} \r\n(x)", 1, 0.8414709848},
+        {"2*\t(x+1)", 1, 4},
         {"x{/}2", 3, 1.5},
         {"{x}", 3, 3},
         {"x = 3", 3, 1},
@@ -140,6 +143,7 @@ TEST(ConvertUnits, CheckTellsWhatAFormulaUses) {
     EXPECT_EQ(variables, std::vector<std::int32_t>{0});
     for (const char* bad : {"", "1/0", "VAR_8001", "foo", "SIN", "(", "x x", "1,2", "\xC3\xA9"})
         EXPECT_FALSE(CheckExpression(QString::fromUtf8(bad), variables, items)) << bad;
+    EXPECT_EQ(variables.size(), std::size_t(kVariableCount)); // nothing has shortened it
 }
 
 TEST(ConvertUnits, CheckModeTellsAWrongFormulaAndTouchesNothing) {

@@ -133,6 +133,15 @@ Function WhileWend ' expect: Integer 3
         WhileWend = WhileWend + 1
     Wend
 End Function
+Function ExitDoThroughWhile ' expect: Integer 3
+    Do
+        While True
+            ExitDoThroughWhile = ExitDoThroughWhile + 1
+            If ExitDoThroughWhile = 3 Then Exit Do
+        Wend
+        ExitDoThroughWhile = 99
+    Loop
+End Function
 Function ExitFromLoops ' expect: Integer 7
     Dim i
     Do

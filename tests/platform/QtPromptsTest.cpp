@@ -1,0 +1,57 @@
+#include "platform/QtPrompts.h"
+
+#include <QElapsedTimer>
+#include <QMainWindow>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <QtTest>
+
+#include <gtest/gtest.h>
+
+namespace vistor {
+namespace {
+
+class QtPromptsTest : public testing::Test {
+protected:
+    QtPromptsTest() {
+        before = setPrompter(&prompts);
+        window.setCentralWidget(&button);
+        QObject::connect(&button, &QPushButton::clicked, [this] { ++clicks; });
+        window.show();
+    }
+    ~QtPromptsTest() override {
+        setPrompter(before);
+        window.takeCentralWidget();
+    }
+    QMessageBox* box() { return window.findChild<QMessageBox*>(); }
+
+    QtPrompts prompts;
+    Prompter* before;
+    QPushButton button;
+    QMainWindow window;
+    int clicks = 0;
+};
+
+TEST_F(QtPromptsTest, AMessageKeepsInputToItself) {
+    QTimer::singleShot(50, [this] {
+        QTest::mouseClick(&button, Qt::LeftButton);
+        QTest::mouseClick(box()->button(QMessageBox::No), Qt::LeftButton);
+    });
+    EXPECT_EQ(MsgBox(QStringLiteral("Sure?"), Icon::Question, Buttons::YesNo), Answer::No);
+    EXPECT_EQ(clicks, 0);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(QtPromptsTest, TheWindowCanBeClosedUnderAMessageThatAlwaysComesBack) {
+    QTimer::singleShot(50, [this] { window.close(); });
+    QElapsedTimer clock;
+    clock.start();
+    for (int i = 0; i < 1000; ++i) MsgBox(QStringLiteral("There is an error"));
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_LT(clock.elapsed(), 5000);
+}
+
+} // namespace
+} // namespace vistor
