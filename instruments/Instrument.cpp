@@ -117,6 +117,7 @@ void Instrument::TagOn(bool on) {
 }
 
 void Instrument::mnuTag_Click() {
+    if (m_display->properties().table().parts().pins == PinForm::None) return; // it would have nothing to say
     m_tagOn = !m_tagOn;
     if (m_tagOn) refreshCaption();
     lblTag->setVisible(m_tagOn);

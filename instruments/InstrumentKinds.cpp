@@ -2,7 +2,10 @@
 
 #include "instruments/VXAGAUGE.h"
 #include "instruments/VXALPHANUME.h"
+#include "instruments/VXLED.h"
+#include "instruments/VXODO.h"
 #include "instruments/VXSTRIP.h"
+#include "instruments/VXTEXTTAG.h"
 #include "instruments/VXXYGRAPH.h"
 
 #include <algorithm>
@@ -19,8 +22,8 @@ std::unique_ptr<Instrument> make(QWidget* parent) {
 
 /// In the order of the kinds.
 constexpr std::array<Maker, kInstrumentKinds.size()> kMakers{
-    make<VXAGAUGE>, make<VXALPHANUME>, nullptr,         nullptr, nullptr,
-    nullptr,        make<VXSTRIP>,     make<VXXYGRAPH>, nullptr,
+    make<VXAGAUGE>, make<VXALPHANUME>, make<VXLED>,     nullptr,         make<VXODO>,
+    nullptr,        make<VXSTRIP>,     make<VXXYGRAPH>, make<VXTEXTTAG>,
 };
 
 } // namespace

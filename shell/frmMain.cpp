@@ -167,7 +167,9 @@ void frmMain::openMenu(const QString& name, const QPoint& place) {
 
 void frmMain::openInstrumentMenu(Instrument* instrument, const QPoint& place) {
     curObject = instrument;
+    const bool hasPins = instrument->kind() != Kind::TextTag;
     command(QStringLiteral("mnuTag_C"))->setChecked(instrument->tagIsOn());
+    command(QStringLiteral("mnuTag_C"))->setVisible(hasPins);
     openMenu(QStringLiteral("mnuDropDown3"), place);
 }
 

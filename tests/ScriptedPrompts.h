@@ -24,7 +24,9 @@ public:
     std::deque<Answer> answers;                ///< to messages with a choice
     std::deque<std::optional<QString>> inputs; ///< to input boxes
     std::deque<std::optional<QString>> files;  ///< to both file dialogs
-    std::vector<MessageRequest> messages;      ///< all that was shown
+    std::deque<std::optional<std::int32_t>> colours;
+    std::deque<std::optional<FontChoice>> fonts;
+    std::vector<MessageRequest> messages; ///< all that was shown
     std::vector<InputRequest> inputRequests;
     std::vector<FileRequest> fileRequests;
 
@@ -47,8 +49,12 @@ public:
         return next(files, std::optional<QString>());
     }
     std::optional<QString> saveFile(const FileRequest& request) override { return openFile(request); }
-    std::optional<std::int32_t> colour(std::int32_t) override { return std::nullopt; }
-    std::optional<FontChoice> font(const FontChoice&) override { return std::nullopt; }
+    std::optional<std::int32_t> colour(std::int32_t) override {
+        return next(colours, std::optional<std::int32_t>());
+    }
+    std::optional<FontChoice> font(const FontChoice&) override {
+        return next(fonts, std::optional<FontChoice>());
+    }
 
 private:
     template <typename Value>

@@ -1,0 +1,30 @@
+#include "instruments/VXODO.h"
+
+#include "instruments/displays/OdometerDisplay.h"
+
+namespace vistor {
+namespace {
+
+constexpr int kNewWidth = 190 * kTwipsPerPixel;
+constexpr int kNewHeight = 60 * kTwipsPerPixel;
+
+} // namespace
+
+VXODO::VXODO(QWidget* parent) : Instrument(Kind::Odometer, new OdometerDisplay, parent) {
+    setSizeTwips(kNewWidth, kNewHeight);
+    UserControl_Initialize();
+}
+
+QStringList VXODO::shownLabels() const {
+    return {QStringLiteral("Width"), QStringLiteral("Height"), QStringLiteral("Digits"),
+            QStringLiteral("Decimals"), QStringLiteral("Value")};
+}
+
+QStringList VXODO::shownValues() const {
+    const PropertyStore& p = inCTRL().properties();
+    return {QString::number(inCTRL().width() * kTwipsPerPixel),
+            QString::number(inCTRL().height() * kTwipsPerPixel), textOfNumber(p.number(OdoDigits)),
+            textOfNumber(p.number(OdoDecimals)), textOfNumber(p.number(OdoValue))};
+}
+
+} // namespace vistor

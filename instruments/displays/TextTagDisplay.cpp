@@ -1,0 +1,79 @@
+#include "instruments/displays/TextTagDisplay.h"
+
+#include "instruments/Colours.h"
+#include "instruments/displays/PropertyMakers.h"
+#include "instruments/displays/PropertyStyles.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace vistor {
+namespace {
+
+using enum PropertyType;
+
+constexpr double kUsualSize = 14; ///< points
+constexpr double kSmallestSize = 1;
+constexpr double kLargestSize = 1000;
+constexpr int kLongestText = 2000;
+constexpr int kMargin = 3;
+
+constexpr PropertyInfo kProperties[] = {
+    choiceProperty(TagAlignment, Integer, "Alignment", 2, kAlignmentWords),
+    flagProperty(TagBold, "Bold", true),
+    flagProperty(TagItalic, "Italic", false),
+    {.number = TagFontName, .type = FontName, .label = "Font"},
+    {.number = TagFontSize, .type = Single, .label = "Font Size", .initial = kUsualSize},
+    flagProperty(TagStrikeOut, "Strike Out", false),
+    flagProperty(TagUnderline, "Underline", false),
+    colourProperty(TagForeColour, "Text Colour", kTagLabelColour),
+    colourProperty(TagBackColour, "Back Colour", kTagPageColour),
+    {.number = TagCaption, .type = String, .label = "Text", .initialText = "Text"},
+};
+
+constexpr ShownProperty kShown[] = {
+    {"Text", TagCaption},
+    {"Alignment", TagAlignment},
+    {"Font", TagFontName},
+    {"Font Size", TagFontSize},
+};
+
+constexpr KindTable::Parts kParts{
+    .fixed = kProperties, .pins = PinForm::None, .methods = {.redraw = 1}, .staysEnabled = true, .shown = kShown};
+
+constexpr FontNumbers kFont{.family = TagFontName,
+                            .bold = TagBold,
+                            .italic = TagItalic,
+                            .underline = TagUnderline,
+                            .strikeOut = TagStrikeOut};
+
+int pixelsOf(double points) {
+    constexpr double kPixelsPerPoint = 96.0 / 72.0;
+    const double size = points >= kSmallestSize ? std::min(points, kLargestSize) : kUsualSize;
+    return qRound(size * kPixelsPerPoint);
+}
+
+} // namespace
+
+constinit const KindTable kTextTagTable{kParts};
+
+QColor tagColour(std::int32_t number, const QPalette& page) {
+    if (number >= 0) return colourOf(number);
+    constexpr int kTextColours[] = {7, 8, 18};
+    const bool isText = std::ranges::find(kTextColours, number & 0xFF) != std::end(kTextColours);
+    return page.color(isText ? QPalette::WindowText : QPalette::Window);
+}
+
+TextTagDisplay::TextTagDisplay(QWidget* parent) : InnerDisplay(kTextTagTable, parent) {}
+
+void TextTagDisplay::paintStatic(QPainter& painter) {
+    const PropertyStore& p = properties();
+    painter.fillRect(rect(), tagColour(p.integer(TagBackColour), palette()));
+    painter.setFont(fontOf(p, kFont, pixelsOf(p.number(TagFontSize))));
+    painter.setPen(tagColour(p.integer(TagForeColour), palette()));
+    const int flags = int(alignmentOf(p.integer(TagAlignment)) | Qt::AlignVCenter) | Qt::TextWordWrap;
+    painter.drawText(rect().adjusted(kMargin, 0, -kMargin, 0), flags, p.text(TagCaption).left(kLongestText));
+}
+
+} // namespace vistor
