@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <optional>
@@ -52,29 +53,76 @@ std::optional<QByteArray> readWhole(const QString& path) {
     return file.error() == QFileDevice::NoError ? std::optional(bytes) : std::nullopt;
 }
 
+std::string_view viewOf(const QByteArray& bytes) {
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+constexpr auto kNowhere = std::string_view::npos;
+
+bool holdsKey(std::string_view text) {
+    return !text.empty() && text.front() != ';' && text.front() != '[' && text.find('=') != kNowhere;
+}
+
+/// The key of a line that holds one, up to its first "=" or to one further on.
+QString keyOf(std::string_view line, qsizetype further = 0) {
+    auto equals = line.find('=');
+    for (; further > 0 && equals != kNowhere; --further) equals = line.find('=', equals + 1);
+    return equals == kNowhere ? QString() : folded(line.substr(0, equals));
+}
+
+QString valueOf(std::string_view line, const QString& key) {
+    auto equals = line.find('=');
+    for (auto further = key.count(u'='); further > 0; --further) equals = line.find('=', equals + 1);
+    return fromCodePage(unquoted(trimmed(line.substr(equals + 1))));
+}
+
+QString foldedName(const QString& name) {
+    return name.trimmed().toLower();
+}
+
 /// A value that would lose its own blanks or quotes on reading is put in quotes.
 QByteArray asWritten(const QString& value) {
     const QByteArray bytes = toCodePage(value);
-    const std::string_view view(bytes.constData(), static_cast<std::size_t>(bytes.size()));
-    return unquoted(trimmed(view)) == view ? bytes : '"' + bytes + '"';
+    return unquoted(trimmed(viewOf(bytes))) == viewOf(bytes) ? bytes : '"' + bytes + '"';
 }
 
 } // namespace
+
+void IniFile::Section::index() {
+    keys.clear();
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        const std::string_view text = trimmed(viewOf(lines[i].raw));
+        if (!holdsKey(text)) continue;
+        const QString key = keyOf(text);
+        if (!keys.contains(key)) keys.insert(key, static_cast<qsizetype>(i));
+    }
+}
+
+qsizetype IniFile::Section::find(const QString& key) const {
+    if (!key.contains(u'=')) return keys.value(key, -1);
+    const auto inside = key.count(u'=');
+    const auto holds = [&](const Line& line) {
+        const std::string_view text = trimmed(viewOf(line.raw));
+        return holdsKey(text) && keyOf(text, inside) == key;
+    };
+    const auto found = std::find_if(lines.begin(), lines.end(), holds);
+    return found == lines.end() ? -1 : found - lines.begin();
+}
 
 void IniFile::appendLine(std::string_view raw) {
     const std::string_view text = trimmed(raw);
     if (!text.empty() && text.front() == '[') {
         const auto end = text.find(']');
-        const QString name = folded(text.substr(1, end == std::string_view::npos ? end : end - 1));
+        const QString name = folded(text.substr(1, end == kNowhere ? end : end - 1));
         m_sections.emplace_back();
+        m_sections.back().name = name;
         if (!m_names.contains(name)) m_names.insert(name, static_cast<qsizetype>(m_sections.size()) - 1);
     }
     Section& section = m_sections.back();
     Line line{QByteArray(raw.data(), static_cast<qsizetype>(raw.size())), {}};
-    const auto equals = text.find('=');
-    if (!text.empty() && text.front() != ';' && text.front() != '[' && equals != std::string_view::npos) {
-        line.value = fromCodePage(unquoted(trimmed(text.substr(equals + 1))));
-        const QString key = folded(text.substr(0, equals));
+    if (holdsKey(text)) {
+        const QString key = keyOf(text);
+        line.value = valueOf(text, key);
         if (!section.keys.contains(key))
             section.keys.insert(key, static_cast<qsizetype>(section.lines.size()));
     }
@@ -95,20 +143,26 @@ IniFile IniFile::parse(std::string_view bytes) {
 
 IniFile IniFile::load(const QString& path) {
     const auto bytes = readWhole(path);
-    if (bytes) return parse({bytes->constData(), static_cast<std::size_t>(bytes->size())});
+    if (bytes) return parse(viewOf(*bytes));
     IniFile unread;
     unread.m_whole = false;
     return unread;
 }
 
+const IniFile::Section* IniFile::findSection(const QString& name) const {
+    const auto found = m_names.constFind(foldedName(name));
+    return found == m_names.constEnd() ? nullptr : &m_sections[static_cast<std::size_t>(*found)];
+}
+
 QString IniFile::value(const QString& section, const QString& key, const QString& fallback,
                        int buffer) const {
     QString found = fallback;
-    const auto index = m_names.constFind(section.trimmed().toLower());
-    if (index != m_names.constEnd()) {
-        const Section& lines = m_sections[static_cast<std::size_t>(*index)];
-        const auto line = lines.keys.constFind(key.trimmed().toLower());
-        if (line != lines.keys.constEnd()) found = lines.lines[static_cast<std::size_t>(*line)].value;
+    const QString name = foldedName(key);
+    const Section* where = findSection(section);
+    const qsizetype index = where ? where->find(name) : -1;
+    if (index >= 0) {
+        const Line& line = where->lines[static_cast<std::size_t>(index)];
+        found = name.contains(u'=') ? valueOf(trimmed(viewOf(line.raw)), name) : line.value;
     }
     found.truncate(qMax(0, buffer - 1));
     const qsizetype nul = found.indexOf(QChar(u'\0'));
@@ -117,9 +171,8 @@ QString IniFile::value(const QString& section, const QString& key, const QString
 }
 
 QStringList IniFile::keys(const QString& section) const {
-    const auto index = m_names.constFind(section.trimmed().toLower());
-    if (index == m_names.constEnd()) return {};
-    return m_sections[static_cast<std::size_t>(*index)].keys.keys();
+    const Section* where = findSection(section);
+    return where ? QStringList(where->keys.keys()) : QStringList();
 }
 
 qsizetype IniFile::keyCount() const {
@@ -129,32 +182,55 @@ qsizetype IniFile::keyCount() const {
 }
 
 IniFile::Section& IniFile::sectionFor(const QString& name) {
-    const QString key = name.trimmed().toLower();
+    const QString key = foldedName(name);
     const auto found = m_names.constFind(key);
     if (found != m_names.constEnd()) return m_sections[static_cast<std::size_t>(*found)];
     m_names.insert(key, static_cast<qsizetype>(m_sections.size()));
     m_sections.emplace_back();
+    m_sections.back().name = key;
     m_sections.back().lines.push_back({"[" + toCodePage(oneLine(name)) + "]", {}});
     return m_sections.back();
 }
 
 void IniFile::setValue(const QString& section, const QString& key, const QString& value) {
+    const QString name = foldedName(key);
+    if (name.isEmpty() || name.startsWith(u'[') || name.startsWith(u';')) return;
     Section& target = sectionFor(section);
-    const QString text = oneLine(value);
-    Line line{toCodePage(oneLine(key)) + "=" + asWritten(text), text};
-    const QString foldedKey = key.trimmed().toLower();
-    const auto found = target.keys.constFind(foldedKey);
-    if (found != target.keys.constEnd()) {
-        target.lines[static_cast<std::size_t>(*found)] = std::move(line);
+    const QByteArray written = toCodePage(oneLine(key)) + "=" + asWritten(oneLine(value));
+    const Line line{written, valueOf(viewOf(written), {})};
+    const qsizetype found = target.find(name);
+    if (found >= 0) {
+        target.lines[static_cast<std::size_t>(found)] = line;
         return;
     }
     // Behind the section's last line that says something, so that blank lines go on parting the sections.
     auto at = target.lines.end();
-    while (at != target.lines.begin() &&
-           trimmed({(at - 1)->raw.constData(), static_cast<std::size_t>((at - 1)->raw.size())}).empty())
-        --at;
-    target.keys.insert(foldedKey, at - target.lines.begin());
-    target.lines.insert(at, std::move(line));
+    while (at != target.lines.begin() && trimmed(viewOf((at - 1)->raw)).empty()) --at;
+    const QString first = keyOf(viewOf(written));
+    if (!target.keys.contains(first)) target.keys.insert(first, at - target.lines.begin());
+    target.lines.insert(at, line);
+}
+
+void IniFile::removeKey(const QString& section, const QString& key) {
+    const QString name = foldedName(key);
+    const auto inside = name.count(u'=');
+    for (Section& from : m_sections) {
+        if (from.name != foldedName(section)) continue;
+        const auto gone = std::erase_if(from.lines, [&](const Line& line) {
+            const std::string_view text = trimmed(viewOf(line.raw));
+            return holdsKey(text) && keyOf(text, inside) == name;
+        });
+        if (gone > 0) from.index();
+    }
+}
+
+void IniFile::removeSection(const QString& section) {
+    const QString name = foldedName(section);
+    if (name.isEmpty()) return;
+    for (Section& from : m_sections) {
+        if (from.name == name) from = {};
+    }
+    m_names.remove(name);
 }
 
 QByteArray IniFile::toBytes() const {

@@ -32,8 +32,14 @@ public:
     QString value(const QString& section, const QString& key, const QString& fallback, int buffer) const;
 
     /// Sets a key, in the section of that name or in a new one at the end. A line end inside the value is
-    /// written as a blank, so that no value can forge a section.
+    /// written as a blank, so that no value can forge a section. A key may hold "=" and is found again under
+    /// that name; one that is empty or begins with "[" or ";" could not be, and is not written.
     void setValue(const QString& section, const QString& key, const QString& value);
+
+    /// Takes a key out of all sections of that name, or all sections of that name out; what is not there
+    /// need not be.
+    void removeKey(const QString& section, const QString& key);
+    void removeSection(const QString& section);
 
     /// The keys of a section in lower case, in no order; none where there is no such section.
     QStringList keys(const QString& section) const;
@@ -53,10 +59,16 @@ private:
         QString value; ///< of a key's line
     };
     struct Section {
-        std::vector<Line> lines; ///< the head itself first, but for what stands before the first head
-        QHash<QString, qsizetype> keys;
+        QString name;                   ///< in lower case; none for what stands before the first head
+        std::vector<Line> lines;        ///< the head itself first, but for what stands before the first head
+        QHash<QString, qsizetype> keys; ///< up to the first "=" of each line
+
+        void index();
+        /// The number of a key's line, -1 where there is none.
+        qsizetype find(const QString& key) const;
     };
 
+    const Section* findSection(const QString& name) const;
     Section& sectionFor(const QString& name);
     void appendLine(std::string_view raw);
 

@@ -73,6 +73,42 @@ TEST(IniFile, WhatIsWrittenIsReadAgain) {
     EXPECT_EQ(IniFile::parse(file.toBytes().toStdString()).value("T", "forged", "no", 200), "no");
 }
 
+TEST(IniFile, KeysMayHoldEqualsSigns) {
+    IniFile file = IniFile::parse("[A]\na=1=x\na = b = c = 2\n");
+    EXPECT_EQ(file.value("A", "a", "none", 200), "1=x");
+    EXPECT_EQ(file.value("A", "A=1", "none", 200), "x");
+    EXPECT_EQ(file.value("A", "a = b = c", "none", 200), "2");
+    EXPECT_EQ(file.value("A", "a=b", "none", 200), "c = 2");
+    EXPECT_EQ(file.value("A", "a=c", "none", 200), "none");
+    file.setValue("A", "a=1", "y");
+    file.setValue("A", "x=y", "\"q\"");
+    EXPECT_EQ(file.toBytes(), "[A]\r\na=1=y\r\na = b = c = 2\r\nx=y=\"\"q\"\"\r\n");
+    EXPECT_EQ(file.value("A", "x=y", "none", 200), "\"q\"");
+    file.removeKey("A", "a=1");
+    EXPECT_EQ(file.value("A", "a", "none", 200), "b = c = 2");
+    for (const char* unreadable : {"", " ", "[A]", ";k"}) file.setValue("A", QLatin1String(unreadable), "1");
+    EXPECT_EQ(file.toBytes(), "[A]\r\na = b = c = 2\r\nx=y=\"\"q\"\"\r\n");
+}
+
+TEST(IniFile, TakesKeysAndSectionsOut) {
+    IniFile file = IniFile::parse("k=0\n[A]\n;k=1\nK=1\nl=2\nk=3\n\n[B]\nk=4\n[a]\nk=5\nm=6\n");
+    file.removeKey("a", "k");
+    file.removeKey("a", "absent");
+    file.removeKey("absent", "k");
+    EXPECT_EQ(file.value("A", "k", "none", 200), "none");
+    EXPECT_EQ(file.value("A", "l", "none", 200), "2");
+    EXPECT_EQ(file.toBytes(), "k=0\r\n[A]\r\n;k=1\r\nl=2\r\n\r\n[B]\r\nk=4\r\n[a]\r\nm=6\r\n");
+    file.removeSection("A");
+    file.removeSection("absent");
+    file.removeSection("");
+    EXPECT_EQ(file.toBytes(), "k=0\r\n[B]\r\nk=4\r\n");
+    EXPECT_EQ(file.value("A", "m", "none", 200), "none");
+    EXPECT_EQ(file.keyCount(), 1);
+    file.setValue("A", "n", "7");
+    EXPECT_EQ(file.keys("a"), QStringList("n"));
+    EXPECT_EQ(file.toBytes(), "k=0\r\n[B]\r\nk=4\r\n[A]\r\nn=7\r\n");
+}
+
 TEST(IniFile, FileIsReplacedAsAWhole) {
     QTemporaryDir dir;
     const QString path = dir.filePath("a.cfg");
