@@ -1,38 +1,23 @@
-// The palette of instrument types: a tree of types and the icons of the type that is chosen. In: clicks in
-// the tree. Out: what stands in the two views; each entry keeps its key.
+// The palette of instrument types: a tree of types with their custom entries, and the icons of the type that
+// is chosen. In: clicks and keys, the library's file, bitmaps. Out: what stands in the two views; each entry
+// keeps its key. The file changes with the entries.
 #pragma once
 
-#include "instruments/InstrumentKinds.h"
+#include "dashboard/PaletteEntries.h"
 
+#include <QHash>
+#include <QIcon>
 #include <QObject>
 
+#include <vector>
+
+class QAbstractItemView;
 class QListWidget;
 class QListWidgetItem;
 class QTreeWidget;
 class QTreeWidgetItem;
 
 namespace vistor {
-
-struct PaletteEntry {
-    Kind kind;
-    const char* key; ///< its first letter orders the palette and tells the type
-    const char* text;
-    const char* iconFile; ///< in the folder of bitmaps
-    bool inTree;          ///< the odometer comes from the menus alone
-};
-
-/// In the order of the kinds.
-inline constexpr PaletteEntry kPaletteEntries[] = {
-    {Kind::AngularGauge, "aAGAUGE", "Angular gauge", "agauge.bmp", true},
-    {Kind::Alphanumeric, "bALPHANUME", "Alphanumeric", "alphanume.bmp", true},
-    {Kind::Led, "cLED", "LED", "led.bmp", true},
-    {Kind::LinearGauge, "dLGAUGE", "Linear gauge", "lgauge.bmp", true},
-    {Kind::Odometer, "eODO", "Odometer", "odo.bmp", false},
-    {Kind::PercentageBar, "fPCTBAR", "Percentage bar", "pctbar.bmp", true},
-    {Kind::TimeGraph, "gSTRIP", "Scrolling time graph", "strip.bmp", true},
-    {Kind::XYGraph, "iXYGRAPH", "XY graph", "xygraph.bmp", true},
-    {Kind::TextTag, "hTEXTTAG", "Text tag", "texttag.bmp", true},
-};
 
 /// The role under which an item keeps its key.
 inline constexpr int kPaletteKeyRole = Qt::UserRole;
@@ -44,18 +29,36 @@ public:
     /// Sets both views up; they stay empty until FillPalette.
     Palette(QTreeWidget* trvControl, QListWidget* lvControl);
 
-    /// Fills the tree and chooses its first type.
+    /// Fills the tree with the types and the library's entries, and chooses its first type.
     void FillPalette();
     /// Rebuilds the list for SelectedCategory.
     void RefreshPaletteList();
 
+    /// Adds an entry to the tree, shows it and makes it SelectedNode. False where its key is in use or its
+    /// type has no place in the tree; then nothing changes.
+    bool addNode(Kind kind, const QString& key);
+    void removeNode(const QString& key);
+
     QTreeWidgetItem* SelectedCategory = nullptr;
+    QTreeWidgetItem* SelectedNode = nullptr;
+
+    QHash<QString, QIcon> IconImage; ///< the list's pictures; those that cannot be loaded are left out
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void choose(QTreeWidgetItem* item);
+    void addRoots();
+    bool addChild(QTreeWidgetItem* parent, const QString& key);
+    void addListItem(const QString& key, const QString& text, const QString& bitmap, const QString& image);
+    void deleteOnKey(QAbstractItemView* view);
+    void deleteEntry(const QString& key);
 
     QTreeWidget* m_tree;
     QListWidget* m_list;
+    std::vector<QTreeWidgetItem*> m_nodes; ///< in the order of adding
+    QHash<QString, QTreeWidgetItem*> m_keys;
 };
 
 } // namespace vistor

@@ -59,6 +59,8 @@ constexpr Outline kOutlines[] = {
      R"svg(<path d="M3 3v18h18" fill="none"/><ellipse cx="12.5" cy="11.5" rx="6.5" ry="4" transform="rotate(-35 12.5 11.5)" stroke="%2"/>)svg"},
     {"hTEXTTAG",
      R"(<rect x="2.5" y="5" width="19" height="14" rx="1" fill="%3"/><path d="M8 9h8M12 9v7" stroke="%2"/>)"},
+    {"custom",
+     R"(<rect x="4" y="4" width="16" height="16" rx="2" fill="%3"/><path d="M12 7l1.5 3.3 3.5.4-2.6 2.4.7 3.5-3.1-1.8-3.1 1.8.7-3.5L7 10.7l3.5-.4z" stroke="%2"/>)"},
     // The lines of the variable tree.
     {"N", R"(<path d="M4 17a8.5 8.5 0 1 1 16 0" fill="%3"/><path d="M12 14l4-5" stroke="%2"/>)"},
     {"I",

@@ -48,17 +48,6 @@ std::optional<double> sizeOf(const IniFile& file, const char* key, const char* f
     return text.isEmpty() ? std::nullopt : std::optional(boundedNumber(text));
 }
 
-/// The keys of a section that are the numbers 1 to `count`, ascending: what trying each of them would find.
-std::vector<int> numberedKeys(const IniFile& file, const QString& section, int count) {
-    std::vector<int> numbers;
-    for (const QString& key : file.keys(section)) {
-        const int read = key.toInt();
-        if (read >= 1 && read <= count && QString::number(read) == key) numbers.push_back(read);
-    }
-    std::sort(numbers.begin(), numbers.end());
-    return numbers;
-}
-
 QStringList readCaptions(const IniFile& file) {
     const int declared =
         wholeNumber(file.value(kTabsSection, QStringLiteral("PIC"), QStringLiteral("1"), kNumberBuffer));
@@ -87,7 +76,7 @@ public:
 private:
     void readPage(Kind kind, int tab, int count) {
         const QString page = pageSection(kind, tab);
-        for (const int key : numberedKeys(m_file, page, count)) {
+        for (const int key : m_file.numberedKeys(page, 1, count)) {
             const QString section = m_file.value(page, QString::number(key), QString(), kNameBuffer);
             if (section.isEmpty() || m_found.size() >= kMostInstruments) continue;
             m_found.push_back({kind,

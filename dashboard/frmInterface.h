@@ -40,6 +40,8 @@ public:
     float PopupY = 0;
     bool HasProfilePath = false;
     QString ProfilePath;
+    float SavedLeft = 0; ///< twips; of an instrument while its picture is taken for the library
+    float SavedTop = 0;
     std::int32_t CurBackColour = 0; ///< handed to every page and instrument
     std::int32_t CurLabelColour = 0;
     std::int16_t CurrentTab = 0; ///< follows the tab control's click
@@ -74,6 +76,9 @@ public:
     void initGrid(std::int16_t size, std::uint8_t show, std::uint8_t snap);
     void DrawGrid();
     void ClearGrid();
+
+    /// Makes the bitmaps of the palette anew, all of them, and shows them.
+    void GenerateIcons();
 
     void RebuildSubscriptions();
     /// Hands a variable's new value to the instruments of the page in front. Only the tick calls it.
@@ -143,6 +148,11 @@ private:
     void pic_MouseDown(Page* page, const QPoint& place);
 
     static QFont treeFont(); ///< of the variable tree and the palette
+    void connectLibrary(Instrument* added);
+    void beginSnapshot(Instrument& instrument);
+    void endSnapshot(Instrument& instrument);
+    void defineCustom(const Instrument& instrument, const QString& fileName);
+
     void makeVariablePane();
     void placeVariablePane();
     void editLine(const QString& key);

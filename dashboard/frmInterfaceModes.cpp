@@ -102,6 +102,7 @@ Instrument* frmInterface::newInstrument(Kind kind, Page* page) {
     connect(added, &Instrument::layoutChanged, this, &frmInterface::UserControlChanged);
     connect(added, &Instrument::menuWanted, this,
             [this, added](const QPoint& place) { Q_EMIT instrumentMenuWanted(added, place); });
+    connectLibrary(added);
     return added;
 }
 

@@ -159,11 +159,8 @@ void Instrument::mnuDefineCustom_Click() {
 }
 
 void Instrument::saveSnapshot(const QString& fileName) {
-    const auto pixels = [](int size) { return qRound(double(size) / kTwipsPerPixel); };
-    const QRect inside(pixels(kFrameTwips), pixels(kFrameTwips), pixels(widthTwips() - 2 * kFrameTwips),
-                       pixels(heightTwips() - 2 * kFrameTwips));
     const QString folder = bitmapFolder(WorkingFolder);
-    if (!folder.isEmpty()) snapshotOf(*this, inside).save(folder + fileName, "BMP");
+    if (!folder.isEmpty()) snapshotInside(*this).save(folder + fileName, "BMP");
 }
 
 void Instrument::mnuVariables_Click() {}

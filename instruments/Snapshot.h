@@ -10,10 +10,16 @@ class QWidget;
 
 namespace vistor {
 
+class Instrument;
+
 inline constexpr int kSnapshotPixels = 203; ///< each way, frame included
 
-/// Two-digit year, day of the year, hours, minutes and seconds, and ".bmp".
-QString snapshotName(const QDateTime& time);
+/// Two-digit year, day of the year, hours, minutes and seconds, a library entry's number where there is one,
+/// and ".bmp".
+QString snapshotName(const QDateTime& time, int number = 0);
+
+/// The inside of an instrument's frame, as it is sized now.
+QImage snapshotInside(Instrument& instrument);
 
 /// A rectangle of a widget with its children, one pixel of the picture for each logical pixel.
 QImage snapshotOf(QWidget& widget, const QRect& part);

@@ -175,6 +175,17 @@ QStringList IniFile::keys(const QString& section) const {
     return where ? QStringList(where->keys.keys()) : QStringList();
 }
 
+std::vector<int> IniFile::numberedKeys(const QString& section, int lowest, int highest) const {
+    std::vector<int> numbers;
+    for (const QString& key : keys(section)) {
+        const int number = key.toInt();
+        if (number >= lowest && number <= highest && QString::number(number) == key)
+            numbers.push_back(number);
+    }
+    std::sort(numbers.begin(), numbers.end());
+    return numbers;
+}
+
 qsizetype IniFile::keyCount() const {
     qsizetype count = 0;
     for (const qsizetype index : m_names) count += m_sections[static_cast<std::size_t>(index)].keys.size();

@@ -43,6 +43,8 @@ public:
 
     /// The keys of a section in lower case, in no order; none where there is no such section.
     QStringList keys(const QString& section) const;
+    /// Those of them that are whole numbers within two limits, ascending: what trying each would find.
+    std::vector<int> numberedKeys(const QString& section, int lowest, int highest) const;
     /// How many keys there are in all sections that can be found.
     qsizetype keyCount() const;
 

@@ -78,7 +78,7 @@ TEST(IniFile, KeysMayHoldEqualsSigns) {
     EXPECT_EQ(file.value("A", "a", "none", 200), "1=x");
     EXPECT_EQ(file.value("A", "A=1", "none", 200), "x");
     EXPECT_EQ(file.value("A", "a = b = c", "none", 200), "2");
-    EXPECT_EQ(file.value("A", "a=b", "none", 200), "c = 2");
+    EXPECT_EQ(file.value("A", "a = b", "none", 200), "c = 2");
     EXPECT_EQ(file.value("A", "a=c", "none", 200), "none");
     file.setValue("A", "a=1", "y");
     file.setValue("A", "x=y", "\"q\"");

@@ -1,0 +1,98 @@
+// The custom library: instruments become entries of it, and entries and kinds get their bitmaps.
+#include "dashboard/CustomLibrary.h"
+#include "dashboard/Hourglass.h"
+#include "dashboard/Palette.h"
+#include "dashboard/Thumbnails.h"
+#include "dashboard/Twips.h"
+#include "dashboard/frmInitControls.h"
+#include "dashboard/frmInterface.h"
+#include "instruments/Instrument.h"
+#include "platform/IniFile.h"
+#include "platform/Prompts.h"
+#include "variables/GlobalVarsAndTypes.h"
+
+namespace vistor {
+namespace {
+
+bool addToLibrary(const Instrument& instrument, const QString& key, const QString& fileName) {
+    QStringList mem;
+    const int highest = instrument.Serialise(mem);
+    IniFile library = IniFile::load(LibraryPath);
+    addCustomEntry(library, instrument.kind(), key, mem, highest, fileName);
+    return saveLibrary(library);
+}
+
+struct MadeThumbnail {
+    Kind kind = Kind::AngularGauge;
+    CustomEntry entry;
+    QString name;
+};
+
+/// The library is read again: another window of the program may have changed it meanwhile. One that cannot
+/// be written keeps its old names, and says nothing about it at every start.
+void keepThumbnails(const std::vector<MadeThumbnail>& made) {
+    if (made.empty()) return;
+    IniFile library = IniFile::load(LibraryPath);
+    for (const MadeThumbnail& thumbnail : made) {
+        if (customNumber(library, thumbnail.kind, thumbnail.entry.key) == thumbnail.entry.number)
+            setCustomThumbnail(library, thumbnail.kind, thumbnail.entry.number, thumbnail.name);
+    }
+    library.save(LibraryPath);
+}
+
+} // namespace
+
+void frmInterface::connectLibrary(Instrument* added) {
+    connect(added, &Instrument::SnapshotBegin, this, [this, added] { beginSnapshot(*added); });
+    connect(added, &Instrument::SnapshotEnd, this, [this, added] { endSnapshot(*added); });
+    connect(added, &Instrument::CustomDefined, this,
+            [this, added](const QString& fileName) { defineCustom(*added, fileName); });
+}
+
+void frmInterface::beginSnapshot(Instrument& instrument) {
+    SavedLeft = toTwips(instrument.x());
+    SavedTop = toTwips(instrument.y());
+    instrument.move(0, 0);
+    instrument.raise();
+}
+
+void frmInterface::endSnapshot(Instrument& instrument) {
+    instrument.move(toPixels(SavedLeft), toPixels(SavedTop));
+}
+
+void frmInterface::defineCustom(const Instrument& instrument, const QString& fileName) {
+    const auto name = InputBox(QStringLiteral("Enter configuration name"));
+    const QString key = customKey(instrument.kind(), name.value_or(QString()));
+    if (key.isEmpty()) return deleteThumbnail(fileName);
+    if (!m_palette->addNode(instrument.kind(), key)) {
+        deleteThumbnail(fileName);
+        MsgBox(QStringLiteral("Configuration name already exists"), Icon::Stop);
+        return;
+    }
+    if (!addToLibrary(instrument, key, fileName)) {
+        m_palette->removeNode(key);
+        deleteThumbnail(fileName);
+    }
+    m_palette->RefreshPaletteList();
+}
+
+void frmInterface::GenerateIcons() {
+    const Hourglass hourglass;
+    frmInitControls window;
+    window.show();
+    std::vector<MadeThumbnail> made;
+    const IniFile library = IniFile::load(LibraryPath);
+    for (const PaletteEntry& plain : kPaletteEntries) {
+        QString result;
+        window.GenerateIcon(plain.kind, 0, {}, QLatin1String(plain.iconFile), result);
+        for (const CustomEntry& entry : customEntries(library, plain.kind)) {
+            window.GenerateIcon(plain.kind, entry.number, customList(library, plain.kind, entry.number), {},
+                                result);
+            made.push_back({plain.kind, entry, result});
+        }
+    }
+    keepThumbnails(made);
+    m_palette->RefreshPaletteList();
+}
+
+} // namespace vistor
