@@ -59,6 +59,10 @@ constexpr Outline kOutlines[] = {
      R"svg(<path d="M3 3v18h18" fill="none"/><ellipse cx="12.5" cy="11.5" rx="6.5" ry="4" transform="rotate(-35 12.5 11.5)" stroke="%2"/>)svg"},
     {"hTEXTTAG",
      R"(<rect x="2.5" y="5" width="19" height="14" rx="1" fill="%3"/><path d="M8 9h8M12 9v7" stroke="%2"/>)"},
+    {"back", R"(<path d="M20 12H5M11 6l-6 6 6 6" stroke="%2" stroke-width="2"/>)"},
+    {"forward", R"(<path d="M4 12h15M13 6l6 6-6 6" stroke="%2" stroke-width="2"/>)"},
+    {"contents",
+     R"(<path d="M12 6C9 4 6 4 3 5v14c3-1 6-1 9 1 3-2 6-2 9-1V5c-3-1-6-1-9 1z" fill="%3"/><path d="M12 6v14" stroke="%2"/>)"},
     {"custom",
      R"(<rect x="4" y="4" width="16" height="16" rx="2" fill="%3"/><path d="M12 7l1.5 3.3 3.5.4-2.6 2.4.7 3.5-3.1-1.8-3.1 1.8.7-3.5L7 10.7l3.5-.4z" stroke="%2"/>)"},
     // The lines of the variable tree.

@@ -122,6 +122,8 @@ Q_SIGNALS:
     /// A menu, menu entry or toolbar button of the main window is to be enabled or disabled.
     void commandEnabled(const QString& name, bool enabled);
     void buttonEnabled(int number, bool enabled);
+    /// A toolbar button stands for this menu entry of the main window.
+    void commandWanted(const QString& name);
     /// A pop-up menu of the main window is wanted at a place of the screen.
     void menuWanted(const QString& menu, const QPoint& place);
     void instrumentMenuWanted(Instrument* instrument, const QPoint& place);

@@ -173,6 +173,8 @@ void frmInterface::Toolbar_ButtonClick(int button) {
         return TagsOn(1);
     case 15:
         return TagsOn(0);
+    case 17:
+        return commandWanted(QStringLiteral("mnuVXHelp"));
     default:
         return; // separators, buttons without an action, and those whose command does not stand yet
     }

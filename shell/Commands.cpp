@@ -21,7 +21,8 @@ void onMain(frmMain& window) {
 constexpr MenuHead kMenus[] = {
     {"mnuFile", "&File", ""},      {"mnuView", "&View", ""},
     {"mnuWindow", "Window", ""},   {"mnuTabControl", "Tab Management", "mnuWindow"},
-    {"mnuDropDown2", "", nullptr}, {"mnuDropDown3", "", nullptr},
+    {"mnuHelp", "Help", ""},       {"mnuDropDown2", "", nullptr},
+    {"mnuDropDown3", "", nullptr},
 };
 
 constexpr MenuEntry kEntries[] = {
@@ -59,6 +60,12 @@ constexpr MenuEntry kEntries[] = {
     {"mnuTabControl", "mnuCloseLastTab", "Close &Last Tab", nullptr, onMain<&frmMain::mnuCloseLastTab_Click>},
     {"mnuTabControl", "mnuCloseAllTabs", "Cl&ose All Tabs", nullptr, onMain<&frmMain::mnuCloseAllTabs_Click>},
 
+    {"mnuHelp", "mnuVXHelp", "&Help Index", "help", onMain<&frmMain::mnuVXHelp_Click>},
+    {"mnuHelp", "mnuHelpContents", "Help Contents", "contents", onMain<&frmMain::mnuHelpContents_Click>,
+     "F1"},
+    {"mnuHelp", nullptr, nullptr, nullptr, nullptr},
+    {"mnuHelp", "mnuAbout", "&About Us", "mark", onMain<&frmMain::mnuAbout_Click>},
+
     {"mnuDropDown2", "mnuNewPane", "&Insert New Tab", "newtab", onDashboard<&frmInterface::mnuNewPane_Click>},
     {"mnuDropDown2", "mnuRename", "&Rename", "rename", onDashboard<&frmInterface::mnuRename_Click>},
     {"mnuDropDown2", "mnuClearPane", "&Clear Tab", "cleartab",
@@ -82,7 +89,7 @@ constexpr ToolButton kButtons[] = {
     {12, "cleartab", "Clear the current tab", true},
     {14, "labelson", "Labels on", true},
     {15, "labelsoff", "Labels off", true},
-    {17, "help", "Help index", false},
+    {17, "help", "Help index", true},
     {18, "mark", "Vistor - Version " VISTOR_VERSION, true},
 };
 

@@ -11,8 +11,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 
-#include <cstdio>
 
 namespace vistor {
 namespace {
@@ -42,13 +42,11 @@ QString carFile() {
 bool copyDefinitions(const QString& from, const QString& target) {
     if (!FileExists(QString(from))) return false;
     if (QFileInfo(from).canonicalFilePath() == QFileInfo(target).canonicalFilePath()) return true;
-    QFile copied(target + QStringLiteral(".new")); // what is there goes when the copy stands
-    copied.remove();
-    if (QFile::copy(from, copied.fileName())) {
-        copied.setPermissions(copied.permissions() | QFile::ReadOwner | QFile::WriteOwner);
-        // One step: the operation of the system replaces what is there.
-        if (std::rename(QFile::encodeName(copied.fileName()), QFile::encodeName(target)) != 0)
-            copied.remove();
+    QFile source(from);
+    QSaveFile copied(target); // takes the old file's place in one step, also beside another start
+    if (source.open(QIODevice::ReadOnly) && copied.open(QIODevice::WriteOnly)) {
+        const bool whole = copied.write(source.readAll()) == source.size();
+        if (whole) copied.commit();
     }
     return true;
 }

@@ -10,6 +10,8 @@
 #include "platform/Folders.h"
 #include "platform/Prompts.h"
 #include "shell/Startup.h"
+#include "shell/frmHelp.h"
+#include "shell/frmStartSplash.h"
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QCloseEvent>
@@ -56,6 +58,8 @@ void frmMain::connectDashboard() {
                                         Qt::WindowMinMaxButtonsHint);
     connect(m_dashboard, &frmInterface::commandEnabled, this, &frmMain::setCommandEnabled);
     connect(m_dashboard, &frmInterface::buttonEnabled, this, &frmMain::setButtonEnabled);
+    connect(m_dashboard, &frmInterface::commandWanted, this,
+            [this](const QString& name) { command(name)->trigger(); });
     connect(m_dashboard, &frmInterface::menuWanted, this, &frmMain::openMenu);
     connect(m_dashboard, &frmInterface::instrumentMenuWanted, this, &frmMain::openInstrumentMenu);
     connect(m_dashboard, &frmInterface::timerWanted, this, &frmMain::setTimer);
@@ -74,11 +78,18 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     loadDefinitions();
     readIgnitionPulses();
     readDecimalSeparator();
+    frmStartSplash splash;
+    m_helpFolder = deliveredFolder() + QStringLiteral("help/");
+    splash.show();
+    splash.raise();
     DoEvents();
     showDashboard();
     const QString last = lastLayout();
     setTimer(kTickMilliseconds);
     deleteScratchBitmaps();
+    splash.close();
+    pumpEvents();
+    m_dashboard->GenerateIcons();
     show();
     pumpEvents();
     const QString wanted = profile.isEmpty() ? offerLayout(last) : profile;
@@ -151,6 +162,23 @@ void frmMain::mnuCloseLastTab_Click() {
 
 void frmMain::mnuCloseAllTabs_Click() {
     if (isYes("Do you want to close all tab(s) ?")) m_dashboard->mnuCloseAllTabs_Click();
+}
+
+void frmMain::openHelp(HelpCommand command) {
+    if (!m_help) m_help = new frmHelp(this);
+    m_help->open(m_helpFolder, command);
+}
+
+void frmMain::mnuVXHelp_Click() {
+    openHelp(HelpCommand::Index);
+}
+
+void frmMain::mnuHelpContents_Click() {
+    openHelp(HelpCommand::Contents);
+}
+
+void frmMain::mnuAbout_Click() {
+    frmStartSplash(this).exec();
 }
 
 void frmMain::mnuTag_C_Click() {

@@ -14,6 +14,8 @@ class QMenu;
 
 namespace vistor {
 
+class frmHelp;
+enum class HelpCommand;
 class frmInterface;
 class Instrument;
 
@@ -45,6 +47,9 @@ public:
     void mnuLoadVarInfo_Click();
     void mnuSaveVarInfo_Click();
     void mnuRestoreDefaultVar_Click();
+    void mnuVXHelp_Click();
+    void mnuHelpContents_Click();
+    void mnuAbout_Click();
     void mnuTag_C_Click();
     void mnuProperties_C_Click();
 
@@ -60,6 +65,7 @@ private:
     void showDashboard();
     bool shutDown();
 
+    void openHelp(HelpCommand command);
     void setCommandEnabled(const QString& name, bool enabled);
     void setButtonEnabled(int number, bool enabled);
     void openMenu(const QString& name, const QPoint& place);
@@ -69,6 +75,8 @@ private:
     void renewStatus();
 
     frmInterface* m_dashboard;
+    frmHelp* m_help = nullptr; ///< made when it is first asked for
+    QString m_helpFolder;
     AcquisitionTick m_tick;
     RefreshFunction m_refresh;
     QHash<QString, QAction*> m_commands;

@@ -95,18 +95,29 @@ TEST_F(FrmMainTest, MenusStandInOrderWithoutDeadEntries) {
         heads += action->objectName() + u'=' + action->text();
         walk(action->menu());
     }
-    EXPECT_EQ(heads, QStringList({"mnuFile=&File", "mnuView=&View", "mnuWindow=Window"}));
-    EXPECT_EQ(
-        entries,
-        QStringList({"mnuNew=&New", "mnuLoadConfig=&Load Profile", "mnuSaveConfig=&Save profile",
-                     "mnuSaveAs=Save Profile &As", "mnuLoadVarInfo=Load &Variable Information",
-                     "mnuSaveVarInfo=Save Variable &Information",
-                     "mnuRestoreDefaultVar=&Restore Default Variable Information", "mnuPlayMode=&Play Mode",
-                     "mnuEditMode=&Edit Mode", "mnuSelectDataSource=Set Data Source", "mnuExit=E&xit",
-                     "mnuTagsOn=Labels O&n", "mnuTagsOff=Labels O&ff", "mnuTabControl=Tab Management",
-                     "mnuNewTab=&Insert New Tab", "mnuClearCurrentTab=&Clear Current Tab",
-                     "mnuClearAllTabs=Clear All &Tabs", "mnuCloseLastTab=Close &Last Tab",
-                     "mnuCloseAllTabs=Cl&ose All Tabs"}));
+    EXPECT_EQ(heads, QStringList({"mnuFile=&File", "mnuView=&View", "mnuWindow=Window", "mnuHelp=Help"}));
+    EXPECT_EQ(entries, QStringList({"mnuNew=&New",
+                                    "mnuLoadConfig=&Load Profile",
+                                    "mnuSaveConfig=&Save profile",
+                                    "mnuSaveAs=Save Profile &As",
+                                    "mnuLoadVarInfo=Load &Variable Information",
+                                    "mnuSaveVarInfo=Save Variable &Information",
+                                    "mnuRestoreDefaultVar=&Restore Default Variable Information",
+                                    "mnuPlayMode=&Play Mode",
+                                    "mnuEditMode=&Edit Mode",
+                                    "mnuSelectDataSource=Set Data Source",
+                                    "mnuExit=E&xit",
+                                    "mnuTagsOn=Labels O&n",
+                                    "mnuTagsOff=Labels O&ff",
+                                    "mnuTabControl=Tab Management",
+                                    "mnuNewTab=&Insert New Tab",
+                                    "mnuClearCurrentTab=&Clear Current Tab",
+                                    "mnuClearAllTabs=Clear All &Tabs",
+                                    "mnuCloseLastTab=Close &Last Tab",
+                                    "mnuCloseAllTabs=Cl&ose All Tabs",
+                                    "mnuVXHelp=&Help Index",
+                                    "mnuHelpContents=Help Contents",
+                                    "mnuAbout=&About Us"}));
     EXPECT_TRUE(window.windowTitle().startsWith(QStringLiteral("Vistor - Version " VISTOR_VERSION)));
 }
 
@@ -121,7 +132,7 @@ TEST_F(FrmMainTest, CommandsFollowTheMode) {
         return numbers;
     };
     // 9 and 17 wait for their commands.
-    EXPECT_EQ(enabledButtons(), (QList<int>{2, 3, 4, 6, 10, 11, 12, 14, 15, 18}));
+    EXPECT_EQ(enabledButtons(), (QList<int>{2, 3, 4, 6, 10, 11, 12, 14, 15, 17, 18}));
     EXPECT_FALSE(command("mnuEditMode")->isEnabled());
     window.button(6)->trigger();
     EXPECT_TRUE(PlayMode);

@@ -1,10 +1,13 @@
 // The program as a person starts it: its own process, its own working folder, a recorded run.
 #include "acquisition/StreamEncoder.h"
+#include "dashboard/CustomLibrary.h"
+#include "platform/IniFile.h"
 #include "tests/shell/FreshAccount.h"
 
 #include <QHash>
 #include <QImage>
 #include <QProcess>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -13,18 +16,21 @@ namespace {
 
 class ProgramTest : public FreshAccount {
 protected:
-    /// Plays a run file onto a tab of the delivered demo and answers what its readouts held at the end.
-    QHash<QString, double> play(const QString& run, int tab, const char* seconds) {
-        QProcess program;
+    /// Starts the program on the folders of this account.
+    void begin(QProcess& program, const QStringList& arguments) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), root.filePath(QStringLiteral("person")));
         environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
         program.setProcessEnvironment(environment);
-        program.start(QStringLiteral(VISTOR_PROGRAM),
-                      {QStringLiteral(VISTOR_SOURCE_DIR "/OtherFiles/demo.vis"), QStringLiteral("--play"),
-                       QStringLiteral("--tab"), QString::number(tab), QStringLiteral("--source"),
-                       QStringLiteral("FIL,") + run, QStringLiteral("--exit-after"), QLatin1String(seconds),
-                       QStringLiteral("--screenshot"), picture()});
+        program.start(QStringLiteral(VISTOR_PROGRAM), arguments);
+    }
+    /// Plays a run file onto a tab of the delivered demo and answers what its readouts held at the end.
+    QHash<QString, double> play(const QString& run, int tab, const char* seconds) {
+        QProcess program;
+        begin(program, {QStringLiteral(VISTOR_SOURCE_DIR "/OtherFiles/demo.vis"), QStringLiteral("--play"),
+                        QStringLiteral("--tab"), QString::number(tab), QStringLiteral("--source"),
+                        QStringLiteral("FIL,") + run, QStringLiteral("--exit-after"), QLatin1String(seconds),
+                        QStringLiteral("--screenshot"), picture()});
         EXPECT_TRUE(program.waitForFinished(60000));
         EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
         EXPECT_EQ(program.exitCode(), 0) << program.readAllStandardError().toStdString();
@@ -73,6 +79,34 @@ TEST_F(ProgramTest, PlaysTheSimulatedCar) {
     EXPECT_LT(values.value(QStringLiteral("EngineSpeed")), 9500);
     EXPECT_NEAR(values.value(QStringLiteral("BatteryVoltage")), 13.8, 1);
     EXPECT_FALSE(values.contains(QStringLiteral("LapNumber"))) << "it stands on another tab";
+}
+
+/// Both find a working folder with nothing but a library, and both make what is missing there.
+TEST_F(ProgramTest, TwoStartsWithinASecondHarmNoFile) {
+    IniFile library;
+    for (const char* key : {"aone", "atwo", "athree"})
+        addCustomEntry(library, Kind::AngularGauge, QLatin1String(key), {"3000", "3000"}, 1, "old.bmp");
+    QDir(root.path()).mkpath(QStringLiteral("person/Kelvane"));
+    ASSERT_TRUE(library.save(working("VisControl.cfg")));
+    QProcess starts[2];
+    for (QProcess& start : starts) {
+        begin(start, {QStringLiteral("--exit-after"), QStringLiteral("1")});
+        QTest::qWait(100);
+    }
+    for (QProcess& start : starts) {
+        EXPECT_TRUE(start.waitForFinished(60000));
+        EXPECT_EQ(start.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(start.exitCode(), 0);
+    }
+    EXPECT_EQ(read(working("VistorVars.cfg")),
+              read(QStringLiteral(VISTOR_SOURCE_DIR "/OtherFiles/VistorVars.cfg")));
+    EXPECT_TRUE(read(working("vxvis.cfg")).contains("LASTFILE"));
+    EXPECT_TRUE(QFile::exists(working("Car.cfg")));
+    const IniFile kept = IniFile::load(working("VisControl.cfg"));
+    EXPECT_EQ(customEntries(kept, Kind::AngularGauge).size(), 3U);
+    EXPECT_EQ(customList(kept, Kind::AngularGauge, 3), QStringList({"3000", "3000"}));
+    EXPECT_EQ(QDir(root.filePath("person/Kelvane")).entryList(QDir::Files).size(), 4)
+        << "nothing is left over";
 }
 
 TEST_F(ProgramTest, AnUnusableSourceLeavesARunningProgram) {
