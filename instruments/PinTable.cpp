@@ -21,18 +21,32 @@ void writeColumn(const PinTable& pins, int column, int length, QStringList& list
         list << (row <= length ? pins.at(row, column) : QString());
 }
 
-/// Answers the position behind the part.
-qsizetype readColumn(PinTable& pins, int column, const QStringList& list, qsizetype first) {
-    if (first + 1 >= list.size()) return first;
-    const qsizetype left = list.size() - first - 2;
-    const int bound = static_cast<int>(std::min<qsizetype>(boundedNumber(list.at(first + 1)), left));
+/// The bound at the head of a part, as far as the list has items.
+int boundOf(const QStringList& list, qsizetype first) {
+    if (first + 1 >= list.size()) return 0;
+    return static_cast<int>(std::min<qsizetype>(boundedNumber(list.at(first + 1)), list.size() - first - 2));
+}
+
+/// The bound of a graph's two parts. They are equally long: where the second does not repeat the bound at its
+/// place, the length of the list tells it.
+int graphBound(const QStringList& list, qsizetype first) {
+    const int bound = boundOf(list, first);
+    const qsizetype second = first + 2 + bound;
+    const bool cutShort = second + 1 >= list.size() && second < list.size();
+    if (cutShort || list.value(second + 1) == list.value(first + 1)) return bound;
+    return static_cast<int>(std::clamp<qsizetype>((list.size() - first - 4) / 2, 0, PinTable::kMaximumBound));
+}
+
+/// Reads a part of `bound` names, or what the list has of it.
+void readColumn(PinTable& pins, int column, const QStringList& list, qsizetype first, int bound) {
+    if (first + 1 >= list.size()) return;
+    bound = static_cast<int>(std::min<qsizetype>(bound, list.size() - first - 2));
     pins.setCount(boundedNumber(list.at(first)), column);
     if (bound > pins.upperBound()) pins.resize(bound);
     for (int row = 1; row <= bound; ++row) {
         const QString& name = list.at(first + 1 + row);
         if (name != QLatin1String("0")) pins.set(row, name, column); // old files have "0" for an empty place
     }
-    return first + 2 + bound;
 }
 
 QString columnCaption(const PinTable& pins, int column) {
@@ -110,8 +124,9 @@ int writePins(const PinTable& pins, PinForm form, QStringList& list) {
 PinTable readPins(PinForm form, const QStringList& list, qsizetype first) {
     PinTable pins(form == PinForm::Graph ? PinTable::kGraphColumns : 1);
     if (form == PinForm::None) return pins;
-    const qsizetype next = readColumn(pins, 0, list, first);
-    if (form == PinForm::Graph) readColumn(pins, 1, list, next);
+    const int bound = form == PinForm::Graph ? graphBound(list, first) : boundOf(list, first);
+    readColumn(pins, 0, list, first, bound);
+    if (form == PinForm::Graph) readColumn(pins, 1, list, first + 2 + bound, bound);
     return pins;
 }
 

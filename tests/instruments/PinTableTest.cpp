@@ -96,6 +96,19 @@ TEST(PinTable, GraphBlockHoldsBothColumnsOfNames) {
     EXPECT_EQ(column(read, 0), (QStringList{"1", "Time", ""}));
     EXPECT_EQ(column(read, 1), (QStringList{"1", "", "Speed"}));
     EXPECT_EQ(read.at(1, 2), "") << "nothing is pending";
+    const struct {
+        int item;
+        const char* bound;
+    } faults[] = {{1, "-2"}, {1, "1000"}, {1, "x"}, {1, "0"}, {5, "-2"}, {5, "70000"}, {5, ""}};
+    for (const auto& f : faults) {
+        QStringList faulty = list;
+        faulty[f.item] = f.bound;
+        const PinTable kept = readPins(PinForm::Graph, faulty, 0);
+        EXPECT_EQ(column(kept, 0), (QStringList{"1", "Time", ""})) << f.item << ": " << f.bound;
+        EXPECT_EQ(column(kept, 1), (QStringList{"1", "", "Speed"})) << f.item << ": " << f.bound;
+    }
+    EXPECT_EQ(column(readPins(PinForm::Graph, list.first(7), 0), 1), (QStringList{"1", "", ""}))
+        << "a list cut short keeps what it has";
 }
 
 TEST(PinTable, ReadsWhatAHostileBlockHas) {
