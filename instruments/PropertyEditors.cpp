@@ -9,10 +9,14 @@
 #include <QFontComboBox>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QSpinBox>
+#include <QValidator>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
+#include <optional>
 
 namespace vistor {
 namespace {
@@ -31,6 +35,35 @@ Range rangeOf(const PropertyInfo& property) {
         return {std::numeric_limits<std::int16_t>::min(), std::numeric_limits<std::int16_t>::max()};
     return {std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()};
 }
+
+/// The number of a text with either decimal mark, held to a property's bounds; no value for other texts.
+std::optional<double> enteredNumber(const PropertyInfo& property, const QString& text) {
+    bool isNumber = false;
+    const double value = QString(text).replace(u',', u'.').toDouble(&isNumber);
+    if (!isNumber || !std::isfinite(value)) return {};
+    return property.low < property.high ? std::clamp(value, property.low, property.high) : value;
+}
+
+class NumberValidator final : public QValidator {
+public:
+    NumberValidator(const PropertyInfo& property, QObject* parent)
+        : QValidator(parent), m_property(property) {}
+
+    State validate(QString& text, int&) const override {
+        static const QRegularExpression kBegun(QStringLiteral("^[-+]?[0-9]*[.,]?[0-9]*([eE][-+]?[0-9]*)?$"));
+        const auto number = enteredNumber(m_property, text);
+        if (number)
+            return *number == QString(text).replace(u',', u'.').toDouble() ? Acceptable : Intermediate;
+        return kBegun.match(text).hasMatch() ? Intermediate : Invalid;
+    }
+    /// What is out of bounds becomes the bound when the entry ends.
+    void fixup(QString& text) const override {
+        if (const auto number = enteredNumber(m_property, text)) text = textOfNumber(*number);
+    }
+
+private:
+    const PropertyInfo& m_property; ///< of a table, which outlives all
+};
 
 bool isWhole(PropertyType type) {
     return type == PropertyType::Integer || type == PropertyType::Long;
@@ -53,7 +86,7 @@ QWidget* PropertyDelegate::createEditor(QWidget* parent, const QStyleOptionViewI
     QWidget* editor = property->editor == Editor::Choice         ? choiceEditor(parent, *property)
                       : property->type == PropertyType::FontName ? fontEditor(parent)
                       : isWhole(property->type)                  ? spinEditor(parent, *property)
-                                                                 : lineEditor(parent);
+                                                                 : lineEditor(parent, *property);
     editor->setAutoFillBackground(true);
     return editor;
 }
@@ -84,9 +117,10 @@ QWidget* PropertyDelegate::fontEditor(QWidget* parent) const {
     return list;
 }
 
-QWidget* PropertyDelegate::lineEditor(QWidget* parent) const {
+QWidget* PropertyDelegate::lineEditor(QWidget* parent, const PropertyInfo& property) const {
     auto* line = new QLineEdit(parent);
     line->setMaxLength(kLongestText);
+    if (!isText(property.type)) line->setValidator(new NumberValidator(property, line));
     connect(line, &QLineEdit::textEdited, this, [this, line] { handOver(line); });
     return line;
 }
@@ -117,7 +151,12 @@ void PropertyDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
     } else if (auto* list = qobject_cast<QComboBox*>(editor)) {
         if (list->currentIndex() >= 0) model->setData(index, double(list->currentIndex()));
     } else if (auto* line = qobject_cast<QLineEdit*>(editor)) {
-        if (line->isModified()) model->setData(index, line->text());
+        const PropertyInfo* property = propertyOf(index);
+        if (!line->isModified() || property == nullptr) return;
+        if (isText(property->type))
+            model->setData(index, line->text());
+        else if (const auto number = enteredNumber(*property, line->text()))
+            model->setData(index, *number);
     }
 }
 

@@ -28,7 +28,7 @@ private:
     QWidget* spinEditor(QWidget* parent, const PropertyInfo& property) const;
     QWidget* choiceEditor(QWidget* parent, const PropertyInfo& property) const;
     QWidget* fontEditor(QWidget* parent) const;
-    QWidget* lineEditor(QWidget* parent) const;
+    QWidget* lineEditor(QWidget* parent, const PropertyInfo& property) const;
     void handOver(QWidget* editor) const;
 };
 

@@ -254,7 +254,7 @@ Qt::ItemFlags PropertyModel::flags(const QModelIndex& index) const {
     if (!index.isValid()) return Qt::NoItemFlags;
     Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
     const PropertyInfo* info = property(index);
-    if (!info || index.column() != ValueColumn) return flags;
+    if (!info || index.column() != ValueColumn || info->readOnly) return flags;
     return flags | (isCheckable(*info) ? Qt::ItemIsUserCheckable : Qt::ItemIsEditable);
 }
 

@@ -129,7 +129,7 @@ constexpr PropertyInfo kNeedleFields[] = {
     keptProperty(NeedleSelector, Integer),
     choiceProperty(NeedleScale, Integer, "Needle Scale", 0, kScaleWords),
     colourProperty(NeedleEdgeColour, "Needle Edge Colour", 0x1438C8),
-    choiceProperty(NeedleForms, Long, "Needle Shape", int(0), kNeedleForms),
+    choiceProperty(NeedleForms, Long, "Needle Shape", 0, kNeedleForms),
     flagProperty(NeedleShadow, "Needle Shadow", true),
     colourProperty(NeedleColour, "Needle Colour", 0x2A5AFF),
     {.number = NeedleValue, .type = Double, .label = "Needle Value", .live = true},
@@ -188,7 +188,6 @@ constexpr KindTable::Parts kParts{.fixed = kFixed,
                                   .methods = {.redraw = 99, .sheet = 98},
                                   .values = {.selector = NeedleSelector, .value = NeedleValue},
                                   .pinCountProperty = GaugeNeedles,
-                                  .restoreReversed = true,
                                   .shown = kShown};
 
 /// Where a new dial's sections differ from the defaults of their kind.

@@ -22,10 +22,12 @@ void InnerDisplay::setProperties(const PropertyStore& properties) {
     m_properties = properties;
     m_staticRevision = 0; // another store counts for itself
     m_paintedRevision = 0;
+    propertiesReplaced();
     redraw();
 }
 
 void InnerDisplay::call(int method) {
+    if (method == kNoNumber) return;
     const KindTable::Methods& methods = m_properties.table().parts().methods;
     if (method == methods.redraw) return redraw();
     if (method == methods.sheet) openPropertySheet();

@@ -20,7 +20,7 @@ public:
     /// Takes over other values at once; they come from a store of the same kind.
     void setProperties(const PropertyStore& properties);
 
-    /// Calls a method by its number: redraw, or the property sheet. Others do nothing.
+    /// Calls a method by its number: redraw, or the property sheet. Other numbers do nothing.
     void call(int method);
     /// Asks for a repaint if a property changed since the last one. Several calls cost one paint.
     void redraw();
@@ -36,6 +36,8 @@ Q_SIGNALS:
 protected:
     /// Makes the next redraw ask for a repaint although no property changed.
     void touch() { m_paintedRevision = 0; }
+    /// Other values were taken over: brings those along that the display itself tells.
+    virtual void propertiesReplaced() {}
     /// What changes with properties and size only. It covers the whole rectangle.
     virtual void paintStatic(QPainter& painter) = 0;
     /// What moves with the data.

@@ -36,12 +36,8 @@ qsizetype declaredCount(const PropertyStore& store, std::size_t block, const QSt
 
 void readBlock(PropertyStore& store, std::size_t block, const QStringList& list, qsizetype first) {
     const auto width = static_cast<qsizetype>(store.table().fields(block).size());
-    const bool reversed = store.table().parts().restoreReversed;
-    const int count = store.sections(block);
-    for (int step = 0; step < count; ++step) {
-        const int index = reversed ? count - 1 - step : step;
+    for (int index = 0; index < store.sections(block); ++index)
         readFields(store, block, index, list, first + index * width);
-    }
 }
 
 } // namespace
@@ -60,11 +56,7 @@ qsizetype readProperties(PropertyStore& store, const QStringList& list) {
         const auto width = static_cast<qsizetype>(store.table().fields(block).size());
         firsts[block + 1] = firsts[block] + width * declaredCount(store, block, list);
     }
-    const bool reversed = store.table().parts().restoreReversed;
-    for (std::size_t step = 1; step < blocks; ++step) {
-        const std::size_t block = reversed ? blocks - step : step;
-        readBlock(store, block, list, firsts[block]);
-    }
+    for (std::size_t block = 1; block < blocks; ++block) readBlock(store, block, list, firsts[block]);
     store.resetSelectors();
     return firsts[blocks];
 }

@@ -23,9 +23,10 @@ public:
     const KindTable& table() const { return *m_table; }
 
     /// Writes a property of the current section, coerced to its type: halves go to the even side, what is out
-    /// of the type's range rests at its end, what is not a number changes nothing. A count makes or drops
-    /// sections; a selector makes section (value modulo count) current, unless it is negative. Unknown
-    /// numbers change nothing. Allocates only where a count changes or a text grows.
+    /// of the type's range rests at its end, what is not a number changes nothing but a Single or Double,
+    /// which keeps it. A count makes or drops sections; a selector makes section (value modulo count)
+    /// current, unless it is negative. Unknown numbers change nothing. Allocates only where a count changes
+    /// or a text grows.
     void setNumber(int number, double value);
     void setText(int number, QStringView text);
     /// The property of the current section; 0 or an empty text where there is none.

@@ -28,6 +28,9 @@ constexpr bool isText(PropertyType type) {
     return type == PropertyType::String || type == PropertyType::FontName;
 }
 
+/// In place of a property's or method's number: there is none.
+inline constexpr std::int16_t kNoNumber = -1;
+
 /// What a person edits a property with.
 enum class Editor : std::uint8_t {
     ByType, ///< number, flag, text or font, as the type says
@@ -54,6 +57,7 @@ struct PropertyInfo {
     Choices choices{};
     bool live = false; ///< changes with the data: the display's static picture does not show it
     std::span<const double> initials{}; ///< of sections 0, 1, ... and round again, in place of `initial`
+    bool readOnly = false;              ///< told by the display: the sheet shows it only
 };
 
 /// A row of the properties window: a property of the current section under the words given there. A choice
@@ -63,6 +67,7 @@ struct ShownProperty {
     std::int16_t number = 0;
     const char* on = "True";
     const char* off = "False";
+    bool asFlag = false; ///< also a choice shows one of these two, `on` for its value 1
 };
 
 /// A list of sections: `count` of them, of which the one that the selector names is current. The selector is
@@ -94,13 +99,13 @@ public:
     static constexpr int kHighest = 1010;
 
     struct Methods {
-        std::int16_t redraw = 0;
-        std::int16_t sheet = 0;
+        std::int16_t redraw = kNoNumber;
+        std::int16_t sheet = kNoNumber;
     };
-    /// What a value for a pin is written to; selector 0 is none.
+    /// What a value for a pin is written to.
     struct ValueProperties {
-        std::int16_t selector = 0;
-        std::int16_t value = 0;
+        std::int16_t selector = kNoNumber;
+        std::int16_t value = kNoNumber;
     };
     struct Parts {
         std::span<const PropertyInfo> fixed{}; ///< from item 2 of the list on
@@ -109,10 +114,9 @@ public:
         PinForm pins = PinForm::ToBound;
         Methods methods{};
         ValueProperties values{};
-        std::int16_t pinCountProperty =
-            0;                        ///< the section count that tells how many pins there are; 0: one pin
-        bool restoreReversed = false; ///< sections are restored from the last back to the first
-        bool staysEnabled = false;    ///< play mode does not disable the display
+        /// The section count that tells how many pins there are; none: one pin.
+        std::int16_t pinCountProperty = kNoNumber;
+        bool staysEnabled = false;              ///< play mode does not disable the display
         std::span<const ShownProperty> shown{}; ///< in the properties window
     };
 

@@ -148,6 +148,33 @@ TEST(PropertySheet, EveryTypeHasItsEditorAndShowsAtOnce) {
     EXPECT_TRUE(shown.sheet.isVisible()) << "the key that ends an entry ends nothing else";
 }
 
+TEST(PropertySheet, FractionsAreNumbersWithinTheirBounds) {
+    const struct {
+        const char* typed;
+        double kept;
+    } cases[] = {{"12,5", 12.5}, {"7.25", 7.25}, {"1", 4}, {"900", 72}, {"x8y", 8}, {"-", 8.5}};
+    for (const auto& c : cases) {
+        ShownSheet shown{PropertyStore(kSampleTable)};
+        shown.clickValue({"Scale", "Size"});
+        auto* line = shown.editor<QLineEdit>();
+        ASSERT_NE(line, nullptr);
+        line->selectAll();
+        QTest::keyClicks(line, c.typed);
+        EXPECT_EQ(shown.last.number(6), c.kept) << c.typed;
+        QTest::keyClick(line, Qt::Key_Return);
+        QTest::qWait(0);
+        EXPECT_EQ(shown.last.number(6), c.kept) << c.typed;
+    }
+}
+
+TEST(PropertySheet, WhatTheDisplayTellsIsOnlyShown) {
+    ShownSheet shown{PropertyStore(kSampleTable)};
+    shown.clickValue({"Other", "Property 12"});
+    EXPECT_EQ(shown.editor<QLineEdit>(), nullptr);
+    EXPECT_EQ(shown.line({"Other", "Property 12"}).siblingAtColumn(PropertyModel::ValueColumn).data(),
+              "none");
+}
+
 TEST(PropertySheet, CancelGoesBackToTheLastApply) {
     const struct {
         bool apply;

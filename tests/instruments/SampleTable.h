@@ -13,9 +13,15 @@ inline constexpr PropertyInfo kSampleFixed[] = {
     {.number = -501, .type = PropertyType::Long, .label = "Back", .group = "Look", .editor = Editor::Colour},
     {.number = 3, .type = PropertyType::Integer, .label = "Width", .initial = 7, .group = "Look"},
     {.number = 5, .type = PropertyType::Boolean, .label = "Shown", .group = "Look"},
-    {.number = 6, .type = PropertyType::Single, .label = "Size", .initial = 1.5, .group = "Scale"},
+    {.number = 6,
+     .type = PropertyType::Single,
+     .label = "Size",
+     .initial = 8.5,
+     .group = "Scale",
+     .low = 4,
+     .high = 72},
     {.number = 9, .type = PropertyType::Double, .label = "Maximum", .group = "Scale"},
-    {.number = 12, .type = PropertyType::String, .initialText = "none"},
+    {.number = 12, .type = PropertyType::String, .initialText = "none", .readOnly = true},
     {.number = 14,
      .type = PropertyType::Long,
      .label = "Style",
@@ -60,8 +66,7 @@ inline constexpr KindTable kSampleTable{KindTable::Parts{.fixed = kSampleFixed,
                                                          .pins = PinForm::ToBound,
                                                          .methods = {.redraw = 99, .sheet = 98},
                                                          .values = {.selector = 31, .value = 32},
-                                                         .pinCountProperty = 30,
-                                                         .restoreReversed = true}};
+                                                         .pinCountProperty = 30}};
 
 /// The same as a graph has it: two-dimensional pins.
 inline constexpr KindTable kSampleGraphTable{
