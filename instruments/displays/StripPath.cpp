@@ -4,14 +4,16 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace vistor {
 namespace {
 
 constexpr double kLeastStep = 0.5;    ///< pixels
-constexpr double kLongStep = 2.0;     ///< is drawn even where the path has been
-constexpr double kInkLimit = 200'000; ///< pixels of line
+constexpr double kLeastInk = 200'000; ///< pixels of line that any image may take
+constexpr double kInkAPixel = 1.5;    ///< for a larger one
 constexpr double kStepInk = 3;        ///< that a step costs beside its length
+constexpr double kPassedInk = 0.1;    ///< a pixel that is not drawn again
 constexpr double kCellsAPixel = 2;
 
 double lengthOf(const QPointF& step) {
@@ -46,21 +48,147 @@ private:
     std::vector<bool> m_cells;
 };
 
-/// Both ends lie beyond the same edge.
-bool outside(const QPointF& a, const QPointF& b, const QSize& image) {
-    constexpr double kPen = 12; // half of the widest line and some
-    return (a.x() < -kPen && b.x() < -kPen) || (a.y() < -kPen && b.y() < -kPen) ||
-           (a.x() > image.width() + kPen && b.x() > image.width() + kPen) ||
-           (a.y() > image.height() + kPen && b.y() > image.height() + kPen);
+/// The part of a step that lies in a rectangle, as shares of its length.
+struct StepPart {
+    double from = 0;
+    double to = 1;
+
+    bool empty() const { return from >= to; }
+};
+
+/// Leaves of a part what lies on one side of an edge: where `start` + share * `way` is not negative.
+void cut(StepPart& part, double start, double way) {
+    if (start < 0 && start + way < 0) part.to = part.from;
+    if (start < 0 && way > 0) part.from = std::max(part.from, -start / way);
+    if (start + way < 0 && way < 0) part.to = std::min(part.to, -start / way);
 }
 
-void penTo(PathPieces& path, bool down, const QPointF& from, const QPointF& to) {
-    if (!down) {
-        path.starts.push_back(path.points.size());
-        path.points.push_back(from);
-    }
-    path.points.push_back(to);
+StepPart partInside(const QRectF& room, const QPointF& from, const QPointF& way) {
+    StepPart part;
+    cut(part, from.x() - room.left(), way.x());
+    cut(part, room.right() - from.x(), -way.x());
+    cut(part, from.y() - room.top(), way.y());
+    cut(part, room.bottom() - from.y(), -way.y());
+    return part;
 }
+
+/// Collects a path from its newest point back.
+class Thinning {
+public:
+    Thinning(const QSize& image, double pen)
+        : m_seen(QRectF(QPointF(), QSizeF(image)).adjusted(-pen, -pen, pen, pen)),
+          m_visited(image, kCellsAPixel),
+          m_inkLeft(std::max(kLeastInk, kInkAPixel * image.width() * image.height())) {}
+
+    bool full() const { return m_inkLeft <= 0; }
+
+    void step(const QPointF& from, const QPointF& to) {
+        const QPointF way = to - from;
+        const double length = lengthOf(way);
+        const StepPart part = partInside(m_seen, from, way);
+        bool drawn = false;
+        if (!part.empty()) drawn = pass(from + way * part.from, from + way * part.to, part.from > 0);
+        if (drawn) m_ends.back() = m_length + part.to * length;
+        m_penDown = drawn && part.to == 1;
+        m_endedFresh = m_endedFresh || part.empty() || part.to < 1;
+        m_length += length;
+    }
+
+    /// The path the right way round.
+    PathPieces taken() const {
+        PathPieces path;
+        path.points.assign(m_points.rbegin(), m_points.rend());
+        for (std::size_t piece = m_starts.size(); piece-- > 0;) {
+            const std::size_t last = piece + 1 < m_starts.size() ? m_starts[piece + 1] : m_points.size();
+            path.starts.push_back(m_points.size() - last);
+            path.distances.push_back(m_length - m_ends[piece]);
+        }
+        return path;
+    }
+
+private:
+    /// Draws a line, unless the path has been all along it.
+    bool pass(const QPointF& from, const QPointF& to, bool enters) {
+        const QPointF way = to - from;
+        const int cells = 1 + static_cast<int>(std::max(std::abs(way.x()), std::abs(way.y())) * kCellsAPixel);
+        bool fresh = m_endedFresh;
+        for (int cell = 1; cell <= cells; ++cell) {
+            m_endedFresh = !m_visited.visit(from + way * (double(cell) / cells));
+            fresh = fresh || m_endedFresh;
+        }
+        m_inkLeft -= fresh ? lengthOf(way) + kStepInk : cells / kCellsAPixel * kPassedInk;
+        if (!fresh) return false;
+        if (!m_penDown || enters) {
+            m_starts.push_back(m_points.size());
+            m_ends.push_back(0);
+            m_points.push_back(from);
+        }
+        m_points.push_back(to);
+        return true;
+    }
+
+    QRectF m_seen;
+    Visited m_visited;
+    double m_inkLeft;
+    double m_length = 0; ///< of the path so far, seen or not
+    bool m_penDown = false;
+    bool m_endedFresh = true; ///< the last step, where the path had not been
+    std::vector<QPointF> m_points;
+    std::vector<std::size_t> m_starts;
+    std::vector<double> m_ends; ///< of the pieces, along the path
+};
+
+class DashCutter {
+public:
+    explicit DashCutter(std::span<const double> dashes)
+        : m_dashes(dashes), m_period(std::accumulate(dashes.begin(), dashes.end(), 0.0)) {}
+
+    bool cuts() const { return m_period > 0; }
+
+    /// The next line begins so far along the path.
+    void begin(double distance) {
+        m_down = false;
+        m_dash = 0;
+        m_left = m_dashes[0];
+        double ahead = std::fmod(distance, m_period);
+        for (; ahead >= m_left; next()) ahead -= m_left;
+        m_left -= ahead;
+    }
+
+    void line(QPointF from, const QPointF& to) {
+        for (double length = lengthOf(to - from); length > 0;) {
+            const double part = std::min(length, m_left);
+            const QPointF end = from + (to - from) * (part / length);
+            if (m_dash % 2 == 0) draw(from, end);
+            m_down = m_dash % 2 == 0;
+            from = end;
+            length -= part;
+            m_left -= part;
+            if (m_left <= 0) next();
+        }
+    }
+
+    PathPieces pieces;
+
+private:
+    void next() {
+        m_dash = (m_dash + 1) % m_dashes.size();
+        m_left = m_dashes[m_dash];
+    }
+    void draw(const QPointF& from, const QPointF& to) {
+        if (!m_down) {
+            pieces.starts.push_back(pieces.points.size());
+            pieces.points.push_back(from);
+        }
+        pieces.points.push_back(to);
+    }
+
+    std::span<const double> m_dashes;
+    double m_period;
+    std::size_t m_dash = 0;
+    double m_left = 0; ///< of the dash
+    bool m_down = false;
+};
 
 } // namespace
 
@@ -69,59 +197,32 @@ std::span<const QPointF> PathPieces::piece(std::size_t index) const {
     return std::span(points).subspan(starts[index], last - starts[index]);
 }
 
-PathPieces thinnedPath(const TraceRing& ring, const AxisMap& x, const AxisMap& y, const QSize& image) {
-    PathPieces path;
-    if (ring.size() == 0) return path;
-    Visited visited(image, kCellsAPixel);
+PathPieces thinnedPath(const TraceRing& ring, const AxisMap& x, const AxisMap& y, const QSize& image,
+                       double pen) {
+    if (ring.size() == 0) return {};
     const auto place = [&](std::size_t index) { return QPointF(x(ring.x(index)), y(ring.y(index))); };
+    Thinning thinning(image, pen);
     QPointF last = place(ring.size() - 1);
-    bool wasThere = visited.visit(last);
-    bool down = false;
-    double ink = 0;
-    for (std::size_t i = ring.size() - 1; i-- > 0 && ink < kInkLimit;) {
+    for (std::size_t i = ring.size() - 1; i-- > 0 && !thinning.full();) {
         const QPointF next = place(i);
-        const QPointF way = next - last;
-        if (std::abs(way.x()) < kLeastStep && std::abs(way.y()) < kLeastStep) continue;
-        const double step = lengthOf(way);
-        const bool isThere = visited.visit(next);
-        const bool drawn = !outside(last, next, image) && !(wasThere && isThere && step < kLongStep);
-        if (drawn) {
-            penTo(path, down, last, next);
-            ink += std::min(step, double(image.width() + image.height())) + kStepInk;
-        }
-        down = drawn;
-        wasThere = isThere;
+        if (std::abs(next.x() - last.x()) < kLeastStep && std::abs(next.y() - last.y()) < kLeastStep)
+            continue;
+        thinning.step(last, next);
         last = next;
     }
-    if (path.starts.empty()) penTo(path, false, last, last);
-    return path;
+    PathPieces path = thinning.taken();
+    return path.starts.empty() ? PathPieces{{last, last}, {0}, {0}} : path;
 }
 
 PathPieces dashed(const PathPieces& path, std::span<const double> dashes) {
-    PathPieces cut;
-    std::size_t dash = 0;
-    double left = dashes[0];
+    DashCutter cutter(dashes);
+    if (!cutter.cuts()) return path;
     for (std::size_t p = 0; p < path.count(); ++p) {
         const auto piece = path.piece(p);
-        bool down = false;
-        for (std::size_t i = 0; i + 1 < piece.size(); ++i) {
-            QPointF from = piece[i];
-            double step = std::min(lengthOf(piece[i + 1] - from), kInkLimit);
-            while (step > 0) {
-                const double part = std::min(step, left);
-                const QPointF to = from + (piece[i + 1] - from) * (part / step);
-                if (dash % 2 == 0) penTo(cut, down, from, to);
-                down = dash % 2 == 0;
-                from = to;
-                step -= part;
-                left -= part;
-                if (left > 0) continue;
-                dash = (dash + 1) % dashes.size();
-                left = dashes[dash];
-            }
-        }
+        cutter.begin(path.distances[p]);
+        for (std::size_t i = 0; i + 1 < piece.size(); ++i) cutter.line(piece[i], piece[i + 1]);
     }
-    return cut;
+    return cutter.pieces;
 }
 
 std::vector<QPointF> symbolPlacesInOrder(const TraceRing& ring, const PointRun& run, const AxisMap& x,

@@ -17,17 +17,20 @@ namespace vistor {
 struct PathPieces {
     std::vector<QPointF> points;
     std::vector<std::size_t> starts; ///< of the pieces, in `points`
+    std::vector<double> distances;   ///< of the pieces' starts from the path's, in pixels along it
 
     std::size_t count() const { return starts.size(); }
     std::span<const QPointF> piece(std::size_t index) const;
 };
 
-/// The newest points first: steps too short to see are left out, so are short ones between pixels that the
-/// path has been at, and what lies beyond one edge of the image. Where ink for many times the image has been
-/// used, the older rest is left out.
-PathPieces thinnedPath(const TraceRing& ring, const AxisMap& x, const AxisMap& y, const QSize& image);
+/// Steps too short to see are left out, so are those over pixels that newer ones went over, and what lies
+/// further than `pen` outside the image. Where more ink has been used than the image takes, the older rest is
+/// left out. The oldest point stands first.
+PathPieces thinnedPath(const TraceRing& ring, const AxisMap& x, const AxisMap& y, const QSize& image,
+                       double pen);
 
-/// Cuts pieces into dashes, on, off, on ... in pixels along the path.
+/// Cuts pieces into dashes, on, off, on ... in pixels along the path from its start, so that they stay in
+/// their places while it grows. The pieces that result have no distances.
 PathPieces dashed(const PathPieces& path, std::span<const double> dashes);
 
 /// Places for symbols `spacing` image pixels apart or more, and the same ones while the data scroll: where X

@@ -202,14 +202,13 @@ void StripRaster::paintColumn(int column, QRgb colour) {
         last = std::max(last, to / kOpaque + 1);
     }
     const qsizetype stride = m_image.bytesPerLine() / qsizetype(sizeof(QRgb));
-    QRgb* pixel = reinterpret_cast<QRgb*>(m_image.bits()) + first * stride + column;
+    QRgb* const pixels = reinterpret_cast<QRgb*>(m_image.bits()) + column;
     const int full = kOpaque * m_perPixel;
-    for (int row = first, covered = 0; row <= last; ++row, pixel += stride) {
+    for (int row = first, covered = 0; row <= last; ++row) {
         covered += std::exchange(m_coverage[static_cast<std::size_t>(row)], 0);
-        if (covered == full)
-            *pixel = colour;
-        else if (covered > 0)
-            *pixel = blended(*pixel, colour, covered / m_perPixel);
+        if (covered == 0) continue; // always so in the rows behind the last one
+        QRgb& pixel = pixels[row * stride];
+        pixel = covered == full ? colour : blended(pixel, colour, covered / m_perPixel);
     }
 }
 

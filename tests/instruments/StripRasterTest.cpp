@@ -128,7 +128,7 @@ TEST(StripPath, ThinsWithoutLosingWhereThePathWent) {
         const double angle = i * 0.01; // hundreds of laps
         ring.add(50 + 30 * std::cos(angle), 30 + 20 * std::sin(angle));
     }
-    const PathPieces path = thinnedPath(ring, kMapX, kMapY, kSize);
+    const PathPieces path = thinnedPath(ring, kMapX, kMapY, kSize, 2);
     EXPECT_LT(path.points.size(), 3000U);
     QImage image(kSize, QImage::Format_RGB32);
     image.fill(Qt::black);
@@ -139,12 +139,42 @@ TEST(StripPath, ThinsWithoutLosingWhereThePathWent) {
     EXPECT_EQ(light(image, 50, 30), 0);
 }
 
+TEST(StripPath, FarStepsAreCutToTheImage) {
+    constexpr double kDashes[] = {3, 2};
+    TraceRing ring;
+    for (int i = 0; i < 2000; ++i) ring.add(i % 2 == 0 ? -1e300 : 1e300, i * 0.03);
+    const PathPieces path = thinnedPath(ring, kMapX, kMapY, kSize, 2);
+    EXPECT_GT(path.count(), 20U);
+    EXPECT_LT(dashed(path, kDashes).count(), 50'000U);
+    for (const QPointF& point : path.points)
+        EXPECT_TRUE(QRectF(-2.1, -2.1, 104.2, 64.2).contains(point)) << point.x() << " " << point.y();
+}
+
+TEST(StripPath, DashesStayWhileThePathGrows) {
+    constexpr double kDashes[] = {6, 4};
+    TraceRing ring;
+    const auto starts = [&] {
+        std::vector<double> at;
+        const PathPieces pieces = dashed(thinnedPath(ring, kMapX, kMapY, kSize, 2), kDashes);
+        for (std::size_t i = 0; i < pieces.count(); ++i) at.push_back(pieces.piece(i).front().x());
+        return at;
+    };
+    for (int x = -20; x <= 55; ++x) ring.add(x, 30);
+    const std::vector<double> before = starts();
+    ASSERT_EQ(before.size(), 6U);
+    for (std::size_t i = 1; i < before.size(); ++i) EXPECT_NEAR(before[i], 10.0 * double(i), 1e-9);
+    for (int x = 56; x <= 58; ++x) ring.add(x, 30);
+    const std::vector<double> after = starts();
+    ASSERT_EQ(after.size(), before.size());
+    for (std::size_t i = 0; i < before.size(); ++i) EXPECT_NEAR(after[i], before[i], 1e-9);
+}
+
 TEST(StripPath, NoiseEndsInBoundedInk) {
     TraceRing ring;
     ring.setCapacity(300'000);
     std::mt19937 random(1);
     for (int i = 0; i < 300'000; ++i) ring.add(double(random() % 100), double(random() % 60));
-    const PathPieces path = thinnedPath(ring, kMapX, kMapY, {100, 60});
+    const PathPieces path = thinnedPath(ring, kMapX, kMapY, {100, 60}, 2);
     EXPECT_LT(path.points.size(), 30'000U);
 }
 
