@@ -68,7 +68,7 @@ void GraphInstrument::refreshValue(std::int16_t pin, std::uint8_t axis, float va
     const double y = numberAsWritten(track.y.value);
     strip().addPoint(pin - 1, x, y);
     followPoint(x, y);
-    inCTRL().call(StripRedraw);
+    inCTRL().call(kStripRedraw);
 }
 
 void GraphInstrument::ClearCurrentData() {
@@ -81,22 +81,20 @@ void GraphInstrument::Deserialise(const QStringList& list) {
 }
 
 PinTable GraphInstrument::AssignPin(int pin, std::uint8_t axis, const QString& name) {
-    Instrument::AssignPin(pin, axis, name);
-    matchTracks();
     if (pin >= 1 && static_cast<std::size_t>(pin) < m_tracks.size()) {
         Track& track = m_tracks[static_cast<std::size_t>(pin)];
-        (axis == 0 ? track.x : track.y).waiting = false;
+        (axis == 0 ? track.x : track.y).waiting = false; // what waited was another variable's
     }
+    Instrument::AssignPin(pin, axis, name);
     return curVarTable();
 }
 
 PinTable GraphInstrument::RemovePin(int pin, std::uint8_t axis) {
     Instrument::RemovePin(pin, axis);
-    matchTracks();
     return curVarTable();
 }
 
-void GraphInstrument::matchTracks() {
+void GraphInstrument::pinsChanged() {
     const PinTable table = Instrument::curVarTable();
     m_tracks.resize(static_cast<std::size_t>(table.upperBound()) + 1);
     nameTraces(table);
@@ -104,7 +102,7 @@ void GraphInstrument::matchTracks() {
 
 void GraphInstrument::forgetValues() {
     m_tracks.clear();
-    matchTracks();
+    pinsChanged();
 }
 
 void GraphInstrument::nameTraces(const PinTable& table) {
@@ -118,11 +116,8 @@ QString GraphInstrument::trackName(const PinTable& table, int track) const {
 }
 
 void GraphInstrument::showX(double origin) {
-    PropertyStore& p = inCTRL().properties();
-    p.setNumber(StripOrigin, origin);
-    const AxisRange visible = strip().visible();
-    p.setNumber(StripMaximumX, visible.high);
-    p.setNumber(StripMinimumX, visible.low);
+    inCTRL().properties().setNumber(StripOrigin, origin);
+    strip().tellVisible();
 }
 
 void GraphInstrument::showX(double origin, double length) {
@@ -134,15 +129,6 @@ void GraphInstrument::scaleYToPoints() {
     PropertyStore& p = inCTRL().properties();
     p.setNumber(StripMaximumY, strip().highestY(0));
     p.setNumber(StripMinimumY, strip().lowestY(0));
-}
-
-QString choiceWord(std::span<const char* const> words, int value) {
-    const bool known = value >= 0 && static_cast<std::size_t>(value) < words.size();
-    return QString::fromLatin1(words[known ? static_cast<std::size_t>(value) : 0]);
-}
-
-QString flagWord(bool on) {
-    return on ? QStringLiteral("True") : QStringLiteral("False");
 }
 
 } // namespace vistor

@@ -4,7 +4,6 @@
 
 #include "instruments/Instrument.h"
 
-#include <span>
 #include <vector>
 
 namespace vistor {
@@ -33,6 +32,7 @@ public:
     PinTable RemovePin(int pin, std::uint8_t axis) override;
 
 protected:
+    void pinsChanged() override;
     StripDisplay& strip();
     const StripDisplay& strip() const;
     /// Brings the axes to a point that was just added.
@@ -40,7 +40,7 @@ protected:
     /// Writes the visible X, and the ends of it that the display reports.
     void showX(double origin);
     void showX(double origin, double length);
-    /// Writes the range of Y that a trace's points take.
+    /// Writes the range of Y that the first trace's points take.
     void scaleYToPoints();
     /// What the legend calls a track.
     virtual QString trackName(const PinTable& table, int track) const;
@@ -57,15 +57,10 @@ private:
         Half y;
     };
 
-    void matchTracks();
     void forgetValues();
     void nameTraces(const PinTable& table);
 
     std::vector<Track> m_tracks; ///< as many as the pin table has rows, 0 unused
 };
-
-/// The word of a choice, and of a flag, as the properties window has it.
-QString choiceWord(std::span<const char* const> words, int value);
-QString flagWord(bool on);
 
 } // namespace vistor

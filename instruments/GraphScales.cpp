@@ -1,5 +1,7 @@
 #include "instruments/GraphScales.h"
 
+#include "instruments/displays/StripAxes.h"
+
 #include <cmath>
 
 namespace vistor {
@@ -25,7 +27,7 @@ void widenY(GraphAxes& axes, const GraphData& data, double shape, double dataSha
 }
 
 void fixAspect(GraphAxes& axes, const GraphData& data, const GraphScaling& scaling) {
-    const double visible = (axes.origin + axes.length) - axes.origin;
+    const double visible = visibleX(axes.origin, axes.length, false).length();
     if (visible == 0 || !(scaling.displayWidth > 0)) return;
     const double shape = scaling.displayHeight / scaling.displayWidth;
     const double dataShape = (axes.highestY - axes.lowestY) / visible;

@@ -28,6 +28,10 @@ double listSize(const QStringList& list, qsizetype position, double before) {
     return wanted > 0 ? std::min(wanted, kLargestTwips) : before;
 }
 
+double twipsOf(double given, int pixels) {
+    return qRound(given / kTwipsPerPixel) == pixels ? given : pixels * kTwipsPerPixel;
+}
+
 } // namespace
 
 Instrument::Instrument(Kind kind, InnerDisplay* display, QWidget* parent)
@@ -68,10 +72,19 @@ QString Instrument::tagText() const {
 int Instrument::pinCount() const {
     const KindTable::Parts& parts = m_display->properties().table().parts();
     if (parts.pins == PinForm::None) return 0;
-    return parts.pinCountProperty == 0 ? 1 : m_display->properties().integer(parts.pinCountProperty);
+    return parts.pinCountProperty == kNoNumber ? 1 : m_display->properties().integer(parts.pinCountProperty);
+}
+
+double Instrument::widthTwips() const {
+    return twipsOf(m_givenTwips.width(), width());
+}
+
+double Instrument::heightTwips() const {
+    return twipsOf(m_givenTwips.height(), height());
 }
 
 void Instrument::setSizeTwips(double width, double height) {
+    m_givenTwips = {width, height};
     resize(qRound(width / kTwipsPerPixel), qRound(height / kTwipsPerPixel));
     UserControl_Resize();
 }
@@ -101,7 +114,7 @@ PinTable Instrument::curVarTable() const {
 void Instrument::refreshValue(std::int16_t pin, float value) {
     PropertyStore& properties = m_display->properties();
     const KindTable::Parts& parts = properties.table().parts();
-    if (parts.values.selector != 0) properties.setNumber(parts.values.selector, pin);
+    if (parts.values.selector != kNoNumber) properties.setNumber(parts.values.selector, pin);
     properties.setNumber(parts.values.value, value);
     m_display->call(parts.methods.redraw);
 }
@@ -147,13 +160,13 @@ void Instrument::mnuDelete_Click() {
 void Instrument::mnuDefineCustom_Click() {
     const QPointer<Instrument> alive(this);
     Q_EMIT SnapshotBegin();
-    const QSize before = size();
+    const QSizeF before(widthTwips(), heightTwips());
     const QString fileName = snapshotName(QDateTime::currentDateTime());
     setSizeTwips(kSnapshotPixels * kTwipsPerPixel, kSnapshotPixels * kTwipsPerPixel);
     pumpEvents(); // so that the display is seen at that size
     if (!alive) return;
     saveSnapshot(fileName);
-    setSizeTwips(before.width() * kTwipsPerPixel, before.height() * kTwipsPerPixel);
+    setSizeTwips(before.width(), before.height());
     Q_EMIT SnapshotEnd();
     if (alive) Q_EMIT CustomDefined(fileName);
 }
@@ -168,11 +181,11 @@ void Instrument::mnuVariables_Click() {}
 void Instrument::mnuProperties_Click() {
     const QPointer<Instrument> alive(this);
     Q_EMIT layoutChanged();
-    if (alive) m_display->call(m_display->properties().table().parts().methods.sheet);
+    if (alive) m_display->openPropertySheet();
 }
 
 int Instrument::Serialise(QStringList& list) const {
-    list = {QString::number(widthTwips()), QString::number(heightTwips())};
+    list = {textOfNumber(widthTwips()), textOfNumber(heightTwips())};
     writeProperties(m_display->properties(), list);
     return writePins(pins, m_display->properties().table().parts().pins, list);
 }
@@ -191,6 +204,7 @@ void Instrument::FunctionDrop(const QString& name) {
     pins.resize(1);
     pins.setCount(1);
     pins.set(1, name);
+    pinsChanged();
     Q_EMIT layoutChanged();
     refreshCaption();
 }
@@ -206,6 +220,7 @@ PinTable Instrument::AssignPin(int pin, std::uint8_t axis, const QString& name) 
     pins.assign(pin, name, column);
     constexpr int kFirstFlag = 4;
     if (pins.columns() > 1) pins.set(pin, QStringLiteral("0"), kFirstFlag + column);
+    pinsChanged();
     Q_EMIT layoutChanged();
     return pins;
 }
@@ -216,6 +231,7 @@ PinTable Instrument::RemovePin(int pin, const QString&) {
 
 PinTable Instrument::RemovePin(int pin, std::uint8_t axis) {
     pins.remove(pin, pins.columns() > 1 && axis != 0 ? 1 : 0);
+    pinsChanged();
     Q_EMIT layoutChanged();
     refreshCaption();
     return pins;

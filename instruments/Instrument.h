@@ -36,8 +36,9 @@ public:
     int pinCount() const;
     /// Resizes to the nearest logical pixels and lays out at once, also while hidden.
     void setSizeTwips(double width, double height);
-    int widthTwips() const { return width() * kTwipsPerPixel; }
-    int heightTwips() const { return height() * kTwipsPerPixel; }
+    /// As it was given, until a resize changes the pixels.
+    double widthTwips() const;
+    double heightTwips() const;
 
     /// Stores the background, gives it to the instrument and its tag, and `fore` to the tag's text. Colours
     /// are 0x00BBGGRR, or a system colour with the top bit set.
@@ -97,6 +98,10 @@ Q_SIGNALS:
     void propertiesShown(const QString& kind, const QStringList& labels, const QStringList& values);
 
 protected:
+    /// The pin table changed; nobody else has been told yet.
+    virtual void pinsChanged() {}
+    /// The display's size as the layout asks for it, before it is rounded to pixels.
+    QSizeF displayTwips() const { return m_displayTwips; }
     /// Asks a person which of several pins takes a dropped variable.
     virtual void choosePin(const QString& name);
     /// The rows of the properties window: labels and values in step. By default those of the kind's table.
@@ -122,6 +127,8 @@ private:
     PinTable pins;
     HandleRects m_handles{};
     QSize m_laidOut;
+    QSizeF m_givenTwips;
+    QSizeF m_displayTwips;
     std::uint8_t m_activeHandle = 0;
     bool m_dragging = false;
     bool m_sizing = false;

@@ -19,17 +19,24 @@ float twips(double pixels) {
 
 QString shownValue(const PropertyStore& properties, const ShownProperty& shown) {
     const PropertyInfo* info = properties.table().info(shown.number);
-    if (info != nullptr && info->type == PropertyType::Boolean)
-        return QLatin1String(properties.flag(shown.number) ? shown.on : shown.off);
-    if (info != nullptr && info->editor == Editor::Choice)
-        return QLatin1String(info->choices.words[static_cast<std::size_t>(properties.choice(shown.number))]);
-    return info != nullptr && isText(info->type) ? properties.text(shown.number)
-                                                 : textOfNumber(properties.number(shown.number));
+    if (info == nullptr) return {};
+    const auto flagWord = [&](bool on) { return QLatin1String(on ? shown.on : shown.off); };
+    if (info->type == PropertyType::Boolean || info->type == PropertyType::Flag)
+        return flagWord(properties.flag(shown.number));
+    if (info->editor == Editor::Choice) {
+        const int choice = properties.choice(shown.number);
+        return shown.asFlag ? flagWord(choice == 1)
+                            : QLatin1String(info->choices.words[static_cast<std::size_t>(choice)]);
+    }
+    return isText(info->type) ? properties.text(shown.number) : textOfNumber(properties.number(shown.number));
 }
 
-QPixmap hatchTile(double ratio) {
+/// Painted once for each density of screen.
+const QPixmap& hatchTile(double ratio) {
+    static QPixmap tile;
+    if (!tile.isNull() && tile.devicePixelRatio() == ratio) return tile;
     const int pixels = qRound(kHatchTilePixels * ratio);
-    QPixmap tile(pixels, pixels);
+    tile = QPixmap(pixels, pixels);
     tile.fill(Qt::white);
     QPainter painter(&tile);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -47,6 +54,7 @@ void Instrument::UserControl_Resize() {
     if (!layout) return;
     m_display->setGeometry(pixelsOf(layout->display));
     if (m_tagOn) lblTag->setGeometry(pixelsOf(layout->tag));
+    m_displayTwips = layout->display.size();
     m_handles = handleRects(0, 0, widthTwips(), heightTwips());
     m_laidOut = size();
     m_framePainted = true;

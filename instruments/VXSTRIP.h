@@ -14,8 +14,6 @@ public:
 
 protected:
     void followPoint(double x, double y) override;
-    QStringList shownLabels() const override;
-    QStringList shownValues() const override;
 };
 
 /// What an instrument that a person has just placed binds by itself: a time graph plots its track 1 over the

@@ -15,13 +15,12 @@ GraphAxes axesOf(const PropertyStore& p) {
             .highestY = p.number(StripMaximumY)};
 }
 
-GraphScaling scalingOf(const StripDisplay& display) {
-    const PropertyStore& p = display.properties();
+GraphScaling scalingOf(const PropertyStore& p, const QSizeF& display) {
     return {.autoX = p.flag(GraphAutoScaleX),
             .autoY = p.flag(GraphAutoScaleY),
             .fixAspect = p.flag(GraphFixAspect),
-            .displayWidth = double(display.width()),
-            .displayHeight = double(display.height())};
+            .displayWidth = display.width(),
+            .displayHeight = display.height()};
 }
 
 } // namespace
@@ -33,7 +32,7 @@ void VXXYGRAPH::followPoint(double x, double y) {
     m_x.take(x);
     PropertyStore& p = inCTRL().properties();
     const GraphData held{m_x.low, m_x.high, strip().lowestY(0), strip().highestY(0)};
-    const GraphAxes axes = scaledAxes(axesOf(p), held, scalingOf(strip()));
+    const GraphAxes axes = scaledAxes(axesOf(p), held, scalingOf(p, displayTwips()));
     p.setNumber(StripMaximumY, axes.highestY);
     p.setNumber(StripMinimumY, axes.lowestY);
     showX(axes.origin, axes.length);
@@ -45,40 +44,6 @@ QString VXXYGRAPH::trackName(const PinTable& table, int track) const {
     const QString x = table.at(track, 0);
     const QString y = table.at(track, 1);
     return x.isEmpty() || y.isEmpty() ? y : y + QStringLiteral(" over ") + x;
-}
-
-QStringList VXXYGRAPH::shownLabels() const {
-    return {QStringLiteral("Grid"),
-            QStringLiteral("Auto Scale X"),
-            QStringLiteral("Minimum X"),
-            QStringLiteral("Maximum X"),
-            QStringLiteral("Auto Scale Y"),
-            QStringLiteral("Minimum Y"),
-            QStringLiteral("Maximum Y"),
-            QStringLiteral("Symbol View"),
-            QStringLiteral("Show Marker"),
-            QStringLiteral("Buffer Size"),
-            QStringLiteral("Fix Aspect Ratio 1:1"),
-            QStringLiteral("Show Numbers On X Axis"),
-            QStringLiteral("Show Numbers On Y Axis")};
-}
-
-QStringList VXXYGRAPH::shownValues() const {
-    const PropertyStore& p = inCTRL().properties();
-    const AxisRange visible = strip().visible();
-    return {choiceWord(kGridWords, p.integer(StripGrid)),
-            flagWord(p.flag(GraphAutoScaleX)),
-            textOfNumber(visible.low),
-            textOfNumber(visible.high),
-            flagWord(p.flag(GraphAutoScaleY)),
-            textOfNumber(p.number(StripMinimumY)),
-            textOfNumber(p.number(StripMaximumY)),
-            choiceWord(kSymbolWords, p.integer(StripSymbolView)),
-            flagWord(p.integer(StripShowMarker) == 1),
-            textOfNumber(p.number(StripBufferSize)),
-            flagWord(p.flag(GraphFixAspect)),
-            flagWord(p.flag(StripShowNumbersX)),
-            flagWord(p.flag(StripShowNumbersY))};
 }
 
 } // namespace vistor

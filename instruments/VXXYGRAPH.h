@@ -16,8 +16,6 @@ public:
 protected:
     void followPoint(double x, double y) override;
     QString trackName(const PinTable& table, int track) const override;
-    QStringList shownLabels() const override;
-    QStringList shownValues() const override;
 
 private:
     Extremes m_x; ///< of every point so far, whatever is cleared

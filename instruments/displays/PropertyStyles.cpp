@@ -29,7 +29,7 @@ PanelStyle panelStyleOf(const PropertyStore& properties, const PanelNumbers& num
     style.light = colour(numbers.light);
     style.shadow = colour(numbers.shadow);
     if (numbers.showCaption == 0 || !properties.flag(numbers.showCaption)) return style;
-    style.caption = properties.text(numbers.caption);
+    style.caption = properties.text(numbers.caption).left(kLongestText);
     style.captionAlignment = alignmentOf(properties.integer(numbers.captionAlignment));
     style.captionBelow = properties.integer(numbers.captionPlace) == 1;
     style.captionColour = colour(numbers.captionColour);

@@ -37,6 +37,8 @@ struct FontNumbers {
     std::int16_t strikeOut = 0;
 };
 
+inline constexpr int kLongestText = 199; ///< of what a property has painted
+
 /// The alignment of one of kAlignmentWords; left for another number.
 Qt::Alignment alignmentOf(int choice);
 

@@ -1,5 +1,7 @@
 #include "instruments/displays/StripAxes.h"
 
+#include <QTransform>
+
 #include <algorithm>
 #include <cmath>
 
@@ -24,6 +26,12 @@ double roundStep(double least) {
 /// The power of ten of a number's first digit.
 int placeOf(double number) {
     return static_cast<int>(std::floor(std::log10(number) + 1e-9));
+}
+
+/// Grown to whole device pixels, so that the grid's picture is copied and not scaled.
+QRectF onPixels(const QRectF& frame, double ratio) {
+    const QRect pixels = QTransform::fromScale(ratio, ratio).mapRect(frame).toAlignedRect();
+    return {pixels.x() / ratio, pixels.y() / ratio, pixels.width() / ratio, pixels.height() / ratio};
 }
 
 int decimalsOf(double step) {
@@ -61,14 +69,14 @@ Tics ticsOf(const AxisRange& range, int most) {
     return tics;
 }
 
-QString ticText(const Tics& tics, int index) {
+QString ticText(const Tics& tics, int index, int leastDecimals) {
     double value = tics.at(index);
     if (std::abs(value) < tics.step * 1e-6) value = 0; // not "-0"
     const double largest = std::max(std::abs(tics.first), std::abs(tics.at(tics.count - 1)));
     constexpr double kPlainBelow = 1e7;
     constexpr double kPlainStep = 0.99e-5;
     if (largest < kPlainBelow && tics.step > kPlainStep)
-        return QString::number(value, 'f', decimalsOf(tics.step));
+        return QString::number(value, 'f', std::max(decimalsOf(tics.step), leastDecimals));
     const int digits = placeOf(largest > 0 ? largest : tics.step) - placeOf(tics.step) + 1;
     return QString::number(value, 'g', std::clamp(digits, 1, 15));
 }
@@ -91,8 +99,7 @@ StripLayout layOutStrip(const QRectF& room, const StripLook& look) {
     }
     if (layout.numbersY && !look.legend)
         frame.setTop(frame.top() + look.lineHeight / 4); // the topmost number
-    // Whole pixels, so that the grid's picture is copied and not scaled.
-    layout.frame = frame.isValid() ? QRectF(frame.toAlignedRect()) : QRectF(room.topLeft(), QSizeF(1, 1));
+    layout.frame = frame.isValid() ? onPixels(frame, look.ratio) : QRectF(room.topLeft(), QSizeF(1, 1));
     const double inset = std::min(4.0, layout.frame.height() / 8);
     layout.data = layout.frame.adjusted(inset, inset, -inset, -inset);
     return layout;

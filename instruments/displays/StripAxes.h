@@ -35,9 +35,9 @@ struct Tics {
 /// At most `most` tics (at least 2) on a range that is paintable.
 Tics ticsOf(const AxisRange& range, int most);
 
-/// The number at a tic, with as many decimals as its step needs and "." as the mark; very large and very
-/// small ones with an exponent.
-QString ticText(const Tics& tics, int index);
+/// The number at a tic, with as many decimals as its step needs, or `leastDecimals`, and "." as the mark;
+/// very large and very small ones with an exponent.
+QString ticText(const Tics& tics, int index, int leastDecimals = 0);
 
 /// Linear from a range to pixels; the ends may stand either way round.
 struct AxisMap {
@@ -62,10 +62,11 @@ struct StripLook {
     bool legend = false;
     double lineHeight = 12; ///< of a number's text, logical pixels
     double widestY = 0;     ///< text width of the widest Y number
+    double ratio = 1;       ///< device pixels to a logical one
 };
 
 struct StripLayout {
-    QRectF frame;  ///< of the grid
+    QRectF frame;  ///< of the grid, on whole device pixels
     QRectF data;   ///< where the ranges' ends lie: inside the frame, so that what is extreme is seen whole
     QRectF legend; ///< empty: none
     bool numbersX = false;

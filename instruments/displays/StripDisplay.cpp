@@ -80,6 +80,12 @@ AxisRange StripDisplay::visible() const {
     return visibleX(properties().number(StripOrigin), properties().number(StripLength), m_scrolling);
 }
 
+void StripDisplay::tellVisible() {
+    const AxisRange ends = visible();
+    properties().setNumber(StripMaximumX, ends.high);
+    properties().setNumber(StripMinimumX, ends.low);
+}
+
 void StripDisplay::setTraceNames(const QStringList& names) {
     if (names == m_names) return;
     m_names = names;
@@ -108,18 +114,24 @@ StripDisplay::Scene StripDisplay::sceneNow() const {
     StripLook look;
     look.numbersX = scene.style.numbersX;
     look.numbersY = scene.style.numbersY;
+    look.ratio = devicePixelRatioF();
     look.lineHeight = metrics.ascent() + metrics.descent();
     const auto entries = static_cast<double>(legendEntries().size());
     look.legend = entries > 0 && room.width() / entries > look.lineHeight * 5;
     scene.layout = layOutStrip(room, look);
     const double pitchY = look.lineHeight * 2.4;
-    scene.y = axisOf(rangeY(p, currentTrace(p)), ticsThatFit(scene.layout.frame.height(), pitchY));
+    const int current = currentTrace(p);
+    scene.y = axisOf(rangeY(p, current), ticsThatFit(scene.layout.frame.height(), pitchY),
+                     leastDecimals(p, StripDecimalsY, current));
     look.widestY = widestOf(metrics, scene.y.texts);
     scene.layout = layOutStrip(room, look);
     const double width = scene.layout.frame.width();
-    scene.x = axisOf(visible(), ticsThatFit(width, look.lineHeight * 2.6));
+    const auto axisX = [&](double pitch) {
+        return axisOf(visible(), ticsThatFit(width, pitch), leastDecimals(p, StripDecimalsX));
+    };
+    scene.x = axisX(look.lineHeight * 2.6);
     const double pitchX = widestOf(metrics, scene.x.texts) + look.lineHeight * 1.2;
-    if (pitchX * scene.x.tics.count > width) scene.x = axisOf(visible(), ticsThatFit(width, pitchX));
+    if (pitchX * scene.x.tics.count > width) scene.x = axisX(pitchX);
     const double pixels = width * scene.layout.frame.height();
     scene.ratio = std::min(devicePixelRatioF(), std::sqrt(kLargestPlot / std::max(pixels, 1.0)));
     return scene;
@@ -138,14 +150,33 @@ void StripDisplay::paintStatic(QPainter& painter) {
 void StripDisplay::paintMoving(QPainter& painter) {
     const Scene scene = sceneNow();
     paintPlot(scene);
-    painter.drawImage(scene.layout.frame, m_plot);
+    copyPlot(painter, scene);
     paintNumbers(painter, scene.style, scene.layout, scene.x, scene.y);
     if (!scene.layout.legend.isEmpty()) paintLegend(painter, scene.style, scene.layout, legendEntries());
+    if (scene.style.marker) paintMarkerNow(painter, scene);
+    paintCaptions(painter, scene.style, scene.layout, properties());
+}
+
+/// Pixel by pixel also where the display stands between the screen's pixels.
+void StripDisplay::copyPlot(QPainter& painter, const Scene& scene) const {
+    const QTransform& toDevice = painter.deviceTransform();
+    QRectF place = scene.layout.frame;
+    if (toDevice.type() <= QTransform::TxScale && std::abs(toDevice.m11() - scene.ratio) < 1e-6)
+        place = toDevice.inverted().mapRect(
+            QRectF(toDevice.map(place.topLeft()).toPoint(), QSizeF(m_plot.size())));
+    painter.drawImage(place, m_plot);
+}
+
+void StripDisplay::paintMarkerNow(QPainter& painter, const Scene& scene) const {
+    const TraceRing* current = heldBy(currentTrace(properties()));
     const bool holdsPoints =
         std::any_of(m_traces.begin(), m_traces.end(), [](const TraceRing& ring) { return ring.size() > 0; });
-    if (scene.style.marker && holdsPoints)
-        paintMarker(painter, scene.style, scene.layout, scene.x.range, scene.y.range);
-    paintCaptions(painter, scene.style, scene.layout, properties());
+    if (m_scrolling ? current == nullptr : !holdsPoints) return;
+    const PropertyStore& p = properties();
+    const QPointF place = m_scrolling
+                              ? QPointF(current->x(current->size() - 1), current->y(current->size() - 1))
+                              : QPointF(p.number(StripMarkerX), p.number(StripMarkerY));
+    paintMarker(painter, scene.style, place, scene.layout, scene.x.range, scene.y.range);
 }
 
 void StripDisplay::paintPlot(const Scene& scene) {
@@ -172,7 +203,7 @@ void StripDisplay::paintTrace(const Scene& scene, StripRaster& raster, int trace
         const auto runs = std::min<std::size_t>(ring.runCount(), kMostRunsPainted);
         for (std::size_t i = 0; i < runs; ++i) raster.paintRun(ring, ring.run(i), x, y, stroke);
     } else {
-        const PathPieces path = thinnedPath(ring, x, y, m_plot.size());
+        const PathPieces path = thinnedPath(ring, x, y, m_plot.size(), stroke.width / 2 + 1);
         const PathPieces pieces = dashes.empty() ? path : dashed(path, dashes);
         for (std::size_t i = 0; i < pieces.count(); ++i) raster.paintLine(pieces.piece(i), stroke);
     }

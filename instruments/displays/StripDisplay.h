@@ -32,12 +32,15 @@ public:
 
     /// What the properties make visible, before anything is done to paint it.
     AxisRange visible() const;
+    /// Writes the ends of it into the properties that tell them. Due when origin or length was written.
+    void tellVisible();
     /// What the legend says of traces to which their line section gives no name.
     void setTraceNames(const QStringList& names);
     /// Where the parts of the picture stand now, in logical pixels.
     StripLayout layoutNow() const;
 
 protected:
+    void propertiesReplaced() override { tellVisible(); }
     void paintStatic(QPainter& painter) override;
     void paintMoving(QPainter& painter) override;
 
@@ -47,6 +50,9 @@ private:
     const TraceRing* heldBy(int trace) const;
     Scene sceneNow() const;
     std::vector<LegendEntry> legendEntries() const;
+    /// On a scrolling display at the newest point of the current trace, else where the properties say.
+    void paintMarkerNow(QPainter& painter, const Scene& scene) const;
+    void copyPlot(QPainter& painter, const Scene& scene) const;
     void paintPlot(const Scene& scene);
     void paintTrace(const Scene& scene, StripRaster& raster, int trace);
     void paintSymbols(const TraceRing& ring, const AxisMap& x, const AxisMap& y, const TraceStyle& style,

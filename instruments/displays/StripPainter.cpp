@@ -1,6 +1,7 @@
 #include "instruments/displays/StripPainter.h"
 
 #include "instruments/Colours.h"
+#include "instruments/displays/PropertyStyles.h"
 
 #include <QPainter>
 
@@ -48,11 +49,11 @@ QPen chipPen(const TraceStyle& style) {
 
 } // namespace
 
-StripAxis axisOf(const AxisRange& range, int mostTics) {
+StripAxis axisOf(const AxisRange& range, int mostTics, int leastDecimals) {
     StripAxis axis;
     axis.range = paintable(range);
     axis.tics = ticsOf(axis.range, mostTics);
-    for (int i = 0; i < axis.tics.count; ++i) axis.texts << ticText(axis.tics, i);
+    for (int i = 0; i < axis.tics.count; ++i) axis.texts << ticText(axis.tics, i, leastDecimals);
     return axis;
 }
 
@@ -133,10 +134,10 @@ void paintLegend(QPainter& painter, const StripStyle& style, const StripLayout& 
     }
 }
 
-void paintMarker(QPainter& painter, const StripStyle& style, const StripLayout& layout, const AxisRange& x,
-                 const AxisRange& y) {
-    const QPointF at(layout.frame.left() + frameMapX(layout, x, 1)(style.markerPlace.x()),
-                     layout.frame.top() + frameMapY(layout, y, 1)(style.markerPlace.y()));
+void paintMarker(QPainter& painter, const StripStyle& style, const QPointF& place, const StripLayout& layout,
+                 const AxisRange& x, const AxisRange& y) {
+    const QPointF at(layout.frame.left() + frameMapX(layout, x, 1)(place.x()),
+                     layout.frame.top() + frameMapY(layout, y, 1)(place.y()));
     if (!layout.frame.adjusted(-1, -1, 1, 1).contains(at)) return;
     constexpr double kRadius = 4;
     QColor hair = style.fore;
@@ -156,7 +157,7 @@ void paintCaptions(QPainter& painter, const StripStyle& style, const StripLayout
     for (int i = 0; i < p.integer(StripCaptionCount); ++i) {
         const double x = std::clamp(p.number(StripCaptionX, i), 0.0, 100.0) / 100;
         const double y = std::clamp(p.number(StripCaptionY, i), 0.0, 100.0) / 100;
-        const QString& text = p.text(StripCaption, i);
+        const QString text = p.text(StripCaption, i).left(kLongestText);
         const double slack = std::max(layout.frame.width() - metrics.horizontalAdvance(text), 0.0);
         const double fall = std::max(layout.frame.height() - metrics.height(), 0.0);
         painter.setPen(colourOf(p.integer(StripCaptionColour, i)));

@@ -17,7 +17,7 @@ struct StripAxis {
     QStringList texts;
 };
 
-StripAxis axisOf(const AxisRange& range, int mostTics);
+StripAxis axisOf(const AxisRange& range, int mostTics, int leastDecimals);
 
 struct LegendEntry {
     QString name;
@@ -36,9 +36,9 @@ void paintNumbers(QPainter& painter, const StripStyle& style, const StripLayout&
                   const StripAxis& y);
 void paintLegend(QPainter& painter, const StripStyle& style, const StripLayout& layout,
                  const std::vector<LegendEntry>& entries);
-/// A ring on the marker's place with lines to the edges; nothing where it is out of sight.
-void paintMarker(QPainter& painter, const StripStyle& style, const StripLayout& layout, const AxisRange& x,
-                 const AxisRange& y);
+/// A ring on a place, in units of the axes, with lines to the edges; nothing where it is out of sight.
+void paintMarker(QPainter& painter, const StripStyle& style, const QPointF& place, const StripLayout& layout,
+                 const AxisRange& x, const AxisRange& y);
 
 /// The texts of the caption sections, at their places in the frame.
 void paintCaptions(QPainter& painter, const StripStyle& style, const StripLayout& layout,

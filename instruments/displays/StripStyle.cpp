@@ -1,6 +1,7 @@
 #include "instruments/displays/StripStyle.h"
 
 #include "instruments/Colours.h"
+#include "instruments/displays/PropertyStyles.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,19 +15,33 @@ constexpr double kDashDot[] = {6, 2.5, 1.2, 2.5};
 constexpr double kDashDotDot[] = {6, 2.5, 1.2, 2.5, 1.2, 2.5};
 constexpr std::span<const double> kDashes[] = {{}, kDash, kDot, kDashDot, kDashDotDot};
 
-constexpr Qt::AlignmentFlag kAlignments[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
-
-QColor colourIn(const PropertyStore& p, StripProperty number) {
-    return colourOf(p.integer(number));
-}
+constexpr PanelNumbers kPanel{.back = StripBackColour,
+                              .border = StripBorder,
+                              .borderWidth = StripBorderWidth,
+                              .light = StripBorderLight,
+                              .shadow = StripBorderShadow,
+                              .showCaption = StripShowTitle,
+                              .caption = StripTitle,
+                              .captionAlignment = StripTitleAlignment,
+                              .captionPlace = StripTitlePlace,
+                              .captionColour = StripTitleColour};
+constexpr FontNumbers kFont{.family = StripFontName,
+                            .substitute = StripFontSubstitute,
+                            .bold = StripFontBold,
+                            .italic = StripFontItalic,
+                            .underline = StripFontUnderline,
+                            .strikeOut = StripFontStrikeOut};
 
 /// 0 for what a choice does not know.
 std::size_t chosen(int value, std::size_t count) {
     return value >= 0 && static_cast<std::size_t>(value) < count ? static_cast<std::size_t>(value) : 0;
 }
 
-double between(double value, double low, double high, double otherwise) {
-    return value >= low && value <= high ? value : otherwise;
+/// A number held to what the sheet lets a person enter, whatever a file says.
+double within(const PropertyStore& p, StripProperty number, int index) {
+    const PropertyInfo& info = *p.table().info(number);
+    const double value = p.number(number, index);
+    return std::isnan(value) ? info.initial : std::clamp(value, info.low, info.high);
 }
 
 double brightness(const QColor& colour) {
@@ -40,30 +55,18 @@ QColor legible(const QColor& wanted, const QColor& ground) {
 }
 
 PanelStyle panelStyle(const PropertyStore& p) {
-    PanelStyle style;
-    style.back = colourIn(p, StripBackColour);
-    style.border = static_cast<Border>(chosen(p.integer(StripBorder), 4));
-    style.borderWidth = std::clamp(p.integer(StripBorderWidth), 0, 20);
-    style.light = colourIn(p, StripBorderLight);
-    style.shadow = colourIn(p, StripBorderShadow);
-    if (p.flag(StripShowTitle)) style.caption = p.text(StripTitle);
-    style.captionAlignment = kAlignments[chosen(p.integer(StripTitleAlignment), std::size(kAlignments))];
-    style.captionBelow = p.integer(StripTitlePlace) == 1;
-    style.captionColour = legible(colourIn(p, StripTitleColour), style.back);
+    PanelStyle style = panelStyleOf(p, kPanel);
+    style.captionColour = legible(style.captionColour, style.back);
     return style;
 }
 
 QFont numberFont(const PropertyStore& p, const QSizeF& size) {
-    QFont font;
     if (p.integer(StripFontCount) == 0) {
+        QFont font;
         font.setPixelSize(std::clamp(qRound(std::min(size.width(), size.height()) * 0.035 + 2), 9, 14));
         return font;
     }
-    font.setFamily(p.text(StripFontName, 0));
-    font.setPixelSize(qRound(between(p.number(StripFontSize, 0), 4, 72, 9) * 4 / 3));
-    font.setBold(p.flag(StripFontBold, 0));
-    font.setItalic(p.flag(StripFontItalic, 0));
-    return font;
+    return fontOf(p, kFont, qRound(within(p, StripFontSize, 0) * 4 / 3));
 }
 
 /// Of the section that a trace takes its line from; -1 without sections.
@@ -96,7 +99,6 @@ StripStyle stripStyle(const PropertyStore& p, const QSizeF& size) {
     style.numbersX = p.flag(StripShowNumbersX);
     style.numbersY = p.flag(StripShowNumbersY);
     style.marker = p.integer(StripShowMarker) == 1;
-    style.markerPlace = {p.number(StripMarkerX), p.number(StripMarkerY)};
     return style;
 }
 
@@ -105,16 +107,21 @@ TraceStyle traceStyle(const PropertyStore& p, int trace) {
     style.colour = colourOf(p.integer(StripTraceColour, trace));
     const int line = lineOf(p, trace);
     if (line < 0) return style;
-    style.width = between(p.number(StripLineWidth, line), 0.5, 10, style.width);
+    style.width = within(p, StripLineWidth, line);
     style.dashes = kDashes[chosen(p.integer(StripLineStyle, line), std::size(kDashes))];
     style.symbol =
         static_cast<StripSymbol>(chosen(p.integer(StripSymbolView, line), std::size(kSymbolWords)));
-    style.symbolSize = between(p.number(StripSymbolSize, line), 2, 40, style.symbolSize);
+    style.symbolSize = within(p, StripSymbolSize, line);
     return style;
 }
 
 QString traceName(const PropertyStore& p, int trace) {
-    return p.text(StripLineName, trace);
+    return p.text(StripLineName, trace).left(kLongestText);
+}
+
+int leastDecimals(const PropertyStore& p, StripProperty number, int index) {
+    const int asked = p.integer(number, index);
+    return asked <= kMostStripDecimals ? std::max(asked, 0) : 0;
 }
 
 int currentTrace(const PropertyStore& p) {

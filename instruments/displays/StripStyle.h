@@ -9,7 +9,6 @@
 
 #include <QColor>
 #include <QFont>
-#include <QPointF>
 
 #include <span>
 
@@ -27,7 +26,6 @@ struct StripStyle {
     bool numbersX = false;
     bool numbersY = false;
     bool marker = false;
-    QPointF markerPlace; ///< in units of the axes
 };
 
 struct TraceStyle {
@@ -45,6 +43,10 @@ StripStyle stripStyle(const PropertyStore& properties, const QSizeF& size);
 TraceStyle traceStyle(const PropertyStore& properties, int trace);
 /// The name that a line section gives to its own trace; empty where it gives none.
 QString traceName(const PropertyStore& properties, int trace);
+
+/// Decimals that an axis is to have even where its steps need fewer: X by StripDecimalsX, a trace's Y by
+/// StripDecimalsY. A number that nobody could have entered asks for none.
+int leastDecimals(const PropertyStore& properties, StripProperty number, int index = 0);
 
 /// The trace that the selector names, 0 without traces.
 int currentTrace(const PropertyStore& properties);

@@ -1,6 +1,7 @@
 #include "instruments/displays/StripTable.h"
 
-#include "instruments/displays/Panel.h"
+#include "instruments/displays/PropertyMakers.h"
+#include "instruments/displays/PropertyStyles.h"
 
 #include <algorithm>
 
@@ -9,9 +10,6 @@ namespace {
 
 using enum PropertyType;
 
-constexpr const char* kBorders[] = {"None", "Flat", "Raised", "Sunken"};
-constexpr const char* kAlignments[] = {"Left", "Right", "Centre"};
-constexpr const char* kPlaces[] = {"Above", "Below"};
 constexpr const char* kOffOn[] = {"Off", "On"};
 
 constexpr const char* kPlotGroup = "Plot";
@@ -21,16 +19,8 @@ constexpr const char* kPanelGroup = "Panel";
 constexpr const char* kTitleGroup = "Title";
 constexpr const char* kGroups[] = {kPlotGroup, kAxesGroup, kMarkerGroup, kPanelGroup, kTitleGroup};
 
-constexpr PropertyInfo plain(int number, PropertyType type) {
-    return {.number = static_cast<std::int16_t>(number), .type = type};
-}
-
-constexpr PropertyInfo valued(int number, PropertyType type, const char* label, double initial,
-                              const char* group = nullptr, double low = 0, double high = 0) {
-    PropertyInfo info = plain(number, type);
-    info.label = label;
-    info.initial = initial;
-    info.group = group;
+/// With bounds for what a person enters.
+constexpr PropertyInfo within(PropertyInfo info, double low, double high) {
     info.low = low;
     info.high = high;
     return info;
@@ -41,108 +31,107 @@ constexpr PropertyInfo live(PropertyInfo info) {
     return info;
 }
 
-constexpr PropertyInfo colour(int number, const char* label, int initial, const char* group = nullptr) {
-    PropertyInfo info = valued(number, Long, label, initial, group);
-    info.editor = Editor::Colour;
-    return info;
-}
-
-constexpr PropertyInfo choice(int number, PropertyType type, const char* label, int initial,
-                              std::span<const char* const> words, const char* group = nullptr) {
-    PropertyInfo info = valued(number, type, label, initial, group);
-    info.editor = Editor::Choice;
-    info.choices = {words};
+/// An end of the visible X.
+constexpr PropertyInfo told(std::int16_t number, const char* label, double initial) {
+    PropertyInfo info = live(realProperty(number, label, initial, kAxesGroup));
+    info.readOnly = true;
     return info;
 }
 
 constexpr PropertyInfo kShared[] = {
-    plain(116, String),
-    colour(StripBackColour, "Back Colour", 0x1E1812, kPanelGroup),
-    choice(StripBorder, Integer, "Border", int(Border::Sunken), kBorders, kPanelGroup),
-    valued(StripBorderWidth, Integer, "Border Width", 1, kPanelGroup, 0, 20),
-    colour(StripBorderLight, "Border Light Colour", 0x5C5044, kPanelGroup),
-    colour(StripBorderShadow, "Border Shadow Colour", 0x0C0A08, kPanelGroup),
-    valued(StripShowTitle, Boolean, "Show Title", 0, kTitleGroup),
-    choice(StripTitleAlignment, Integer, "Title Alignment", 0, kAlignments, kTitleGroup),
-    colour(StripTitleColour, "Title Colour", 0xC8BCAE, kTitleGroup),
-    choice(StripTitlePlace, Long, "Title Place", 0, kPlaces, kTitleGroup),
-    valued(StripTitle, String, "Title", 0, kTitleGroup),
-    valued(StripBufferSize, Long, "Buffer Size", 10'000, kPlotGroup, 2, 4'000'000),
-    plain(71, Long),
-    plain(105, Long),
-    choice(StripShowMarker, Long, "Show Marker", 0, kOffOn, kMarkerGroup),
-    plain(21, Long),
-    choice(StripGrid, Long, "Grid", int(StripGridLines::Both), kGridWords, kAxesGroup),
-    plain(25, Long),
-    plain(6, Double),
-    plain(5, Double),
-    plain(7, Double),
-    plain(8, Double),
-    plain(96, Boolean),
-    plain(97, Boolean),
-    plain(74, Long),
-    plain(73, Integer),
-    plain(82, Boolean),
-    plain(83, Boolean),
-    plain(114, Integer),
-    plain(103, Long),
-    live(valued(StripMarkerX, Double, "Marker X", 0, kMarkerGroup)),
-    live(valued(StripMarkerY, Double, "Marker Y", 0, kMarkerGroup)),
-    plain(39, Long),
-    plain(40, Integer),
-    plain(75, Long),
-    plain(76, Long),
-    plain(77, Integer),
-    plain(78, Double),
-    plain(79, String),
-    plain(118, Long),
-    plain(88, Long),
-    valued(StripShowNumbersX, Boolean, "Show Numbers On X And Y", -1, kAxesGroup),
-    plain(43, Integer),
-    plain(106, Long),
-    plain(107, Long),
-    plain(80, Integer),
-    plain(28, Long),
-    plain(26, Integer),
-    plain(27, Integer),
-    live(valued(StripMaximumX, Double, "Maximum X", 30, kAxesGroup)),
-    live(valued(StripMinimumX, Double, "Minimum X", 0, kAxesGroup)),
-    live(valued(StripLength, Double, "Time Along X Axis", 30, kAxesGroup)),
-    live(valued(StripOrigin, Double, "X Origin", 30, kAxesGroup)),
-    plain(89, String),
-    plain(90, String),
-    plain(91, String),
-    plain(92, String),
-    plain(95, String),
-    plain(93, String),
-    plain(94, String),
-    plain(StripFontCount, Integer),
-    plain(StripCaptionCount, Integer),
-    valued(StripTraceCount, Integer, "Traces", 1, kPlotGroup),
-    plain(119, Integer),
-    valued(StripLineCount, Integer, "Lines", 1, kPlotGroup),
+    keptProperty(116, String),
+    colourProperty(StripBackColour, "Back Colour", 0x1E1812, kPanelGroup),
+    choiceProperty(StripBorder, Integer, "Border", int(Border::Sunken), kBorderWords, kPanelGroup),
+    wholeProperty(StripBorderWidth, "Border Width", 1, 0, 20, kPanelGroup),
+    colourProperty(StripBorderLight, "Border Light Colour", 0x5C5044, kPanelGroup),
+    colourProperty(StripBorderShadow, "Border Shadow Colour", 0x0C0A08, kPanelGroup),
+    flagProperty(StripShowTitle, "Show Title", false, kTitleGroup),
+    choiceProperty(StripTitleAlignment, Integer, "Title Alignment", 0, kAlignmentWords, kTitleGroup),
+    colourProperty(StripTitleColour, "Title Colour", 0xC8BCAE, kTitleGroup),
+    choiceProperty(StripTitlePlace, Long, "Title Place", 0, kCaptionPlaceWords, kTitleGroup),
+    textProperty(StripTitle, "Title", kTitleGroup),
+    {.number = StripBufferSize,
+     .type = Long,
+     .label = "Buffer Size",
+     .initial = 10'000,
+     .group = kPlotGroup,
+     .low = 2,
+     .high = 4'000'000},
+    keptProperty(71, Long),
+    keptProperty(105, Long),
+    choiceProperty(StripShowMarker, Long, "Show Marker", 0, kOffOn, kMarkerGroup),
+    keptProperty(21, Long),
+    choiceProperty(StripGrid, Long, "Grid", int(StripGridLines::Both), kGridWords, kAxesGroup),
+    keptProperty(25, Long),
+    keptProperty(6, Double),
+    keptProperty(5, Double),
+    keptProperty(7, Double),
+    keptProperty(8, Double),
+    keptProperty(96, Boolean),
+    keptProperty(97, Boolean),
+    keptProperty(74, Long),
+    keptProperty(73, Integer),
+    keptProperty(82, Boolean),
+    keptProperty(83, Boolean),
+    keptProperty(114, Integer),
+    keptProperty(103, Long),
+    live(realProperty(StripMarkerX, "Marker X", 0, kMarkerGroup)),
+    live(realProperty(StripMarkerY, "Marker Y", 0, kMarkerGroup)),
+    keptProperty(39, Long),
+    keptProperty(40, Integer),
+    keptProperty(75, Long),
+    keptProperty(76, Long),
+    keptProperty(77, Integer),
+    keptProperty(78, Double),
+    keptProperty(79, String),
+    keptProperty(118, Long),
+    keptProperty(88, Long),
+    flagProperty(StripShowNumbersX, "Show Numbers On X Axis", true, kAxesGroup),
+    wholeProperty(StripDecimalsX, "Least Decimals On X Axis", 0, 0, kMostStripDecimals, kAxesGroup),
+    keptProperty(106, Long),
+    keptProperty(107, Long),
+    keptProperty(80, Integer),
+    keptProperty(28, Long),
+    keptProperty(26, Integer),
+    keptProperty(27, Integer),
+    told(StripMaximumX, "Maximum X", 30),
+    told(StripMinimumX, "Minimum X", 0),
+    live(realProperty(StripLength, "Time Along X Axis", 30, kAxesGroup)),
+    live(realProperty(StripOrigin, "X Origin", 30, kAxesGroup)),
+    keptProperty(89, String),
+    keptProperty(90, String),
+    keptProperty(91, String),
+    keptProperty(92, String),
+    keptProperty(95, String),
+    keptProperty(93, String),
+    keptProperty(94, String),
+    keptProperty(StripFontCount, Integer),
+    keptProperty(StripCaptionCount, Integer),
+    wholeProperty(StripTraceCount, nullptr, 1, 0, 0),
+    keptProperty(119, Integer),
+    wholeProperty(StripLineCount, nullptr, 1, 0, 0),
 };
 
 constexpr PropertyInfo kFonts[] = {
-    plain(45, Integer),
+    keptProperty(45, Integer),
     {.number = StripFontName, .type = FontName, .label = "Font", .initialText = "Sans"},
-    plain(46, String),
-    valued(StripFontSize, Single, "Font Size", 9, nullptr, 4, 72),
-    valued(StripFontBold, Boolean, "Bold", 0),
-    valued(StripFontItalic, Boolean, "Italic", 0),
-    plain(51, Boolean),
-    plain(50, Boolean),
+    textProperty(StripFontSubstitute, "Font Substitute"),
+    {.number = StripFontSize, .type = Single, .label = "Font Size", .initial = 9, .low = 4, .high = 72},
+    flagProperty(StripFontBold, "Bold", false),
+    flagProperty(StripFontItalic, "Italic", false),
+    flagProperty(StripFontUnderline, "Underline", false),
+    flagProperty(StripFontStrikeOut, "Strike Out", false),
 };
 
 constexpr PropertyInfo kCaptions[] = {
-    plain(58, Integer),
-    plain(57, Integer),
-    colour(StripCaptionColour, "Caption Colour", 0xC8BCAE),
-    plain(104, Long),
-    plain(56, Long),
-    valued(StripCaptionX, Double, "Place From Left %", 2, nullptr, 0, 100),
-    valued(StripCaptionY, Double, "Place From Top %", 2, nullptr, 0, 100),
-    valued(StripCaption, String, "Caption", 0),
+    keptProperty(58, Integer),
+    keptProperty(57, Integer),
+    colourProperty(StripCaptionColour, "Caption Colour", 0xC8BCAE),
+    keptProperty(104, Long),
+    keptProperty(56, Long),
+    within(realProperty(StripCaptionX, "Place From Left %", 2), 0, 100),
+    within(realProperty(StripCaptionY, "Place From Top %", 2), 0, 100),
+    textProperty(StripCaption, "Caption"),
 };
 
 /// Amber, cyan, green, magenta, yellow, blue, red and violet, apart also to eyes that tell colours badly.
@@ -150,72 +139,74 @@ constexpr double kTraceColours[] = {0x2EB4FF, 0xEBC84B, 0x6BD66B, 0xC06CF0,
                                     0x5BE6F2, 0xFF9A62, 0x5A5AF5, 0xE0A0B4};
 
 constexpr PropertyInfo traceColour() {
-    PropertyInfo info = colour(StripTraceColour, "Trace Colour", int(kTraceColours[0]));
+    PropertyInfo info = colourProperty(StripTraceColour, "Trace Colour", int(kTraceColours[0]));
     info.initials = kTraceColours;
     return info;
 }
 
 constexpr PropertyInfo kTraces[] = {
-    plain(StripTrace, Integer),
-    plain(112, Boolean),
-    plain(108, Long),
-    plain(113, Long),
+    keptProperty(StripTrace, Integer),
+    keptProperty(112, Boolean),
+    keptProperty(108, Long),
+    keptProperty(113, Long),
     traceColour(),
-    plain(54, Boolean),
-    plain(55, Long),
-    plain(53, Double),
-    valued(StripShowNumbersY, Boolean, "Show Numbers On Y Axis", -1),
-    plain(34, Long),
-    plain(38, Integer),
-    plain(109, Long),
-    plain(110, Long),
-    plain(81, Integer),
-    plain(64, Double),
-    plain(65, Double),
-    live(valued(StripMaximumY, Double, "Maximum Y", 100)),
-    live(valued(StripMinimumY, Double, "Minimum Y", 0)),
-    plain(35, Integer),
-    plain(36, Integer),
-    plain(98, Double),
-    plain(99, Double),
-    plain(117, Double),
-    plain(0, Double),
+    keptProperty(54, Boolean),
+    keptProperty(55, Long),
+    keptProperty(53, Double),
+    flagProperty(StripShowNumbersY, "Show Numbers On Y Axis", true),
+    keptProperty(34, Long),
+    wholeProperty(StripDecimalsY, "Least Decimals On Y Axis", 0, 0, kMostStripDecimals),
+    keptProperty(109, Long),
+    keptProperty(110, Long),
+    keptProperty(81, Integer),
+    keptProperty(64, Double),
+    keptProperty(65, Double),
+    live(realProperty(StripMaximumY, "Maximum Y", 100)),
+    live(realProperty(StripMinimumY, "Minimum Y", 0)),
+    keptProperty(35, Integer),
+    keptProperty(36, Integer),
+    keptProperty(98, Double),
+    keptProperty(99, Double),
+    keptProperty(117, Double),
+    keptProperty(0, Double),
 };
 
 constexpr PropertyInfo kFourths[] = {
-    plain(120, Integer),
-    plain(121, Long),
-    plain(122, Double),
-    plain(123, Double),
+    keptProperty(120, Integer),
+    keptProperty(121, Long),
+    keptProperty(122, Double),
+    keptProperty(123, Double),
 };
 
 constexpr PropertyInfo kLines[] = {
-    plain(13, Integer),
-    valued(StripSymbolSize, Integer, "Symbol Size", 7, nullptr, 2, 40),
-    plain(87, Long),
-    plain(111, Boolean),
-    plain(84, Boolean),
-    plain(17, Double),
-    plain(16, Double),
-    plain(23, Integer),
-    colour(StripForeColour, "Fore Colour", 0xC8BCAE),
-    choice(StripLineStyle, Long, "Line Style", 0, kLineStyleWords),
-    choice(StripSymbolView, Long, "Symbol View", 0, kSymbolWords),
-    valued(StripLineName, String, "Name", 0),
-    plain(15, String),
-    valued(StripLineWidth, Double, "Line Width", 1.5, nullptr, 0.5, 10),
+    keptProperty(13, Integer),
+    wholeProperty(StripSymbolSize, "Symbol Size", 7, 2, 40),
+    keptProperty(87, Long),
+    keptProperty(111, Boolean),
+    keptProperty(84, Boolean),
+    keptProperty(17, Double),
+    keptProperty(16, Double),
+    keptProperty(23, Integer),
+    colourProperty(StripForeColour, "Fore Colour", 0xC8BCAE),
+    choiceProperty(StripLineStyle, Long, "Line Style", 0, kLineStyleWords),
+    choiceProperty(StripSymbolView, Long, "Symbol View", 0, kSymbolWords),
+    textProperty(StripLineName, "Name"),
+    keptProperty(15, String),
+    within(realProperty(StripLineWidth, "Line Width", 1.5), 0.5, 10),
 };
 
 constexpr SectionInfo kSections[] = {
     {.name = "Font", .countProperty = StripFontCount, .selectorProperty = 45, .fields = kFonts},
     {.name = "Caption", .countProperty = StripCaptionCount, .selectorProperty = 58, .fields = kCaptions},
     {.name = "Trace", .countProperty = StripTraceCount, .selectorProperty = StripTrace, .fields = kTraces},
-    {.name = "Section 4", .countProperty = 119, .selectorProperty = 120, .fields = kFourths},
+    {.name = "Fourth Section", .countProperty = 119, .selectorProperty = 120, .fields = kFourths},
     {.name = "Line", .countProperty = StripLineCount, .selectorProperty = 13, .fields = kLines},
 };
 
-constexpr PropertyInfo flag(int number, const char* label, bool initial) {
-    return valued(number, Flag, label, initial ? -1 : 0, kAxesGroup);
+constexpr PropertyInfo flag(std::int16_t number, const char* label, bool initial) {
+    PropertyInfo info = flagProperty(number, label, initial, kAxesGroup);
+    info.type = Flag;
+    return info;
 }
 
 /// The shared properties and, behind them, a kind's flags.
@@ -236,7 +227,6 @@ constexpr auto xyProperties() {
                                     flag(GraphAutoScaleY, "Auto Scale Y", true),
                                     flag(GraphFixAspect, "Fix Aspect Ratio 1:1", false)});
     for (PropertyInfo& info : all) {
-        if (info.number == StripShowNumbersX) info.label = "Show Numbers On X Axis";
         if (info.number == StripLength) info.label = "X Axis Length";
         if (info.number == StripOrigin) info.initial = 0;
         if (info.number == StripLength || info.number == StripMaximumX) info.initial = 100;
@@ -248,19 +238,48 @@ constexpr auto xyProperties() {
 constexpr auto kStripProperties = stripProperties();
 constexpr auto kXYProperties = xyProperties();
 
-constexpr KindTable::Parts partsOf(std::span<const PropertyInfo> fixed) {
+constexpr ShownProperty kStripShown[] = {
+    {"Time Along X Axis", StripLength},
+    {"Auto Scale Y", GraphAutoScaleY},
+    {"Minimum Y", StripMinimumY},
+    {"Maximum Y", StripMaximumY},
+    {"Grid", StripGrid},
+    {"Line Style", StripLineStyle},
+    {"Symbol View", StripSymbolView},
+    {"Show Numbers On X And Y", StripShowNumbersX},
+};
+
+constexpr ShownProperty kXYShown[] = {
+    {"Grid", StripGrid},
+    {"Auto Scale X", GraphAutoScaleX},
+    {"Minimum X", StripMinimumX},
+    {"Maximum X", StripMaximumX},
+    {"Auto Scale Y", GraphAutoScaleY},
+    {"Minimum Y", StripMinimumY},
+    {"Maximum Y", StripMaximumY},
+    {"Symbol View", StripSymbolView},
+    {.label = "Show Marker", .number = StripShowMarker, .asFlag = true},
+    {"Buffer Size", StripBufferSize},
+    {"Fix Aspect Ratio 1:1", GraphFixAspect},
+    {"Show Numbers On X Axis", StripShowNumbersX},
+    {"Show Numbers On Y Axis", StripShowNumbersY},
+};
+
+constexpr KindTable::Parts partsOf(std::span<const PropertyInfo> fixed,
+                                   std::span<const ShownProperty> shown) {
     return {.fixed = fixed,
             .groups = kGroups,
             .sections = kSections,
             .pins = PinForm::Graph,
-            .methods = {.redraw = StripRedraw},
+            .methods = {.redraw = kStripRedraw},
             .pinCountProperty = StripTraceCount,
-            .staysEnabled = true};
+            .staysEnabled = true,
+            .shown = shown};
 }
 
 } // namespace
 
-constinit const KindTable kStripTable{partsOf(kStripProperties)};
-constinit const KindTable kXYGraphTable{partsOf(kXYProperties)};
+constinit const KindTable kStripTable{partsOf(kStripProperties, kStripShown)};
+constinit const KindTable kXYGraphTable{partsOf(kXYProperties, kXYShown)};
 
 } // namespace vistor

@@ -16,12 +16,14 @@ enum StripProperty : std::int16_t {
     StripGrid = 10,
     StripBufferSize = 11,
     StripLineCount = 12,
-    StripForeColour = 14, ///< from here to 87, of a line section
+    // Of a line section.
+    StripForeColour = 14,
     StripLineStyle = 18,
     StripSymbolView = 19,
     StripLineName = 20,
     StripSymbolSize = 37,
     StripLineWidth = 72,
+    // Of the axes and traces.
     StripLength = 22, ///< of the visible X
     StripOrigin = 24,
     StripTraceCount = 29,
@@ -29,12 +31,17 @@ enum StripProperty : std::int16_t {
     StripTraceColour = 31,
     StripMinimumY = 32,
     StripMaximumY = 33,
+    StripDecimalsY = 38, ///< of a trace: at least so many, as the steps need more
     StripShowNumbersY = 41,
     StripShowNumbersX = 42,
+    StripDecimalsX = 43,
     StripFontCount = 44,
+    StripFontSubstitute = 46,
     StripFontSize = 47,
     StripFontBold = 48,
     StripFontItalic = 49,
+    StripFontStrikeOut = 50,
+    StripFontUnderline = 51,
     StripCaptionCount = 59,
     StripCaptionColour = 62,
     StripCaptionX = 60,
@@ -57,14 +64,9 @@ enum StripProperty : std::int16_t {
     GraphFixAspect = 1003,
 };
 
-/// Methods by number; the first and the last two take arguments.
-enum StripMethod : std::int16_t {
-    StripAddPoint = 125,
-    StripClear = 127,
-    StripRedraw = 136,
-    StripHighestY = 148,
-    StripLowestY = 149,
-};
+/// The number of the redraw method.
+inline constexpr std::int16_t kStripRedraw = 136;
+inline constexpr int kMostStripDecimals = 6; ///< that a person can ask for
 
 enum class StripGridLines { None, Horizontal, Vertical, Both };
 enum class StripSymbol { None, Circle, Rectangle, Triangle, Diamond };

@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QImage>
 
+#include <array>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -23,17 +24,22 @@ constexpr const char* kSectionItems[] = {"issfbbbb", "iillldds",
                                          "iblllbldblillidddd"
                                          "iidddd",
                                          "ildd", "iilbbddilllssd"};
-constexpr int kSections[] = {2, 1, 3, 1, 2};
+using Sections = std::array<int, 5>;
+constexpr Sections kSections{2, 1, 3, 1, 2};
+
+constexpr int kShowNumbersItem = 43;
 
 QString itemOf(char type, int position) {
     switch (type) {
-    case 'b':
-        return position % 3 == 0 ? QStringLiteral("0") : QStringLiteral("-1");
+    case 'b': // other than the default, so that each is seen to be taken
+        return position == kShowNumbersItem ? QStringLiteral("0") : QStringLiteral("-1");
     case 's':
         return QStringLiteral("text %1, \"=;").arg(position);
     case 'd':
     case 'f':
-        return QString::number(position + 0.25);
+        return position % 4 == 0   ? QString::number(-position - 0.125)
+               : position % 4 == 1 ? QStringLiteral("%1E-09").arg(position % 9 + 1.5)
+                                   : QString::number(position + 0.25);
     default:
         return QString::number(position + 300);
     }
@@ -43,17 +49,18 @@ void appendItems(QStringList& list, const char* types) {
     for (; *types != 0; ++types) list << itemOf(*types, static_cast<int>(list.size()));
 }
 
-/// A list in which every item can be told from its neighbours.
-QStringList sampleList(int flags) {
-    QStringList list{QStringLiteral("6000"), QStringLiteral("3000")};
+/// A list in which every item can be told from its neighbours. The flags are not those of a new graph.
+QStringList sampleList(int flags, const Sections& sections = kSections) {
+    QStringList list{QStringLiteral("6005"), QStringLiteral("3010.5")};
     appendItems(list, kFixedItems);
-    for (const int count : kSections) list << QString::number(count);
-    for (int i = 0; i < flags; ++i) list << (i % 2 == 0 ? QStringLiteral("True") : QStringLiteral("False"));
-    for (std::size_t block = 0; block < std::size(kSections); ++block)
-        for (int i = 0; i < kSections[block]; ++i) {
+    for (const int count : sections) list << QString::number(count);
+    for (int i = 0; i < flags; ++i) list << (i == 2 ? QStringLiteral("True") : QStringLiteral("False"));
+    for (std::size_t block = 0; block < sections.size(); ++block)
+        for (int i = 0; i < sections[block]; ++i) {
             const auto first = list.size();
             appendItems(list, kSectionItems[block]);
             list[first] = QString::number(i);
+            if (block == 2) list[first + 8] = QStringLiteral("0"); // numbers on Y
         }
     list << "1"
          << "2"
@@ -74,21 +81,24 @@ QStringList saved(const Instrument& instrument) {
 }
 
 TEST(Graph, ListsReadBackPositionByPosition) {
-    const struct {
-        Kind kind;
-        int flags;
-    } cases[] = {{Kind::TimeGraph, 1}, {Kind::XYGraph, 3}};
-    for (const auto& c : cases) {
-        const auto graph = makeInstrument(c.kind, nullptr);
-        const QStringList list = sampleList(c.flags);
-        ASSERT_EQ(list.size(), 67 + c.flags + 2 * 8 + 8 + 3 * 24 + 4 + 2 * 14 + 8);
-        graph->inCTRL().properties().setNumber(StripTrace, 2);
-        graph->Deserialise(list);
-        const QStringList back = saved(*graph);
-        ASSERT_EQ(back.size(), list.size());
-        for (qsizetype i = 0; i < list.size(); ++i) EXPECT_EQ(back[i], list[i]) << "item " << i;
-        EXPECT_EQ(graph->inCTRL().properties().number(StripTrace), 0);
-    }
+    const Sections cases[] = {kSections, {0, 0, 0, 0, 0}, {1, 0, 256, 2, 0}, {256, 256, 1, 256, 256}};
+    DecimalSeparator = QStringLiteral(",");
+    for (const Sections& sections : cases)
+        for (const auto& [kind, flags] : {std::pair{Kind::TimeGraph, 1}, {Kind::XYGraph, 3}}) {
+            const auto graph = makeInstrument(kind, nullptr);
+            const QStringList list = sampleList(flags, sections);
+            const auto& [fonts, captions, traces, fourths, lines] = sections;
+            ASSERT_EQ(list.size(),
+                      67 + flags + 8 * fonts + 8 * captions + 24 * traces + 4 * fourths + 14 * lines + 8);
+            graph->inCTRL().properties().setNumber(StripTrace, 2);
+            graph->Deserialise(list);
+            EXPECT_EQ(graph->inCTRL().properties().number(StripTrace), 0);
+            graph->inCTRL().properties().setNumber(StripTrace, 5);
+            const QStringList back = saved(*graph);
+            ASSERT_EQ(back.size(), list.size());
+            for (qsizetype i = 0; i < list.size(); ++i) ASSERT_EQ(back[i], list[i]) << "item " << i;
+            EXPECT_EQ(graph->inCTRL().properties().number(StripTrace), 5) << "saving leaves it";
+        }
 }
 
 TEST(Graph, ItemsReachThePropertiesThatTheyStandFor) {
@@ -170,6 +180,10 @@ TEST(Graph, BadListsEndSoonAndLeaveDefaults) {
         EXPECT_FALSE(graph.grab().isNull());
     }
     EXPECT_LT(timer.elapsed(), 20'000);
+    VXSTRIP cut(nullptr);
+    cut.Deserialise(sampleList(1).mid(0, 60));
+    EXPECT_EQ(cut.inCTRL().properties().number(StripTraceCount), 1) << "what the list lacks stays";
+    EXPECT_EQ(cut.inCTRL().properties().number(GraphAutoScaleY), -1);
 }
 
 /// A time graph of two traces with names on all pins.
@@ -196,6 +210,12 @@ QStringList row(const Instrument& graph, int pin) {
 }
 
 TEST(Graph, PairsXAndYInEitherOrder) {
+    const auto first = boundStrip();
+    first->refreshValue(1, std::uint8_t{1}, 7);
+    EXPECT_EQ(row(*first, 1), (QStringList{"Time", "Y1", "", "7", "0", "-1"}));
+    first->refreshValue(1, std::uint8_t{0}, 3);
+    EXPECT_EQ(row(*first, 1), (QStringList{"Time", "Y1", "3", "7", "0", "0"}));
+    EXPECT_EQ(first->inCTRL().properties().number(StripOrigin), 3) << "Y may come before X";
     const auto graph = boundStrip();
     const auto& strip = static_cast<const StripDisplay&>(graph->inCTRL());
     const PropertyStore& p = strip.properties();
@@ -271,6 +291,47 @@ TEST(Graph, PinsGrowAndShrinkOnBothAxes) {
     EXPECT_EQ(table.upperBound(), 3) << "its X is bound";
     table = graph.RemovePin(3, std::uint8_t{0});
     EXPECT_EQ(table.upperBound(), 0);
+    graph.AssignPin(1, std::uint8_t{1}, "a");
+    graph.AssignPin(2, std::uint8_t{1}, "b");
+    graph.AssignPin(4, std::uint8_t{0}, "c");
+    table = graph.RemovePin(1, std::uint8_t{1});
+    EXPECT_EQ(table.upperBound(), 4) << "a hole";
+    table = graph.RemovePin(4, std::uint8_t{0});
+    EXPECT_EQ(table.upperBound(), 2) << "empty tracks before it go too";
+    table = graph.RemovePin(1, std::uint8_t{0});
+    EXPECT_EQ(table.count(0), 0) << "never below none";
+}
+
+TEST(Graph, WhoeverHearsOfAPinCanReadTheTable) {
+    VXXYGRAPH graph(nullptr);
+    QStringList heard;
+    QObject::connect(&graph, &Instrument::layoutChanged, [&] { heard << row(graph, 6).join('|'); });
+    graph.AssignPin(6, std::uint8_t{1}, "Lat");
+    graph.refreshValue(6, std::uint8_t{1}, 2);
+    graph.AssignPin(6, std::uint8_t{1}, "Other");
+    graph.RemovePin(6, std::uint8_t{1});
+    EXPECT_EQ(heard, (QStringList{"|Lat|||0|0", "|Other||2|0|0", "|||||"}));
+}
+
+TEST(Graph, TellsTheEndsOfWhatIsVisible) {
+    for (const bool scrolling : {true, false}) {
+        StripDisplay strip(scrolling ? kStripTable : kXYGraphTable, scrolling);
+        PropertyStore draft = strip.properties();
+        draft.setNumber(StripOrigin, 50);
+        draft.setNumber(StripLength, 20);
+        strip.setProperties(draft);
+        EXPECT_EQ(strip.properties().number(StripMaximumX), scrolling ? 50 : 70);
+        EXPECT_EQ(strip.properties().number(StripMinimumX), scrolling ? 30 : 50);
+    }
+}
+
+TEST(Graph, SizesInTwipsOutliveTheirPixels) {
+    VXXYGRAPH graph(nullptr);
+    graph.setSizeTwips(3010, 2993.5);
+    EXPECT_EQ(graph.size(), QSize(201, 200));
+    EXPECT_EQ(saved(graph).first(2), (QStringList{"3010", "2993.5"}));
+    graph.resize(201, 150);
+    EXPECT_EQ(saved(graph).first(2), (QStringList{"3010", "2250"})) << "as a person drags it";
 }
 
 TEST(Graph, NewTimeGraphPlotsOverTime) {
@@ -317,6 +378,9 @@ TEST(GraphScales, FollowTheDataAndTheAspectRule) {
         EXPECT_NEAR(after.lowestY, c.after.lowestY, 1e-12) << c.name;
         EXPECT_NEAR(after.highestY, c.after.highestY, 1e-12) << c.name;
     }
+    const GraphAxes backward{.origin = 10, .length = -5, .lowestY = 0, .highestY = 1};
+    EXPECT_EQ(scaledAxes(backward, data, {false, true, true, 100, 100}), (GraphAxes{10, -5, 2, 6}))
+        << "nothing is visible of a negative length";
     const GraphData one{.lowestX = 5, .highestX = 5, .lowestY = 2, .highestY = 2};
     EXPECT_EQ(scaledAxes(before, one, {true, true, true, 100, 100}), (GraphAxes{5, 0, 2, 2})) << "one point";
 }
@@ -337,6 +401,43 @@ TEST(Graph, XYGraphKeepsItsExtremesAndMarksTheNewestPoint) {
     feed(graph, 1, 0, 5);
     EXPECT_EQ(p.number(StripLength), 6) << "X extremes outlive the points";
     EXPECT_EQ(p.number(StripMaximumY), 5) << "Y is that of the points held";
+    graph.inCTRL().properties().setNumber(StripTraceCount, 2);
+    graph.AssignPin(2, std::uint8_t{0}, "Lon");
+    graph.AssignPin(2, std::uint8_t{1}, "Lat");
+    feed(graph, 2, 11, 900);
+    feed(graph, 2, NAN, 1);
+    feed(graph, 1, 99, INFINITY);
+    EXPECT_EQ(p.number(StripMaximumX), 11) << "X of every track counts";
+    EXPECT_EQ(p.number(StripMinimumX), -2);
+    EXPECT_EQ(p.number(StripMaximumY), 5) << "Y of the first one";
+    EXPECT_EQ(p.number(StripMarkerX), 11) << "what is not finite moves nothing";
+    EXPECT_EQ(p.number(StripMarkerY), 900);
+}
+
+TEST(Graph, AspectTakesTheShapeOfTheDisplayInTwips) {
+    const struct {
+        double width, height;
+        bool tag;
+        double shape;
+    } cases[] = {
+        {3160, 1660, false, 0.5}, {3160, 1660, true, 1300.0 / 3000}, {3167, 1660, false, 1500.0 / 3007}};
+    for (const auto& c : cases) {
+        VXXYGRAPH graph(nullptr);
+        graph.AssignPin(1, std::uint8_t{0}, "Lon");
+        graph.AssignPin(1, std::uint8_t{1}, "Lat");
+        graph.TagOn(c.tag);
+        graph.setSizeTwips(c.width, c.height);
+        PropertyStore& p = graph.inCTRL().properties();
+        p.setNumber(GraphFixAspect, -1);
+        p.setNumber(GraphAutoScaleX, 0);
+        p.setNumber(StripOrigin, 0);
+        p.setNumber(StripLength, 100);
+        feed(graph, 1, 10, 0);
+        feed(graph, 1, 20, 4);
+        const double k = c.shape / (4 / 100.0) / 2;
+        EXPECT_DOUBLE_EQ(p.number(StripMaximumY), 4 + 4 * k) << c.shape;
+        EXPECT_DOUBLE_EQ(p.number(StripMinimumY), -4 * k) << c.shape;
+    }
 }
 
 TEST(Graph, TellsThePropertiesWindow) {
@@ -359,6 +460,7 @@ TEST(Graph, TellsThePropertiesWindow) {
                                    "10000", "False", "True", "True"}));
 }
 
+/// The colour at shares of the ranges.
 QColor near(const QImage& image, const StripLayout& layout, double x, double y) {
     const QRectF& d = layout.data;
     return image.pixelColor(QPointF(d.left() + d.width() * x, d.bottom() - d.height() * y).toPoint());
@@ -389,6 +491,85 @@ TEST(Graph, PaintsTracesWhereTheirPointsAre) {
     EXPECT_EQ(near(image, layout, 0.75, 0.75), QColor(Qt::red));
     EXPECT_EQ(near(image, layout, 0.25, 0.5), QColor(Qt::green)) << "on a range of its own";
     EXPECT_NE(near(image, layout, 0.25, 0.75), QColor(Qt::red));
+}
+
+/// A strip of one red trace over X 0 to 100 and Y 0 to 100 without numbers and grid.
+struct BareStrip {
+    StripDisplay strip{kStripTable, true};
+    PropertyStore& p = strip.properties();
+
+    explicit BareStrip(int grid = 0) {
+        strip.resize(300, 200);
+        for (const auto& [number, value] :
+             std::initializer_list<std::pair<int, double>>{{GraphAutoScaleY, 0},
+                                                           {StripGrid, double(grid)},
+                                                           {StripShowNumbersX, 0},
+                                                           {StripLength, 100},
+                                                           {StripOrigin, 100},
+                                                           {StripTraceColour, 0x0000FF},
+                                                           {StripLineWidth, 3}})
+            p.setNumber(number, value);
+    }
+    QColor at(double x, double y) {
+        return near(strip.grab().toImage(), strip.layoutNow(), x / 100, y / 100);
+    }
+    int redAlong(double y) {
+        const QImage image = strip.grab().toImage();
+        int red = 0;
+        for (int x = 0; x < 100; ++x)
+            red += near(image, strip.layoutNow(), x / 100.0, y / 100) == QColor(Qt::red);
+        return red;
+    }
+};
+
+TEST(Graph, NoLineLeadsBackToANewLap) {
+    BareStrip bare;
+    for (const int lap : {20, 80})
+        for (int x = 5; x <= 95; ++x) bare.strip.addPoint(0, x, lap);
+    EXPECT_EQ(bare.at(50, 20), QColor(Qt::red));
+    EXPECT_EQ(bare.at(50, 80), QColor(Qt::red));
+    EXPECT_NE(bare.at(50, 50), QColor(Qt::red)) << "half way from the end of one to the start of the next";
+}
+
+TEST(Graph, GridFollowsItsFourWords) {
+    for (int grid = 0; grid < 4; ++grid) {
+        BareStrip bare(grid);
+        const QColor ground = bare.at(33, 33);
+        EXPECT_EQ(bare.at(33, 40) != ground, grid == 1 || grid == 3) << "lines across, word " << grid;
+        EXPECT_EQ(bare.at(40, 33) != ground, grid == 2 || grid == 3) << "lines upward, word " << grid;
+    }
+}
+
+TEST(Graph, LineStylesAndSymbolsAreSeen) {
+    const auto redOf = [](int style, int symbol) {
+        BareStrip bare;
+        bare.p.setNumber(StripLineStyle, style);
+        bare.p.setNumber(StripSymbolView, symbol);
+        bare.p.setNumber(StripSymbolSize, 20);
+        for (int x = 0; x <= 100; ++x) bare.strip.addPoint(0, x, 50);
+        return std::pair{bare.redAlong(50), bare.redAlong(52)};
+    };
+    EXPECT_EQ(redOf(0, 0), std::pair(100, 0));
+    for (int style = 1; style <= 4; ++style) {
+        EXPECT_GT(redOf(style, 0).first, 20) << style;
+        EXPECT_LT(redOf(style, 0).first, 80) << style;
+    }
+    for (int symbol = 1; symbol <= 4; ++symbol) EXPECT_GT(redOf(0, symbol).second, 10) << symbol;
+}
+
+TEST(Graph, NumbersAndMarkerComeWithTheirSwitches) {
+    BareStrip bare;
+    const double width = bare.strip.layoutNow().frame.width();
+    bare.p.setNumber(StripShowNumbersX, -1);
+    EXPECT_LT(bare.strip.layoutNow().frame.width(), width);
+    bare.p.setNumber(StripShowNumbersX, 0);
+    bare.strip.addPoint(0, 30, 40);
+    bare.strip.addPoint(0, 60, 70);
+    const QColor ground = bare.at(60, 20);
+    bare.p.setNumber(StripShowMarker, 1);
+    EXPECT_NE(bare.at(60, 20), ground) << "its line through the newest point";
+    EXPECT_NE(bare.at(90, 70), ground);
+    EXPECT_EQ(bare.p.number(StripMarkerX), 0) << "which no property tells on a scrolling graph";
 }
 
 TEST(Graph, NewPointsAreSeenAlsoWhereNoPropertyChanges) {

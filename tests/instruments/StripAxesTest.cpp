@@ -34,6 +34,9 @@ TEST(StripAxes, TicsStandOnRoundNumbers) {
         for (int i = 0; i < tics.count; ++i) texts << ticText(tics, i);
         EXPECT_EQ(texts.join(u' ').toStdString(), c.texts) << c.range.low << " to " << c.range.high;
     }
+    const Tics halves = ticsOf({0, 1}, 3);
+    EXPECT_EQ(ticText(halves, 1, 0), "0.5") << "never fewer than tell them apart";
+    EXPECT_EQ(ticText(halves, 1, 3), "0.500");
 }
 
 TEST(StripAxes, AnyRangeCanBePaintedOn) {
@@ -73,6 +76,9 @@ TEST(StripAxes, NumbersAndLegendGiveWayToTheGrid) {
     for (const auto& c : cases) {
         const QRectF room(QPointF(1, 1), c.size);
         const StripLayout layout = layOutStrip(room, {.legend = true, .lineHeight = 12, .widestY = 30});
+        const QRectF fine = layOutStrip(room, {.lineHeight = 12, .widestY = 30.3, .ratio = 1.25}).frame;
+        for (const double edge : {fine.left(), fine.top(), fine.right(), fine.bottom()})
+            EXPECT_TRUE(c.size.width() < 4 || edge * 1.25 == std::round(edge * 1.25)) << edge;
         EXPECT_EQ(layout.numbersX, c.numbersX) << c.size.width();
         EXPECT_EQ(layout.numbersY, c.numbersY) << c.size.width();
         EXPECT_EQ(!layout.legend.isEmpty(), c.legend) << c.size.width();
