@@ -16,7 +16,7 @@ constexpr double kBezelShare = 0.085; ///< of the smaller side
 constexpr double kShineShare = 0.34;
 constexpr int kSmallestText = 7; ///< pixels
 constexpr double kTextShare = 0.46;
-constexpr int kLongestText = 40;
+constexpr int kLongestOnLamp = 40;
 
 double sideOf(const QSizeF& size) {
     return std::min(size.width(), size.height());
@@ -106,7 +106,7 @@ void paintText(QPainter& painter, const LampLook& look, const QRectF& lens) {
     if (look.text.isEmpty()) return;
     QFont font;
     font.setBold(true);
-    const QString text = look.text.left(kLongestText);
+    const QString text = look.text.left(kLongestOnLamp);
     font.setPixelSize(std::max(qRound(lens.height() * kTextShare), 1));
     const double wide = QFontMetricsF(font).horizontalAdvance(text);
     const double room = lens.width() * (look.shape == LampShape::Rectangle ? 0.88 : 0.78);

@@ -16,7 +16,7 @@ using enum PropertyType;
 constexpr double kUsualSize = 14; ///< points
 constexpr double kSmallestSize = 1;
 constexpr double kLargestSize = 1000;
-constexpr int kLongestText = 2000;
+constexpr int kLongestTag = 2000;
 constexpr int kMargin = 3;
 
 constexpr PropertyInfo kProperties[] = {
@@ -39,8 +39,11 @@ constexpr ShownProperty kShown[] = {
     {"Font Size", TagFontSize},
 };
 
-constexpr KindTable::Parts kParts{
-    .fixed = kProperties, .pins = PinForm::None, .methods = {.redraw = 1}, .staysEnabled = true, .shown = kShown};
+constexpr KindTable::Parts kParts{.fixed = kProperties,
+                                  .pins = PinForm::None,
+                                  .methods = {.redraw = 1},
+                                  .staysEnabled = true,
+                                  .shown = kShown};
 
 constexpr FontNumbers kFont{.family = TagFontName,
                             .bold = TagBold,
@@ -73,7 +76,7 @@ void TextTagDisplay::paintStatic(QPainter& painter) {
     painter.setFont(fontOf(p, kFont, pixelsOf(p.number(TagFontSize))));
     painter.setPen(tagColour(p.integer(TagForeColour), palette()));
     const int flags = int(alignmentOf(p.integer(TagAlignment)) | Qt::AlignVCenter) | Qt::TextWordWrap;
-    painter.drawText(rect().adjusted(kMargin, 0, -kMargin, 0), flags, p.text(TagCaption).left(kLongestText));
+    painter.drawText(rect().adjusted(kMargin, 0, -kMargin, 0), flags, p.text(TagCaption).left(kLongestTag));
 }
 
 } // namespace vistor
