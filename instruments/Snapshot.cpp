@@ -14,7 +14,7 @@ QString snapshotName(const QDateTime& time, int number) {
 }
 
 QImage snapshotInside(Instrument& instrument) {
-    const auto pixels = [](int size) { return qRound(double(size) / kTwipsPerPixel); };
+    const auto pixels = [](double size) { return qRound(size / kTwipsPerPixel); };
     return snapshotOf(instrument, QRect(pixels(kFrameTwips), pixels(kFrameTwips),
                                         pixels(instrument.widthTwips() - 2 * kFrameTwips),
                                         pixels(instrument.heightTwips() - 2 * kFrameTwips)));
