@@ -83,7 +83,8 @@ QWidget* PropertyDelegate::createEditor(QWidget* parent, const QStyleOptionViewI
                                         const QModelIndex& index) const {
     const PropertyInfo* property = propertyOf(index);
     if (!property) return nullptr;
-    QWidget* editor = property->editor == Editor::Choice         ? choiceEditor(parent, *property)
+    const QStringList words = index.data(PropertyModel::WordsRole).toStringList();
+    QWidget* editor = !words.isEmpty()                           ? choiceEditor(parent, words)
                       : property->type == PropertyType::FontName ? fontEditor(parent)
                       : isWhole(property->type)                  ? spinEditor(parent, *property)
                                                                  : lineEditor(parent, *property);
@@ -104,9 +105,9 @@ QWidget* PropertyDelegate::spinEditor(QWidget* parent, const PropertyInfo& prope
     return spin;
 }
 
-QWidget* PropertyDelegate::choiceEditor(QWidget* parent, const PropertyInfo& property) const {
+QWidget* PropertyDelegate::choiceEditor(QWidget* parent, const QStringList& words) const {
     auto* list = new QComboBox(parent);
-    for (const char* word : property.choices.words) list->addItem(QLatin1String(word));
+    list->addItems(words);
     connect(list, &QComboBox::activated, this, [this, list] { handOver(list); });
     return list;
 }

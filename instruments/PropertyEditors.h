@@ -26,7 +26,7 @@ public:
 
 private:
     QWidget* spinEditor(QWidget* parent, const PropertyInfo& property) const;
-    QWidget* choiceEditor(QWidget* parent, const PropertyInfo& property) const;
+    QWidget* choiceEditor(QWidget* parent, const QStringList& words) const;
     QWidget* fontEditor(QWidget* parent) const;
     QWidget* lineEditor(QWidget* parent, const PropertyInfo& property) const;
     void handOver(QWidget* editor) const;

@@ -18,10 +18,10 @@ QString colourWords(std::int32_t number) {
     return number < 0 ? QStringLiteral("System colour") : colourOf(number).name().toUpper();
 }
 
-QString choiceWords(const PropertyInfo& property, int value) {
-    const auto words = property.choices.words;
-    if (value < 0 || static_cast<std::size_t>(value) >= words.size()) return QString::number(value);
-    return QLatin1String(words[static_cast<std::size_t>(value)]);
+/// Where a number names no section, the one that stands in for it.
+int chosenValue(const PropertyInfo& property, const PropertyStore& store, int index) {
+    return property.editor == Editor::Section ? store.sectionNamed(property.number, index)
+                                              : store.integer(property.number, index);
 }
 
 bool isCheckable(const PropertyInfo& property) {
@@ -39,10 +39,24 @@ QString propertyLabel(const PropertyInfo& property) {
     return QStringLiteral("Property %1").arg(property.number);
 }
 
+QStringList choiceWords(const PropertyInfo& property, const PropertyStore& store) {
+    QStringList words;
+    for (const char* word : property.choices.words) words << QLatin1String(word);
+    if (property.editor != Editor::Section) return words;
+    const PropertyAddress& list = store.table().find(property.sectionsOf);
+    if (list.role != PropertyAddress::Role::Count) return words;
+    const char* name = store.table().sections()[list.counts - 1U].name;
+    for (int row = 1; row <= store.sections(list.counts); ++row)
+        words << QStringLiteral("%1 %2").arg(QLatin1String(name)).arg(row);
+    return words;
+}
+
 QString propertyWords(const PropertyInfo& property, const PropertyStore& store, int index) {
     if (property.editor == Editor::Colour) return colourWords(store.integer(property.number, index));
-    if (property.editor == Editor::Choice)
-        return choiceWords(property, store.integer(property.number, index));
+    if (property.editor == Editor::Choice || property.editor == Editor::Section) {
+        const int value = chosenValue(property, store, index);
+        return choiceWords(property, store).value(value, QString::number(value));
+    }
     if (isCheckable(property)) return {};
     return store.item(property.number, index);
 }
@@ -228,7 +242,9 @@ QVariant PropertyModel::valueData(const Node& node, int role) const {
         return colourOf(m_draft.integer(property.number, index));
     if (role == Qt::CheckStateRole && isCheckable(property))
         return m_draft.flag(property.number, index) ? Qt::Checked : Qt::Unchecked;
+    if (role == WordsRole) return choiceWords(property, m_draft);
     if (role != Qt::EditRole) return {};
+    if (property.editor == Editor::Section) return double(chosenValue(property, m_draft, index));
     if (isText(property.type)) return m_draft.text(property.number, index);
     return m_draft.number(property.number, index);
 }

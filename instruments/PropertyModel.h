@@ -5,6 +5,7 @@
 #include "instruments/displays/PropertyStore.h"
 
 #include <QAbstractItemModel>
+#include <QStringList>
 
 #include <vector>
 
@@ -21,6 +22,8 @@ class PropertyModel final : public QAbstractItemModel {
 
 public:
     enum Column { LabelColumn, ValueColumn, ColumnCount };
+    /// The words that a person chooses from, by the values 0, 1 ...
+    static constexpr int WordsRole = Qt::UserRole;
 
     explicit PropertyModel(const PropertyStore& start, QObject* parent = nullptr);
 
@@ -82,6 +85,9 @@ int sectionShownAt(int row, int count, bool countsFromPins);
 
 /// A property's name for a person.
 QString propertyLabel(const PropertyInfo& property);
+
+/// The words of a choice, or the names of the sections that a property can name.
+QStringList choiceWords(const PropertyInfo& property, const PropertyStore& store);
 
 /// A property's value in words.
 QString propertyWords(const PropertyInfo& property, const PropertyStore& store, int index);

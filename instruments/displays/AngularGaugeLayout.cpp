@@ -32,15 +32,19 @@ PanelStyle panelStyle(const PropertyStore& p, const QColor& page) {
     return style;
 }
 
-/// A scale runs over all the values that its tics stand at, in the direction of the first of them.
+/// A scale runs over all the values that its tics stand at, in the direction of the first of them. Tics that
+/// name a scale that is not there stand on the nearest.
 DialScale scaleOf(const PropertyStore& p, int index) {
-    DialScale scale{.startAngle = p.number(ScaleStartAngle, index),
-                    .stopAngle = p.number(ScaleStopAngle, index)};
+    DialScale scale;
+    if (index < p.integer(GaugeScales)) {
+        scale.startAngle = p.number(ScaleStartAngle, index);
+        scale.stopAngle = p.number(ScaleStopAngle, index);
+    }
     bool found = false;
     for (int tic = 0; tic < p.integer(GaugeTics); ++tic) {
         const double start = p.number(TicStartValue, tic);
         const double stop = p.number(TicStopValue, tic);
-        if (std::max(p.integer(TicScale, tic), 0) != index || start == stop) continue;
+        if (p.sectionNamed(TicScale, tic) != index || start == stop) continue;
         if (!found) {
             scale.startValue = start;
             scale.stopValue = stop;
@@ -83,6 +87,7 @@ DialPlace placeOf(const PropertyStore& p, const QRectF& outline, double rim, con
 
 void layOutScales(DialLayout& layout, const PropertyStore& p) {
     const DialPlace& dial = layout.dial;
+    if (p.integer(GaugeScales) == 0) layout.scales.push_back({scaleOf(p, 0), dial});
     for (int i = 0; i < p.integer(GaugeScales); ++i) {
         const QPointF offset(boundedPlace(p, ScaleX, i), boundedPlace(p, ScaleY, i));
         layout.scales.push_back(
@@ -141,7 +146,6 @@ std::optional<QFont> dialFont(const PropertyStore& properties, int section, doub
 }
 
 ScalePlace DialLayout::scaleAt(int index) const {
-    if (scales.empty()) return {{}, dial};
     const int last = static_cast<int>(scales.size()) - 1;
     return scales[static_cast<std::size_t>(std::clamp(index, 0, last))];
 }

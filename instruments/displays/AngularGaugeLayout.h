@@ -34,11 +34,11 @@ struct DialLayout {
     GaugeFaceForm face = GaugeFaceForm::None;
     QPainterPath outline; ///< of the face
     DialPlace dial;
-    double rim = 0; ///< its width
-    std::vector<ScalePlace> scales;
+    double rim = 0;                   ///< its width
+    std::vector<ScalePlace> scales;   ///< at least one: without sections a usual one
     std::vector<NeedlePlace> needles; ///< those to be seen
 
-    /// The scale of a section that names it by number; the nearest one, or a usual one where there is none.
+    /// The scale of a section that names it by number, or the nearest one.
     ScalePlace scaleAt(int index) const;
 };
 

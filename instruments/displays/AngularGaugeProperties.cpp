@@ -12,10 +12,6 @@ constexpr const char* kFaces[] = {"None", "Round", "Sector"};
 constexpr const char* kTicForms[] = {"Line", "Triangle", "Dot"};
 constexpr const char* kNeedleForms[] = {"Tapered", "Bar", "Lance", "Arrow", "Mark"};
 constexpr const char* kAlignments[] = {"Centre", "Left", "Right"};
-constexpr const char* kScaleWords[] = {"Scale 1", "Scale 2", "Scale 3", "Scale 4",
-                                       "Scale 5", "Scale 6", "Scale 7", "Scale 8"};
-constexpr const char* kFontWords[] = {"Font 1", "Font 2", "Font 3", "Font 4",
-                                      "Font 5", "Font 6", "Font 7", "Font 8"};
 
 constexpr const char* kFaceGroup = "Face";
 constexpr const char* kPlaceGroup = "Place";
@@ -78,8 +74,8 @@ constexpr PropertyInfo kFontFields[] = {
 
 constexpr PropertyInfo kTicFields[] = {
     keptProperty(TicSelector, Integer),
-    choiceProperty(TicScale, Integer, "Tic Scale", 0, kScaleWords),
-    choiceProperty(TicFont, Integer, "Tic Font", 0, kFontWords),
+    sectionProperty(TicScale, "Tic Scale", 0, GaugeScales),
+    sectionProperty(TicFont, "Tic Font", 0, GaugeFonts),
     colourProperty(TicLabelColour, "Tic Label Colour", kInk),
     flagProperty(TicLabelsTurned, "Tic Labels Turned", false),
     wholeProperty(TicDecimals, "Tic Label Decimals", -1, -1, 6),
@@ -99,7 +95,7 @@ constexpr PropertyInfo kTicFields[] = {
 
 constexpr PropertyInfo kCaptionFields[] = {
     keptProperty(CaptionSelector, Integer),
-    choiceProperty(CaptionFont, Integer, "Caption Font", 1, kFontWords),
+    sectionProperty(CaptionFont, "Caption Font", 1, GaugeFonts),
     choiceProperty(CaptionAlignment, Long, "Caption Alignment", 0, kAlignments),
     colourProperty(CaptionColour, "Caption Colour", 0xC8BCAE),
     realProperty(CaptionX, "Caption X", 0),
@@ -109,7 +105,7 @@ constexpr PropertyInfo kCaptionFields[] = {
 
 constexpr PropertyInfo kAnnularFields[] = {
     keptProperty(AnnularSelector, Integer),
-    choiceProperty(AnnularScale, Integer, "Annuler Scale", 0, kScaleWords),
+    sectionProperty(AnnularScale, "Annuler Scale", 0, GaugeScales),
     colourProperty(AnnularColour, "Annuler Colour", 0x3434DC),
     realProperty(AnnularTransparency, "Annuler Transparency", 0),
     realProperty(AnnularStartValue, "Annuler Start Value", 80),
@@ -120,14 +116,14 @@ constexpr PropertyInfo kAnnularFields[] = {
 
 constexpr PropertyInfo kHubFields[] = {
     keptProperty(HubSelector, Integer),
-    choiceProperty(HubScale, Integer, "Hub Scale", 0, kScaleWords),
+    sectionProperty(HubScale, "Hub Scale", 0, GaugeScales),
     colourProperty(HubColour, "Hub Colour", 0x4A423C),
     realProperty(HubRadius, "Hub Radius", 0.12),
 };
 
 constexpr PropertyInfo kNeedleFields[] = {
     keptProperty(NeedleSelector, Integer),
-    choiceProperty(NeedleScale, Integer, "Needle Scale", 0, kScaleWords),
+    sectionProperty(NeedleScale, "Needle Scale", 0, GaugeScales),
     colourProperty(NeedleEdgeColour, "Needle Edge Colour", 0x1438C8),
     choiceProperty(NeedleForms, Long, "Needle Shape", 0, kNeedleForms),
     flagProperty(NeedleShadow, "Needle Shadow", true),

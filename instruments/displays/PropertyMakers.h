@@ -35,6 +35,17 @@ constexpr PropertyInfo choiceOrElseProperty(std::int16_t number, const char* lab
     return info;
 }
 
+/// The number of a section in the list that `countProperty` counts.
+constexpr PropertyInfo sectionProperty(std::int16_t number, const char* label, int initial,
+                                       std::int16_t countProperty) {
+    return {.number = number,
+            .type = PropertyType::Integer,
+            .label = label,
+            .initial = double(initial),
+            .editor = Editor::Section,
+            .sectionsOf = countProperty};
+}
+
 constexpr PropertyInfo flagProperty(std::int16_t number, const char* label, bool initial,
                                     const char* group = nullptr) {
     return {.number = number,

@@ -222,6 +222,12 @@ int PropertyStore::choice(int number, int index) const {
     return known ? value : info->choices.otherwise;
 }
 
+int PropertyStore::sectionNamed(int number, int index) const {
+    const PropertyInfo* info = m_table->info(number);
+    if (info == nullptr || info->sectionsOf == kNoNumber) return 0;
+    return std::clamp(integer(number, index), 0, std::max(integer(info->sectionsOf) - 1, 0));
+}
+
 int PropertyStore::bounded(int number, int index) const {
     const PropertyInfo* info = m_table->info(number);
     const int value = integer(number, index);
@@ -258,6 +264,25 @@ void PropertyStore::rearrange(std::size_t block, std::span<const int> order) {
         std::copy_n(at(before.numbers, from, numbers), numbers, at(b.numbers, i, numbers));
         std::copy_n(at(before.texts, from, texts), texts, at(b.texts, i, texts));
     }
+    renumber(m_table->sections()[block - 1].countProperty, before.count, order);
+}
+
+/// Brings along what names sections of a list of which there were `before`.
+void PropertyStore::renumber(std::int16_t countProperty, int before, std::span<const int> order) {
+    if (before == 0) return;
+    const auto placeNow = [&](int named) {
+        const auto kept = std::find(order.begin(), order.end(), named);
+        if (kept != order.end()) return static_cast<int>(kept - order.begin());
+        const auto next =
+            std::find_if(order.begin(), order.end(), [named](int from) { return from > named; });
+        return static_cast<int>(std::min(next - order.begin(), std::max(std::ssize(order) - 1, 0L)));
+    };
+    for (std::size_t block = 0; block < m_blocks.size(); ++block)
+        for (const PropertyInfo& field : m_table->fields(block)) {
+            if (field.sectionsOf != countProperty) continue;
+            for (int i = 0; i < m_blocks[block].count; ++i)
+                setNumber(field.number, i, placeNow(std::clamp(integer(field.number, i), 0, before - 1)));
+        }
 }
 
 void PropertyStore::resetSelectors() {

@@ -47,6 +47,8 @@ public:
     /// The place of a choice's word among its words: that of all others for a value without one.
     int choice(int number) const { return choice(number, m_blocks[m_table->find(number).block].current); }
     int choice(int number, int index) const;
+    /// The section that a property names by its number: the nearest where there is none such, 0 without any.
+    int sectionNamed(int number, int index) const;
     /// A number held to what the sheet lets a person enter.
     int bounded(int number, int index = 0) const;
 
@@ -57,7 +59,8 @@ public:
     /// Sections of a block: 1 for the fixed properties.
     int sections(std::size_t block) const { return m_blocks[block].count; }
     /// Makes a block's sections anew: place i takes the section that stood at `order[i]`, or its defaults
-    /// where that is none. So sections are added, dropped and moved.
+    /// where that is none. So sections are added, dropped and moved. Numbers that name one of them follow it;
+    /// in place of a dropped one they name that which took its place.
     void rearrange(std::size_t block, std::span<const int> order);
     /// Makes section 0 of every list the current one.
     void resetSelectors();
@@ -77,6 +80,7 @@ private:
 
     void resizeBlock(std::size_t block, int count);
     void fillDefaults(std::size_t block, int index);
+    void renumber(std::int16_t countProperty, int before, std::span<const int> order);
     void countChanged(std::size_t block);
     void select(Block& block, double value);
     void writeNumber(const PropertyAddress& address, int index, double value);

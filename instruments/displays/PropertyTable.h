@@ -36,6 +36,7 @@ enum class Editor : std::uint8_t {
     ByType, ///< number, flag, text or font, as the type says
     Colour,
     Choice,
+    Section, ///< one of the sections that there are
 };
 
 /// The words of the values 0, 1, ... of a choice.
@@ -56,8 +57,9 @@ struct PropertyInfo {
     Editor editor = Editor::ByType;
     Choices choices{};
     bool live = false; ///< changes with the data: the display's static picture does not show it
-    std::span<const double> initials{}; ///< of sections 0, 1, ... and round again, in place of `initial`
-    bool readOnly = false;              ///< told by the display: the sheet shows it only
+    std::span<const double> initials{};  ///< of sections 0, 1, ... and round again, in place of `initial`
+    bool readOnly = false;               ///< told by the display: the sheet shows it only
+    std::int16_t sectionsOf = kNoNumber; ///< it is the number of a section in the list that this one counts
 };
 
 /// A row of the properties window: a property of the current section under the words given there. A choice

@@ -158,6 +158,55 @@ TEST(VXAGAUGE, ScaleRunsOverTheValuesOfItsTics) {
     EXPECT_EQ(scale(0), std::pair(9000.0, 8000.0)) << "downwards as its tics run";
 }
 
+TEST(VXAGAUGE, ScalesThatAreNotThereGiveWayToTheNearest) {
+    for (const int scales : {0, 1, 3}) {
+        ShownGauge shown(300);
+        shown.p.setNumber(GaugeScales, scales);
+        shown.p.setNumber(TicScale, 0, 7);
+        shown.p.setNumber(TicStopValue, 0, 8000);
+        shown.p.setNumber(NeedleScale, 0, 7);
+        const DialLayout layout = layOutDial(shown.p, QRectF(0, 0, 300, 300), Qt::white);
+        EXPECT_EQ(layout.needles.at(0).on.scale.stopValue, 8000) << scales << " scales";
+    }
+}
+
+TEST(VXAGAUGE, WhatNamesASectionFollowsIt) {
+    PropertyStore start(kAngularGaugeTable);
+    start.setNumber(GaugeScales, 3);
+    start.setNumber(GaugeTics, 4);
+    for (int tic = 0; tic < 4; ++tic) start.setNumber(TicScale, tic, tic == 3 ? 99 : tic);
+    const auto named = [](const PropertyStore& p) {
+        std::vector<int> scales;
+        for (int tic = 0; tic < 4; ++tic) scales.push_back(p.sectionNamed(TicScale, tic));
+        return scales;
+    };
+    const std::size_t scales = 1;
+    const struct {
+        bool adds;
+        int row;
+        std::vector<int> after;
+    } cases[] = {{true, 0, {0, 2, 3, 3}},
+                 {true, 2, {0, 1, 2, 2}},
+                 {false, 0, {0, 0, 1, 1}},
+                 {false, 1, {0, 1, 1, 1}},
+                 {false, 2, {0, 1, 1, 1}}};
+    for (const auto& c : cases) {
+        PropertyModel model(start);
+        if (c.adds)
+            model.addSection({scales, c.row});
+        else
+            model.removeSection({scales, c.row});
+        EXPECT_EQ(named(model.draft()), c.after) << (c.adds ? "behind " : "without ") << c.row;
+        EXPECT_EQ(model.draft().sectionNamed(CaptionFont, 0), 1) << "other lists are left alone";
+    }
+    PropertyModel model(start);
+    const auto lines = model.match(model.index(0, 0), Qt::DisplayRole, "Tic Scale", -1, Qt::MatchRecursive);
+    ASSERT_EQ(lines.size(), 4);
+    const QModelIndex last = lines.last().siblingAtColumn(PropertyModel::ValueColumn);
+    EXPECT_EQ(last.data(), "Scale 3");
+    EXPECT_EQ(last.data(PropertyModel::WordsRole), (QStringList{"Scale 1", "Scale 2", "Scale 3"}));
+}
+
 TEST(VXAGAUGE, SheetAddsAndRemovesNeedles) {
     VXAGAUGE gauge(nullptr);
     gauge.show();
