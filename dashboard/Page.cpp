@@ -22,6 +22,7 @@ QList<int> gridPlaces(int pitch, int extent) {
 Page::Page(int number, QWidget* parent) : QWidget(parent), m_number(number) {
     setObjectName(QStringLiteral("pic"));
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
     setBackColour(palette().color(QPalette::Button));
 }
 
@@ -60,6 +61,10 @@ void Page::paintEvent(QPaintEvent* event) {
 
 void Page::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::RightButton) Q_EMIT rightPressed(event->position().toPoint());
+}
+
+void Page::mouseMoveEvent(QMouseEvent*) {
+    Q_EMIT moved();
 }
 
 } // namespace vistor

@@ -22,10 +22,13 @@ public:
 
 Q_SIGNALS:
     void rightPressed(const QPoint& place);
+    /// The mouse moved over the page, beside its instruments.
+    void moved();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
     int m_number;

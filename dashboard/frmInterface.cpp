@@ -175,6 +175,7 @@ Page* frmInterface::addPage() {
     if (!pic.empty()) page->resize(pic.front()->size());
     connect(page, &Page::rightPressed, this,
             [this, page](const QPoint& place) { pic_MouseDown(page, place); });
+    connect(page, &Page::moved, this, &frmInterface::pic_MouseMove);
     pic.push_back(page);
     return page;
 }
@@ -193,6 +194,10 @@ void frmInterface::mainTab_MouseDown(Qt::MouseButton button, const QPoint& place
     if (PlayMode || button != Qt::RightButton) return;
     Q_EMIT commandEnabled(QStringLiteral("mnuClosePane"), mainTab->Tab() == mainTab->Tabs() - 1);
     Q_EMIT menuWanted(QStringLiteral("mnuDropDown2"), place);
+}
+
+void frmInterface::pic_MouseMove() {
+    if (PropertiesWindowShown) Q_EMIT propertiesReleased();
 }
 
 void frmInterface::pic_MouseDown(Page* page, const QPoint& place) {

@@ -127,6 +127,12 @@ Q_SIGNALS:
     /// A pop-up menu of the main window is wanted at a place of the screen.
     void menuWanted(const QString& menu, const QPoint& place);
     void instrumentMenuWanted(Instrument* instrument, const QPoint& place);
+    /// The mouse is over an instrument in edit mode: what the properties window shows.
+    void propertiesShown(Instrument* instrument, const QStringList& labels, const QStringList& values);
+    /// It is over a page, beside all of them.
+    void propertiesReleased();
+    /// The properties window goes for play mode and comes back afterwards, where the person has it at all.
+    void propertiesWindowWanted(bool shown);
     /// The tick's timer gets this interval in milliseconds; 0 stops it.
     void timerWanted(int milliseconds);
     /// Another data source may have been chosen, or the mode has changed.
@@ -148,6 +154,7 @@ private:
     void mainTab_Click();
     void mainTab_MouseDown(Qt::MouseButton button, const QPoint& place);
     void pic_MouseDown(Page* page, const QPoint& place);
+    void pic_MouseMove();
 
     static QFont treeFont(); ///< of the variable tree and the palette
     void connectLibrary(Instrument* added);

@@ -29,6 +29,7 @@ void setBackground(QWidget* view, const QColor& colour) {
 } // namespace
 
 void frmInterface::mnuPlayMode_Click() {
+    Q_EMIT propertiesWindowWanted(false);
     if (!OpenDataSource()) {
         CloseDataSource();
         PlayMode = false;
@@ -45,6 +46,7 @@ void frmInterface::mnuPlayMode_Click() {
 }
 
 void frmInterface::mnuEditMode_Click() {
+    Q_EMIT propertiesWindowWanted(true);
     PlayMode = false;
     Q_EMIT timerWanted(0);
     CloseDataSource();
@@ -103,6 +105,10 @@ Instrument* frmInterface::newInstrument(Kind kind, Page* page) {
     connect(added, &Instrument::menuWanted, this,
             [this, added](const QPoint& place) { Q_EMIT instrumentMenuWanted(added, place); });
     connectLibrary(added);
+    connect(added, &Instrument::propertiesShown, this,
+            [this, added](const QString&, const QStringList& labels, const QStringList& values) {
+                Q_EMIT propertiesShown(added, labels, values);
+            });
     return added;
 }
 
@@ -165,6 +171,8 @@ void frmInterface::Toolbar_ButtonClick(int button) {
         return mnuPlayMode_Click();
     case 7:
         return mnuEditMode_Click();
+    case 9:
+        return commandWanted(QStringLiteral("mnuShowPropertiesWindow"));
     case 11:
         return mnuNewTab_Click();
     case 12:

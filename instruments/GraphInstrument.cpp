@@ -125,6 +125,12 @@ void GraphInstrument::showX(double origin, double length) {
     showX(origin);
 }
 
+void GraphInstrument::showConfigured(bool openSheet) {
+    showX(inCTRL().properties().number(StripOrigin));
+    inCTRL().redraw();
+    if (openSheet) inCTRL().openPropertySheet();
+}
+
 void GraphInstrument::scaleYToPoints() {
     PropertyStore& p = inCTRL().properties();
     p.setNumber(StripMaximumY, strip().highestY(0));

@@ -35,6 +35,8 @@ protected:
     void pinsChanged() override;
     StripDisplay& strip();
     const StripDisplay& strip() const;
+    /// Shows settings that were just written, and opens the sheet of all properties where it is wanted too.
+    void showConfigured(bool openSheet);
     /// Brings the axes to a point that was just added.
     virtual void followPoint(double x, double y) = 0;
     /// Writes the visible X, and the ends of it that the display reports.

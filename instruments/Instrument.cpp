@@ -4,6 +4,7 @@
 #include "instruments/Snapshot.h"
 #include "instruments/displays/InnerDisplay.h"
 #include "instruments/displays/PropertyList.h"
+#include "instruments/frmVarTableGraph.h"
 #include "platform/Events.h"
 #include "platform/Folders.h"
 #include "variables/GlobalVarsAndTypes.h"
@@ -176,7 +177,21 @@ void Instrument::saveSnapshot(const QString& fileName) {
     if (!folder.isEmpty()) snapshotInside(*this).save(folder + fileName, "BMP");
 }
 
-void Instrument::mnuVariables_Click() {}
+void Instrument::mnuVariables_Click() {
+    if (m_display->properties().table().parts().pins == PinForm::None) return;
+    const QPointer<Instrument> alive(this);
+    const KindInfo& info = kindInfo(m_kind);
+    const auto edit = [&](frmVarTable&& window) {
+        window.setWindowTitle(QStringLiteral("Variable Table : ") + QLatin1String(info.title));
+        window.VXVariable(QLatin1String(info.pinLabel), pinCount(), *this, curVarTable());
+        window.exec();
+    };
+    if (pins.columns() > 1)
+        edit(frmVarTableGraph(window()));
+    else
+        edit(frmVarTable(window()));
+    if (alive) refreshCaption();
+}
 
 void Instrument::mnuProperties_Click() {
     const QPointer<Instrument> alive(this);

@@ -60,7 +60,8 @@ public:
     void mnuCut_Click();
     void mnuDelete_Click();
     void mnuDefineCustom_Click();
-    virtual void mnuVariables_Click();
+    /// Opens the window of all bindings, modally.
+    void mnuVariables_Click();
     virtual void mnuProperties_Click();
     virtual void UserControl_Initialize();
     /// Lays display and tag out for the size; nothing happens at 160 twips or less either way.

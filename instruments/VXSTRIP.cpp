@@ -1,6 +1,9 @@
 #include "instruments/VXSTRIP.h"
 
 #include "instruments/displays/StripDisplay.h"
+#include "instruments/frmStripConfig.h"
+
+#include <QPointer>
 
 namespace vistor {
 namespace {
@@ -11,6 +14,17 @@ constexpr QSize kNewSize(400, 220); ///< logical pixels
 
 VXSTRIP::VXSTRIP(QWidget* parent)
     : GraphInstrument(Kind::TimeGraph, new StripDisplay(kStripTable, true), kNewSize, parent) {}
+
+void VXSTRIP::mnuProperties_Click() {
+    const QPointer<VXSTRIP> alive(this);
+    Q_EMIT layoutChanged();
+    if (!alive) return;
+    StripConfig config = stripConfigOf(inCTRL().properties());
+    const int answer = frmStripConfig(config, window()).exec();
+    if (!alive || answer == QDialog::Rejected) return;
+    setStripConfig(inCTRL().properties(), config);
+    showConfigured(answer == GraphDialog::kAllProperties);
+}
 
 void VXSTRIP::followPoint(double x, double) {
     showX(x);

@@ -12,6 +12,8 @@ class VXSTRIP final : public GraphInstrument {
 public:
     explicit VXSTRIP(QWidget* parent);
 
+    void mnuProperties_Click() override;
+
 protected:
     void followPoint(double x, double y) override;
 };

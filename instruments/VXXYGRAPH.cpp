@@ -2,6 +2,9 @@
 
 #include "instruments/GraphScales.h"
 #include "instruments/displays/StripDisplay.h"
+#include "instruments/frmXYGraph.h"
+
+#include <QPointer>
 
 namespace vistor {
 namespace {
@@ -27,6 +30,17 @@ GraphScaling scalingOf(const PropertyStore& p, const QSizeF& display) {
 
 VXXYGRAPH::VXXYGRAPH(QWidget* parent)
     : GraphInstrument(Kind::XYGraph, new StripDisplay(kXYGraphTable, false), kNewSize, parent) {}
+
+void VXXYGRAPH::mnuProperties_Click() {
+    const QPointer<VXXYGRAPH> alive(this);
+    Q_EMIT layoutChanged();
+    if (!alive) return;
+    XYGraphConfig config = xyGraphConfigOf(inCTRL().properties());
+    const int answer = frmXYGraph(config, window()).exec();
+    if (!alive || answer == QDialog::Rejected) return;
+    setXYGraphConfig(inCTRL().properties(), config);
+    showConfigured(answer == GraphDialog::kAllProperties);
+}
 
 void VXXYGRAPH::followPoint(double x, double y) {
     m_x.take(x);

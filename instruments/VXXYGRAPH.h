@@ -13,6 +13,8 @@ class VXXYGRAPH final : public GraphInstrument {
 public:
     explicit VXXYGRAPH(QWidget* parent);
 
+    void mnuProperties_Click() override;
+
 protected:
     void followPoint(double x, double y) override;
     QString trackName(const PinTable& table, int track) const override;

@@ -53,6 +53,9 @@ constexpr MenuEntry kEntries[] = {
     {"mnuView", "mnuTagsOff", "Labels O&ff", "labelsoff",
      [](frmMain& window) { window.dashboard().TagsOn(0); }},
 
+    {"mnuWindow", "mnuShowPropertiesWindow", "Show &Properties Window", "properties",
+     onMain<&frmMain::mnuShowPropertiesWindow_Click>, "", true},
+
     {"mnuTabControl", "mnuNewTab", "&Insert New Tab", "newtab", onDashboard<&frmInterface::mnuNewTab_Click>},
     {"mnuTabControl", "mnuClearCurrentTab", "&Clear Current Tab", "cleartab",
      onMain<&frmMain::mnuClearCurrentTab_Click>},
@@ -75,6 +78,8 @@ constexpr MenuEntry kEntries[] = {
     {"mnuDropDown3", "mnuTag_C", "&Label", "labelson", onMain<&frmMain::mnuTag_C_Click>, "", true},
     {"mnuDropDown3", nullptr, nullptr, nullptr, nullptr},
     {"mnuDropDown3", "mnuProperties_C", "P&roperties", "properties", onMain<&frmMain::mnuProperties_C_Click>},
+    {"mnuDropDown3", nullptr, nullptr, nullptr, nullptr},
+    {"mnuDropDown3", "mnuVariables_C", "&Variable Table", nullptr, onMain<&frmMain::mnuVariables_C_Click>},
 };
 
 constexpr ToolButton kButtons[] = {
@@ -83,7 +88,7 @@ constexpr ToolButton kButtons[] = {
     {4, "save", "Save profile", true},
     {6, "play", "Play mode: open the data source and run", true},
     {7, "edit", "Edit mode: stop and change the layout", true},
-    {9, "properties", "Show the properties window", false},
+    {9, "properties", "Show the properties window", true},
     {10, "tabs", "Tabs", true},
     {11, "newtab", "Insert a new tab", true},
     {12, "cleartab", "Clear the current tab", true},

@@ -4,6 +4,7 @@
 #include "dashboard/Hourglass.h"
 #include "dashboard/frmInterface.h"
 #include "instruments/Instrument.h"
+#include "instruments/frmProperties.h"
 #include "maths/ConvertUnits.h"
 #include "maths/FileSupportFunctions.h"
 #include "platform/Events.h"
@@ -62,6 +63,13 @@ void frmMain::connectDashboard() {
             [this](const QString& name) { command(name)->trigger(); });
     connect(m_dashboard, &frmInterface::menuWanted, this, &frmMain::openMenu);
     connect(m_dashboard, &frmInterface::instrumentMenuWanted, this, &frmMain::openInstrumentMenu);
+    connect(m_dashboard, &frmInterface::propertiesShown, this, &frmMain::feedProperties);
+    connect(m_dashboard, &frmInterface::propertiesReleased, this, [this] {
+        if (m_properties) m_properties->ClearAll();
+    });
+    connect(m_dashboard, &frmInterface::propertiesWindowWanted, this, [this](bool shown) {
+        if (command(QStringLiteral("mnuShowPropertiesWindow"))->isChecked()) showProperties(shown);
+    });
     connect(m_dashboard, &frmInterface::timerWanted, this, &frmMain::setTimer);
     connect(m_dashboard, &frmInterface::sourceChanged, this, &frmMain::renewStatus);
     connect(m_dashboard, &frmInterface::unloaded, this, &frmMain::close);
@@ -139,6 +147,8 @@ bool frmMain::shutDown() {
         if (wasPlaying) m_dashboard->mnuEditMode_Click();
         return false;
     }
+    if (m_properties) m_properties->Form_Unload();
+    showProperties(false);
     deleteScratchBitmaps();
     m_loaded = false;
     return true;
@@ -189,6 +199,10 @@ void frmMain::mnuProperties_C_Click() {
     if (curObject) curObject->mnuProperties_Click();
 }
 
+void frmMain::mnuVariables_C_Click() {
+    if (curObject) curObject->mnuVariables_Click();
+}
+
 void frmMain::openMenu(const QString& name, const QPoint& place) {
     if (QMenu* menu = m_menus.value(name)) menu->popup(place);
 }
@@ -197,7 +211,7 @@ void frmMain::openInstrumentMenu(Instrument* instrument, const QPoint& place) {
     curObject = instrument;
     const bool hasPins = instrument->kind() != Kind::TextTag;
     command(QStringLiteral("mnuTag_C"))->setChecked(instrument->tagIsOn());
-    command(QStringLiteral("mnuTag_C"))->setVisible(hasPins);
+    for (const char* name : {"mnuTag_C", "mnuVariables_C"}) command(QLatin1String(name))->setVisible(hasPins);
     openMenu(QStringLiteral("mnuDropDown3"), place);
 }
 

@@ -18,6 +18,7 @@ class frmHelp;
 enum class HelpCommand;
 class frmInterface;
 class Instrument;
+class frmProperties;
 
 class frmMain : public QMainWindow {
     Q_OBJECT
@@ -52,6 +53,9 @@ public:
     void mnuAbout_Click();
     void mnuTag_C_Click();
     void mnuProperties_C_Click();
+    void mnuVariables_C_Click();
+    /// Shows or hides the properties window, as the entry is checked now.
+    void mnuShowPropertiesWindow_Click();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -66,6 +70,9 @@ private:
     bool shutDown();
 
     void openHelp(HelpCommand command);
+    void showProperties(bool shown);
+    void feedProperties(Instrument* instrument, const QStringList& labels, const QStringList& values);
+
     void setCommandEnabled(const QString& name, bool enabled);
     void setButtonEnabled(int number, bool enabled);
     void openMenu(const QString& name, const QPoint& place);
@@ -77,6 +84,7 @@ private:
     frmInterface* m_dashboard;
     frmHelp* m_help = nullptr; ///< made when it is first asked for
     QString m_helpFolder;
+    frmProperties* m_properties = nullptr; ///< made when it is first wanted
     AcquisitionTick m_tick;
     RefreshFunction m_refresh;
     QHash<QString, QAction*> m_commands;

@@ -4,6 +4,7 @@
 #include "dashboard/frmInterface.h"
 #include "instruments/Instrument.h"
 #include "instruments/displays/NumLedDisplay.h"
+#include "instruments/frmProperties.h"
 #include "platform/Clock.h"
 #include "platform/Events.h"
 #include "tests/shell/FreshAccount.h"
@@ -11,6 +12,7 @@
 
 #include <QMenu>
 #include <QMenuBar>
+#include <QTableWidget>
 #include <QTest>
 
 namespace vistor {
@@ -109,6 +111,7 @@ TEST_F(FrmMainTest, MenusStandInOrderWithoutDeadEntries) {
                                     "mnuExit=E&xit",
                                     "mnuTagsOn=Labels O&n",
                                     "mnuTagsOff=Labels O&ff",
+                                    "mnuShowPropertiesWindow=Show &Properties Window",
                                     "mnuTabControl=Tab Management",
                                     "mnuNewTab=&Insert New Tab",
                                     "mnuClearCurrentTab=&Clear Current Tab",
@@ -131,8 +134,7 @@ TEST_F(FrmMainTest, CommandsFollowTheMode) {
         }
         return numbers;
     };
-    // 9 and 17 wait for their commands.
-    EXPECT_EQ(enabledButtons(), (QList<int>{2, 3, 4, 6, 10, 11, 12, 14, 15, 17, 18}));
+    EXPECT_EQ(enabledButtons(), (QList<int>{2, 3, 4, 6, 9, 10, 11, 12, 14, 15, 17, 18}));
     EXPECT_FALSE(command("mnuEditMode")->isEnabled());
     window.button(6)->trigger();
     EXPECT_TRUE(PlayMode);
@@ -194,6 +196,55 @@ TEST_F(FrmMainTest, ThePopUpMenuActsOnItsInstrument) {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     trigger("mnuTag_C"); // its instrument is gone
     EXPECT_FALSE(window.curObject);
+}
+
+TEST_F(FrmMainTest, PropertiesWindowFollowsTheMouseAndTheMode) {
+    open();
+    useRun(1);
+    Instrument* instrument = readout("LapTime", window.dashboard().pic[0]);
+    pumpEvents();
+    const auto shown = [this] {
+        const auto* properties = window.findChild<frmProperties*>();
+        return properties && properties->isVisible();
+    };
+    EXPECT_FALSE(shown());
+    window.button(9)->trigger();
+    ASSERT_TRUE(shown());
+    EXPECT_TRUE(PropertiesWindowShown);
+    EXPECT_TRUE(command("mnuShowPropertiesWindow")->isChecked());
+    auto& properties = *window.findChild<frmProperties*>();
+    QTest::mouseMove(&instrument->inCTRL());
+    EXPECT_EQ(properties.windowTitle(), "Properties - Alphanumaric");
+    const auto* grid = properties.findChild<QTableWidget*>("grdProperties");
+    EXPECT_EQ(grid->item(1, 1)->text(), "LapTime");
+    QTest::mouseMove(window.dashboard().pic[0], QPoint(1, 1));
+    EXPECT_EQ(grid->rowCount(), 0) << "beside the instruments it shows none";
+    trigger("mnuPlayMode");
+    EXPECT_FALSE(shown() || PropertiesWindowShown);
+    EXPECT_TRUE(command("mnuShowPropertiesWindow")->isChecked()) << "it comes back with edit mode";
+    trigger("mnuEditMode");
+    EXPECT_TRUE(shown() && PropertiesWindowShown);
+    properties.close();
+    EXPECT_FALSE(PropertiesWindowShown);
+    EXPECT_FALSE(command("mnuShowPropertiesWindow")->isChecked());
+    trigger("mnuPlayMode");
+    trigger("mnuEditMode");
+    EXPECT_FALSE(shown());
+}
+
+TEST_F(FrmMainTest, ATextTagsMenuHasNoEntriesForPins) {
+    open();
+    Instrument* tag = window.dashboard().addInstrument(Kind::TextTag, window.dashboard().pic[0]);
+    Instrument* bound = readout("LapTime", window.dashboard().pic[0]);
+    tag->move(300, 300);
+    tag->show();
+    pumpEvents();
+    for (Instrument* instrument : {bound, tag}) {
+        QTest::mouseClick(&instrument->inCTRL(), Qt::RightButton);
+        QApplication::activePopupWidget()->close();
+        for (const char* name : {"mnuTag_C", "mnuVariables_C"})
+            EXPECT_EQ(command(name)->isVisible(), instrument == bound) << name;
+    }
 }
 
 TEST_F(FrmMainTest, ARunMovesTheReadoutOfThePageInFront) {

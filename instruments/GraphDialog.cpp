@@ -1,0 +1,106 @@
+#include "instruments/GraphDialog.h"
+
+#include "instruments/ColourBox.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace vistor {
+
+GraphDialog::GraphDialog(const QString& title, QWidget* parent)
+    : QDialog(parent), m_columns(new QHBoxLayout) {
+    setWindowTitle(title);
+    (new QVBoxLayout(this))->addLayout(m_columns);
+    addColumn();
+}
+
+void GraphDialog::addColumn() {
+    m_columns->addLayout(new QVBoxLayout);
+}
+
+QFormLayout* GraphDialog::addGroup(const QString& title) {
+    auto* box = new QGroupBox(title);
+    m_columns->itemAt(m_columns->count() - 1)->layout()->addWidget(box);
+    return new QFormLayout(box);
+}
+
+QLineEdit* GraphDialog::addNumber(QFormLayout* group, const char* name, const QString& label, double value) {
+    auto* box = new QLineEdit(textOfNumber(value));
+    box->setObjectName(QLatin1String(name));
+    group->addRow(label, box);
+    return box;
+}
+
+QComboBox* GraphDialog::addWords(QFormLayout* group, const char* name, const QString& label,
+                                 std::span<const char* const> words, int value) {
+    auto* list = new QComboBox;
+    list->setObjectName(QLatin1String(name));
+    for (const char* word : words) list->addItem(QLatin1String(word));
+    list->setCurrentIndex(value >= 0 && value < list->count() ? value : 0);
+    group->addRow(label, list);
+    return list;
+}
+
+QCheckBox* GraphDialog::addCheck(QFormLayout* group, const char* name, const QString& label, bool value) {
+    auto* check = new QCheckBox(label);
+    check->setObjectName(QLatin1String(name));
+    check->setChecked(value);
+    group->addRow(check);
+    return check;
+}
+
+ColourBox* GraphDialog::addColour(QFormLayout* group, const char* name, const QString& label,
+                                  std::int32_t value) {
+    auto* box = new ColourBox;
+    box->setObjectName(QLatin1String(name));
+    box->setColour(value);
+    group->addRow(label, box);
+    return box;
+}
+
+void GraphDialog::finish(const GraphColours& colours) {
+    QFormLayout* group = addGroup(tr("Colours"));
+    picBackCol = addColour(group, "picBackCol", tr("Background"), colours.back);
+    picForeCol = addColour(group, "picForeCol", tr("Numbers"), colours.fore);
+    picTraceCol = addColour(group, "picTraceCol", tr("Trace"), colours.trace);
+
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Apply | QDialogButtonBox::Cancel);
+    QPushButton* all = buttons->addButton(tr("All Properties..."), QDialogButtonBox::ActionRole);
+    QPushButton* apply = buttons->button(QDialogButtonBox::Apply);
+    apply->setObjectName(QStringLiteral("cmdApply"));
+    connect(apply, &QPushButton::clicked, this, [this] {
+        cmdApply_Click();
+        accept();
+    });
+    connect(all, &QPushButton::clicked, this, [this] {
+        cmdApply_Click();
+        done(kAllProperties);
+    });
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    layout()->addWidget(buttons);
+    apply->setDefault(true); // now that the window knows it
+}
+
+GraphColours GraphDialog::colours() const {
+    return {picBackCol->colour(), picForeCol->colour(), picTraceCol->colour()};
+}
+
+void GraphDialog::lockWhileChecked(QCheckBox* check, std::span<QLineEdit* const> boxes) {
+    for (QLineEdit* box : boxes) {
+        box->setDisabled(check->isChecked());
+        connect(check, &QCheckBox::toggled, box, &QWidget::setDisabled);
+    }
+}
+
+double numberIn(const QLineEdit* box) {
+    return numberOfText(box->text());
+}
+
+} // namespace vistor

@@ -1,0 +1,59 @@
+// What the windows of both graphs are made of: fields, the three colour boxes, the buttons. In: widgets. Out:
+// a laid-out window.
+#pragma once
+
+#include "instruments/GraphConfig.h"
+
+#include <QDialog>
+
+#include <span>
+
+class QCheckBox;
+class QComboBox;
+class QFormLayout;
+class QHBoxLayout;
+class QLineEdit;
+
+namespace vistor {
+
+class ColourBox;
+
+class GraphDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    /// A person wants to edit all properties instead; what stands in the fields is applied.
+    static constexpr int kAllProperties = 2;
+
+protected:
+    GraphDialog(const QString& title, QWidget* parent);
+
+    /// What follows stands in another column.
+    void addColumn();
+    /// A group of fields below the others of its column.
+    QFormLayout* addGroup(const QString& title);
+    QLineEdit* addNumber(QFormLayout* group, const char* name, const QString& label, double value);
+    QComboBox* addWords(QFormLayout* group, const char* name, const QString& label,
+                        std::span<const char* const> words, int value);
+    QCheckBox* addCheck(QFormLayout* group, const char* name, const QString& label, bool value);
+    /// The colours, then the buttons.
+    void finish(const GraphColours& colours);
+    GraphColours colours() const;
+    /// Boxes that can be edited only while the axis does not scale itself.
+    static void lockWhileChecked(QCheckBox* check, std::span<QLineEdit* const> boxes);
+
+    virtual void cmdApply_Click() = 0;
+
+private:
+    ColourBox* addColour(QFormLayout* group, const char* name, const QString& label, std::int32_t value);
+
+    QHBoxLayout* m_columns;
+    ColourBox* picBackCol = nullptr;
+    ColourBox* picForeCol = nullptr;
+    ColourBox* picTraceCol = nullptr;
+};
+
+/// The number in a box, whatever the locale; 0 for what is none.
+double numberIn(const QLineEdit* box);
+
+} // namespace vistor

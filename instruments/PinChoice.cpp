@@ -1,0 +1,69 @@
+#include "instruments/PinChoice.h"
+
+#include "variables/GlobalVarsAndTypes.h"
+#include "variables/SetupVariables.h"
+
+namespace vistor {
+namespace {
+
+QString groupOf(const QString& variable) {
+    const auto row = static_cast<std::size_t>(FindVariableByPhysicalName(variable));
+    if (row == kNoVariable || row >= VariableTable.size()) return {};
+    for (const VariableGroup& group : variableGroups()) {
+        if (group.type == VariableTable[row].VariableType) return QLatin1String(group.text);
+    }
+    return {};
+}
+
+PinRow rowOf(const PinTable& pins, int pin, std::uint8_t axis) {
+    const QString variable = pins.at(pin, axis);
+    return {pin, axis, variable, variable.isEmpty() ? QString() : groupOf(variable)};
+}
+
+} // namespace
+
+std::vector<PinRow> boundPins(const PinTable& pins) {
+    std::vector<PinRow> rows;
+    for (int pin = 1; pin <= pins.upperBound(); ++pin) {
+        if (!pins.at(pin).isEmpty()) rows.push_back(rowOf(pins, pin, 0));
+    }
+    return rows;
+}
+
+std::vector<PinRow> trackPins(const PinTable& pins, int count, bool bothAxes) {
+    std::vector<PinRow> rows;
+    for (int track = 1; track <= count; ++track) {
+        if (bothAxes) rows.push_back(rowOf(pins, track, 0));
+        rows.push_back(rowOf(pins, track, 1));
+    }
+    return rows;
+}
+
+std::vector<PinRow> everyPin(const PinTable& pins, int count) {
+    std::vector<PinRow> rows;
+    for (int pin = 1; pin <= count; ++pin) rows.push_back(rowOf(pins, pin, 0));
+    return rows;
+}
+
+QStringList pinGroups() {
+    constexpr std::size_t kOffered = 7; // lap timing and the rest are bound by dragging them
+    QStringList groups;
+    for (const VariableGroup& group : variableGroups().first(kOffered)) groups << QLatin1String(group.text);
+    return groups;
+}
+
+QStringList variablesOfGroup(const QString& group) {
+    int type = 0;
+    for (const VariableGroup& known : variableGroups())
+        if (group == QLatin1String(known.text)) type = known.type;
+    QStringList names;
+    for (const VariableDefinition& row : VariableTable)
+        if (row.VariableType == type && row.Enabled && !row.PhysicalName.isEmpty()) names << row.PhysicalName;
+    return names;
+}
+
+QString axisName(std::uint8_t axis) {
+    return axis == 0 ? QStringLiteral("X") : QStringLiteral("Y");
+}
+
+} // namespace vistor

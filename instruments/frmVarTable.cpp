@@ -1,0 +1,178 @@
+#include "instruments/frmVarTable.h"
+
+#include "instruments/Instrument.h"
+#include "platform/Prompts.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+namespace vistor {
+namespace {
+
+constexpr QSize kNewSize(460, 420);
+constexpr int kVisibleChoices = 16;
+
+QTableWidgetItem* cell(const QString& text) {
+    auto* item = new QTableWidgetItem(text);
+    item->setToolTip(text);
+    return item;
+}
+
+} // namespace
+
+frmVarTable::frmVarTable(QWidget* parent)
+    : QDialog(parent),
+      grd(new QTableWidget),
+      cmbPin(new QComboBox),
+      cmbGroup(new QComboBox),
+      cmbVariable(new QComboBox),
+      m_fields(new QFormLayout) {
+    auto* column = new QVBoxLayout(this);
+    makeGrid();
+    column->addWidget(grd, 1);
+    column->addLayout(m_fields);
+    makeFields();
+    makeButtons();
+    resize(kNewSize);
+    cmbPin->setFocus();
+}
+
+void frmVarTable::makeGrid() {
+    grd->setObjectName(QStringLiteral("grd"));
+    grd->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    grd->setSelectionBehavior(QAbstractItemView::SelectRows);
+    grd->setSelectionMode(QAbstractItemView::SingleSelection);
+    grd->setTabKeyNavigation(false);
+    grd->setAlternatingRowColors(true);
+    grd->setShowGrid(false);
+    grd->verticalHeader()->hide();
+    grd->horizontalHeader()->setHighlightSections(false);
+    grd->horizontalHeader()->setStretchLastSection(true);
+    grd->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    connect(grd, &QTableWidget::itemSelectionChanged, this, &frmVarTable::chooseRow);
+}
+
+void frmVarTable::makeFields() {
+    const struct {
+        QComboBox* box;
+        const char* name;
+        QString label;
+    } fields[] = {{cmbPin, "cmbPin", tr("&Pin")},
+                  {cmbGroup, "cmbGroup", tr("&Group")},
+                  {cmbVariable, "cmbVariable", tr("&Variable")}};
+    for (const auto& field : fields) {
+        field.box->setObjectName(QLatin1String(field.name));
+        field.box->setMaxVisibleItems(kVisibleChoices);
+        field.box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        field.box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        m_fields->addRow(field.label, field.box);
+    }
+    m_fields->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    cmbGroup->addItems(pinGroups());
+    cmbGroup->setCurrentIndex(-1);
+    connect(cmbGroup, &QComboBox::currentIndexChanged, this, &frmVarTable::cmbGroup_Click);
+}
+
+void frmVarTable::makeButtons() {
+    const struct {
+        const char* name;
+        QString words;
+        void (frmVarTable::*clicked)();
+    } buttons[] = {{"cmdApply", tr("&Apply"), &frmVarTable::cmdApply_Click},
+                   {"cmdRemove", tr("&Remove"), &frmVarTable::cmdRemove_Click},
+                   {"cmdExit", tr("E&xit"), &frmVarTable::accept}};
+    auto* line = new QHBoxLayout;
+    line->addStretch();
+    static_cast<QVBoxLayout*>(layout())->addLayout(line);
+    for (const auto& button : buttons) {
+        auto* made = new QPushButton(button.words);
+        made->setObjectName(QLatin1String(button.name));
+        connect(made, &QPushButton::clicked, this, button.clicked);
+        line->addWidget(made);
+        if (button.clicked == &frmVarTable::cmdApply_Click) made->setDefault(true);
+    }
+}
+
+void frmVarTable::VXVariable(const QString& pinLabel, int pins, Instrument& instrument,
+                             const PinTable& table) {
+    m_instrument = &instrument;
+    m_pinLabel = pinLabel;
+    m_pins = pins;
+    cmbPin->clear();
+    for (int pin = 1; pin <= pins; ++pin) cmbPin->addItem(QString::number(pin));
+    cmbPin->setCurrentIndex(-1);
+    fillGrid(table);
+}
+
+std::vector<PinRow> frmVarTable::rowsOf(const PinTable& table) const {
+    return everyPin(table, m_pins);
+}
+
+PinTable frmVarTable::assign(Instrument& instrument, int pin, const QString& name) {
+    return instrument.AssignPin(pin, name);
+}
+
+PinTable frmVarTable::remove(Instrument& instrument, int pin) {
+    return instrument.RemovePin(pin);
+}
+
+void frmVarTable::fillGrid(const PinTable& table) {
+    const QSignalBlocker quiet(grd);
+    m_rows = rowsOf(table);
+    QStringList headers{m_pinLabel, QStringLiteral("VARIABLE"), QStringLiteral("VARIABLE TYPE")};
+    if (m_showsAxis) headers.insert(1, QStringLiteral("AXIS"));
+    grd->setColumnCount(static_cast<int>(headers.size()));
+    grd->setHorizontalHeaderLabels(headers);
+    grd->setRowCount(static_cast<int>(m_rows.size()));
+    for (int row = 0; row < grd->rowCount(); ++row) {
+        const PinRow& shown = m_rows[static_cast<std::size_t>(row)];
+        QStringList texts{QString::number(shown.pin), shown.variable, shown.group};
+        if (m_showsAxis) texts.insert(1, axisName(shown.axis));
+        for (int column = 0; column < texts.size(); ++column)
+            grd->setItem(row, column, cell(texts.at(column)));
+    }
+    grd->resizeColumnsToContents();
+}
+
+void frmVarTable::chooseRow() {
+    const int row = grd->currentRow();
+    if (row >= 0 && row < static_cast<int>(m_rows.size())) choose(m_rows[static_cast<std::size_t>(row)]);
+}
+
+void frmVarTable::choose(const PinRow& row) {
+    cmbPin->setCurrentIndex(row.pin - 1);
+    if (row.variable.isEmpty()) return; // what was chosen before may be meant for this pin
+    cmbGroup->setCurrentIndex(cmbGroup->findText(row.group));
+    cmbVariable->setCurrentIndex(cmbVariable->findText(row.variable));
+}
+
+void frmVarTable::cmbGroup_Click() {
+    cmbVariable->clear();
+    cmbVariable->addItems(variablesOfGroup(cmbGroup->currentText()));
+    cmbVariable->setCurrentIndex(-1);
+}
+
+void frmVarTable::cmdApply_Click() {
+    const bool full =
+        cmbPin->currentIndex() >= 0 && cmbGroup->currentIndex() >= 0 && cmbVariable->currentIndex() >= 0;
+    if (!full) {
+        MsgBox(QStringLiteral("Please fill all fields"));
+        return;
+    }
+    if (m_instrument) fillGrid(assign(*m_instrument, cmbPin->currentIndex() + 1, cmbVariable->currentText()));
+}
+
+void frmVarTable::cmdRemove_Click() {
+    if (cmbPin->currentIndex() < 0) {
+        MsgBox(QStringLiteral("Select an input and try again"));
+        return;
+    }
+    if (m_instrument) fillGrid(remove(*m_instrument, cmbPin->currentIndex() + 1));
+}
+
+} // namespace vistor

@@ -1,0 +1,60 @@
+// The window that shows and edits all bindings of an instrument. In: the instrument and its pin table. Out:
+// pins bound and unbound on the instrument, one by one.
+#pragma once
+
+#include "instruments/PinChoice.h"
+
+#include <QDialog>
+#include <QPointer>
+
+#include <vector>
+
+class QComboBox;
+class QFormLayout;
+class QTableWidget;
+
+namespace vistor {
+
+class frmVarTable : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit frmVarTable(QWidget* parent);
+
+    /// What is edited: an instrument, how its pins are called, how many there are and what is bound. Comes
+    /// before the window is shown.
+    void VXVariable(const QString& pinLabel, int pins, Instrument& instrument, const PinTable& table);
+
+protected:
+    virtual std::vector<PinRow> rowsOf(const PinTable& table) const;
+    virtual PinTable assign(Instrument& instrument, int pin, const QString& name);
+    virtual PinTable remove(Instrument& instrument, int pin);
+    /// Puts a row of the grid into the fields.
+    virtual void choose(const PinRow& row);
+    QFormLayout* fields() const { return m_fields; }
+    int pinCount() const { return m_pins; }
+
+    bool m_showsAxis = false; ///< the grid has a column for it
+
+private:
+    void makeFields();
+    void makeGrid();
+    void makeButtons();
+    void fillGrid(const PinTable& table);
+    void cmbGroup_Click();
+    void cmdApply_Click();
+    void cmdRemove_Click();
+    void chooseRow();
+
+    QPointer<Instrument> m_instrument;
+    QString m_pinLabel;
+    int m_pins = 0;
+    std::vector<PinRow> m_rows;
+    QTableWidget* grd;
+    QComboBox* cmbPin;
+    QComboBox* cmbGroup;
+    QComboBox* cmbVariable;
+    QFormLayout* m_fields;
+};
+
+} // namespace vistor

@@ -1,0 +1,78 @@
+#include "instruments/frmXYGraph.h"
+
+#include "instruments/displays/StripTable.h"
+#include "maths/ConvertUnits.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+namespace vistor {
+
+frmXYGraph::frmXYGraph(XYGraphConfig& config, QWidget* parent)
+    : GraphDialog(tr("XY Graph"), parent), m_config(config) {
+    makeAxes();
+    addColumn();
+    makeTrace();
+    finish(config.colours);
+}
+
+void frmXYGraph::makeAxes() {
+    QFormLayout* x = addGroup(tr("X axis"));
+    AutoScaleXChk = addCheck(x, "AutoScaleXChk", tr("Auto Scale &X"), m_config.autoScaleX);
+    txtMinX = addNumber(x, "txtMinX", tr("Minimum X"), m_config.minimumX);
+    txtMaxX = addNumber(x, "txtMaxX", tr("Maximum X"), m_config.maximumX);
+    chkGridX = addCheck(x, "chkGridX", tr("Grid"), m_config.gridX);
+    chkShowNumX = addCheck(x, "chkShowNumX", tr("Show Numbers"), m_config.showNumbersX);
+    QFormLayout* y = addGroup(tr("Y axis"));
+    AutoScaleYChk = addCheck(y, "AutoScaleYChk", tr("Auto Scale &Y"), m_config.autoScaleY);
+    txtMinY = addNumber(y, "txtMinY", tr("Minimum Y"), m_config.minimumY);
+    txtMaxY = addNumber(y, "txtMaxY", tr("Maximum Y"), m_config.maximumY);
+    chkGridY = addCheck(y, "chkGridY", tr("Grid"), m_config.gridY);
+    chkShowNumY = addCheck(y, "chkShowNumY", tr("Show Numbers"), m_config.showNumbersY);
+    lockWhileChecked(AutoScaleXChk, std::array{txtMinX, txtMaxX});
+    lockWhileChecked(AutoScaleYChk, std::array{txtMinY, txtMaxY});
+}
+
+void frmXYGraph::makeTrace() {
+    QFormLayout* trace = addGroup(tr("Trace"));
+    cmbSymbol = addWords(trace, "cmbSymbol", tr("&Symbol View"), kSymbolWords, m_config.symbol);
+    txtSymbolSize = addNumber(trace, "txtSymbolSize", tr("Symbol Size"), m_config.symbolSize);
+    txtSymbolSize->installEventFilter(this);
+    txtBufSize = addNumber(trace, "txtBufSize", tr("&Buffer Size"), m_config.bufferSize);
+    chkShowMarker = addCheck(trace, "chkShowMarker", tr("Show &Marker"), m_config.showMarker);
+    chkFixAspect = addCheck(trace, "chkFixAspect", tr("&Fix Aspect Ratio 1:1"), m_config.fixAspect);
+}
+
+/// Keys that do not belong to a number are not typed; keys without a sign, such as arrows, pass.
+bool frmXYGraph::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != txtSymbolSize || event->type() != QEvent::KeyPress)
+        return GraphDialog::eventFilter(watched, event);
+    const QString typed = static_cast<QKeyEvent*>(event)->text();
+    if (typed.isEmpty() || !typed.at(0).isPrint()) return false;
+    auto key = static_cast<std::int16_t>(typed.at(0).unicode());
+    NumericKeyFilter(key);
+    return key == 0;
+}
+
+void frmXYGraph::cmdApply_Click() {
+    m_config = {.autoScaleX = AutoScaleXChk->isChecked(),
+                .autoScaleY = AutoScaleYChk->isChecked(),
+                .minimumX = numberIn(txtMinX),
+                .maximumX = numberIn(txtMaxX),
+                .minimumY = numberIn(txtMinY),
+                .maximumY = numberIn(txtMaxY),
+                .bufferSize = numberIn(txtBufSize),
+                .symbolSize = numberIn(txtSymbolSize),
+                .symbol = cmbSymbol->currentIndex(),
+                .gridX = chkGridX->isChecked(),
+                .gridY = chkGridY->isChecked(),
+                .showMarker = chkShowMarker->isChecked(),
+                .showNumbersX = chkShowNumX->isChecked(),
+                .showNumbersY = chkShowNumY->isChecked(),
+                .fixAspect = chkFixAspect->isChecked(),
+                .colours = colours()};
+}
+
+} // namespace vistor
