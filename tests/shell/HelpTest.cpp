@@ -1,6 +1,8 @@
 // The help window, and the delivered pages: nothing they link to may be missing.
+#include "maths/ConvertUnits.h"
 #include "shell/frmHelp.h"
 #include "tests/shell/FreshAccount.h"
+#include "variables/GlobalVarsAndTypes.h"
 
 #include <QLineEdit>
 #include <QListWidget>
@@ -43,6 +45,57 @@ TEST(HelpPages, ThoseDeliveredLinkToEachOtherAndToPicturesThatAreThere) {
             EXPECT_TRUE(found) << name.toStdString() << " links to " << target.toStdString();
         }
     }
+}
+
+/// The car and the values that the pages say their examples have.
+void setExampleCar() {
+    ResetGlobals();
+    VariableTable.resize(kVariableCount);
+    CarConstants[0] = 0.72F;
+    CarConstants[2] = 1180;
+    CarConstants[6] = 2.5F;
+    createFormulaEvaluators();
+    LastValue[2] = 6000;
+    LastValue[4] = 180;
+    LastValue[10] = 50;
+}
+
+constexpr int kExampleVariable = 7000;
+
+TEST(HelpPages, FormulasInTheExamplesGiveWhatThePageSays) {
+    setExampleCar();
+    const QString text = helpPageText(kDelivered, "formulas.md").value_or(QString());
+    const QRegularExpression row(QStringLiteral("\\| `([^`]+)` \\| ([-0-9.]+) \\| ([-0-9.]+) \\|"));
+    int count = 0;
+    for (auto it = row.globalMatch(text); it.hasNext(); ++count) {
+        const QRegularExpressionMatch match = it.next();
+        float value = match.captured(2).toFloat();
+        EXPECT_TRUE(ConvertValue(match.captured(1), kExampleVariable, value, false));
+        EXPECT_NEAR(value, match.captured(3).toFloat(), 0.01) << match.captured(1).toStdString();
+        EXPECT_TRUE(ConvertValue(match.captured(1), kExampleVariable, value, true));
+    }
+    EXPECT_GT(count, 8);
+}
+
+TEST(HelpPages, ScriptsInTheExamplesGiveWhatThePageSays) {
+    setExampleCar();
+    const ScriptedPrompts prompts;
+    const QString text = helpPageText(kDelivered, "scripts.md").value_or(QString());
+    const QRegularExpression example(QStringLiteral("```vb\n(.*?)```\n\n(Gives [^\n]+)"),
+                                     QRegularExpression::DotMatchesEverythingOption);
+    const QRegularExpression result(QStringLiteral("Gives ([-0-9.]+) for ([-0-9.]+)\\."));
+    int count = 0;
+    for (auto it = example.globalMatch(text); it.hasNext();) {
+        const QRegularExpressionMatch match = it.next();
+        for (auto results = result.globalMatch(match.captured(2)); results.hasNext(); ++count) {
+            const QRegularExpressionMatch pair = results.next();
+            float value = pair.captured(2).toFloat();
+            EXPECT_TRUE(ConvertValue(match.captured(1), kExampleVariable, value, false));
+            EXPECT_NEAR(value, pair.captured(1).toFloat(), 0.001) << match.captured(1).toStdString();
+        }
+    }
+    EXPECT_GT(count, 8);
+    for (const MessageRequest& message : prompts.messages) ADD_FAILURE() << message.text.toStdString();
 }
 
 class HelpWindowTest : public FreshAccount {
