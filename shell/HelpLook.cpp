@@ -15,6 +15,7 @@ namespace {
 constexpr double kMargin = 22;      ///< logical pixels around a page
 constexpr double kLineHeight = 125; ///< percent
 constexpr double kBetween = 9;
+constexpr int kWidestPicture = 680;
 constexpr int kHeadingSizes[] = {21, 16, 13, 12}; ///< points, by level
 
 QColor mixed(const QColor& a, const QColor& b, double share) {
@@ -77,16 +78,32 @@ void layOutTable(QTextTable& table, const QPalette& palette) {
     }
 }
 
+/// Pictures wider than a page's usual width are shown smaller.
+void layOutPicture(QTextCursor& cursor, const QTextImageFormat& shown) {
+    const QVariant data = cursor.document()->resource(QTextDocument::ImageResource, QUrl(shown.name()));
+    const QSize size = data.value<QImage>().isNull() ? data.value<QPixmap>().size() : data.value<QImage>().size();
+    if (size.width() <= kWidestPicture) return;
+    QTextImageFormat format = shown;
+    format.setWidth(kWidestPicture);
+    format.setHeight(kWidestPicture * size.height() / size.width());
+    cursor.setCharFormat(format);
+}
+
 /// Words of code in a line keep the size of the line: the toolkit takes the system's fixed font as it is.
 void layOutFragments(const QTextBlock& block, const QPalette& palette, double points) {
     const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     for (auto it = block.begin(); !it.atEnd(); ++it) {
         const QTextFragment fragment = it.fragment();
         const bool isLink = fragment.charFormat().isAnchor();
-        if (!fragment.charFormat().fontFixedPitch() && !isLink) continue;
+        const bool isPicture = fragment.charFormat().isImageFormat();
+        if (!fragment.charFormat().fontFixedPitch() && !isLink && !isPicture) continue;
         QTextCursor cursor(block);
         cursor.setPosition(fragment.position());
         cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
+        if (isPicture) {
+            layOutPicture(cursor, fragment.charFormat().toImageFormat());
+            continue;
+        }
         QTextCharFormat format;
         if (isLink) format.setForeground(palette.color(QPalette::Link));
         if (fragment.charFormat().fontFixedPitch()) {
