@@ -49,6 +49,7 @@ Palette::Palette(QTreeWidget* trvControl, QListWidget* lvControl)
 
 void Palette::FillPalette() {
     m_tree->clear();
+    m_tree->setRootIsDecorated(false);
     m_nodes.clear();
     m_keys.clear();
     SelectedCategory = nullptr;
@@ -80,6 +81,7 @@ void Palette::addRoots() {
 
 bool Palette::addChild(QTreeWidgetItem* parent, const QString& key) {
     if (m_keys.contains(key)) return false;
+    m_tree->setRootIsDecorated(true); // room for arrows only where there is something to open
     auto* child = new QTreeWidgetItem(parent, {key.mid(1)});
     child->setData(0, kPaletteKeyRole, key);
     child->setIcon(0, picture("custom"));

@@ -50,10 +50,32 @@ void layOutCode(QTextCursor& cursor, const QPalette& palette, bool isLast) {
     cursor.setBlockFormat(block);
 }
 
+/// A picture wider than a page's usual width is shown smaller.
+void layOutPicture(QTextDocument& document, const QString& name) {
+    const QUrl url(name);
+    const auto image = document.resource(QTextDocument::ImageResource, url).value<QImage>();
+    if (image.width() > kWidestPicture)
+        document.addResource(QTextDocument::ImageResource, url,
+                             image.scaledToWidth(kWidestPicture, Qt::SmoothTransformation));
+}
+
+/// Whether the block holds a picture.
+bool layOutPictures(QTextDocument& document, const QTextBlock& block) {
+    bool found = false;
+    for (auto it = block.begin(); !it.atEnd(); ++it) {
+        const QTextCharFormat format = it.fragment().charFormat();
+        if (!format.isImageFormat()) continue;
+        layOutPicture(document, format.toImageFormat().name());
+        found = true;
+    }
+    return found;
+}
+
 void layOutText(QTextCursor& cursor) {
     QTextBlockFormat block = cursor.blockFormat();
     const bool isInList = cursor.currentList() != nullptr;
-    block.setLineHeight(kLineHeight, QTextBlockFormat::ProportionalHeight);
+    if (!layOutPictures(*cursor.document(), cursor.block()))
+        block.setLineHeight(kLineHeight, QTextBlockFormat::ProportionalHeight);
     block.setTopMargin(0);
     block.setBottomMargin(cursor.currentTable() ? 0 : isInList ? kBetween / 2 : kBetween);
     cursor.setBlockFormat(block);
@@ -78,32 +100,16 @@ void layOutTable(QTextTable& table, const QPalette& palette) {
     }
 }
 
-/// Pictures wider than a page's usual width are shown smaller.
-void layOutPicture(QTextCursor& cursor, const QTextImageFormat& shown) {
-    const QVariant data = cursor.document()->resource(QTextDocument::ImageResource, QUrl(shown.name()));
-    const QSize size = data.value<QImage>().isNull() ? data.value<QPixmap>().size() : data.value<QImage>().size();
-    if (size.width() <= kWidestPicture) return;
-    QTextImageFormat format = shown;
-    format.setWidth(kWidestPicture);
-    format.setHeight(kWidestPicture * size.height() / size.width());
-    cursor.setCharFormat(format);
-}
-
 /// Words of code in a line keep the size of the line: the toolkit takes the system's fixed font as it is.
 void layOutFragments(const QTextBlock& block, const QPalette& palette, double points) {
     const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     for (auto it = block.begin(); !it.atEnd(); ++it) {
         const QTextFragment fragment = it.fragment();
         const bool isLink = fragment.charFormat().isAnchor();
-        const bool isPicture = fragment.charFormat().isImageFormat();
-        if (!fragment.charFormat().fontFixedPitch() && !isLink && !isPicture) continue;
+        if (!fragment.charFormat().fontFixedPitch() && !isLink) continue;
         QTextCursor cursor(block);
         cursor.setPosition(fragment.position());
         cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
-        if (isPicture) {
-            layOutPicture(cursor, fragment.charFormat().toImageFormat());
-            continue;
-        }
         QTextCharFormat format;
         if (isLink) format.setForeground(palette.color(QPalette::Link));
         if (fragment.charFormat().fontFixedPitch()) {
