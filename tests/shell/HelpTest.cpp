@@ -33,7 +33,7 @@ TEST(HelpPages, ThoseDeliveredLinkToEachOtherAndToPicturesThatAreThere) {
     }
     const QStringList files = QDir(kDelivered).entryList({"*.md"}, QDir::Files);
     EXPECT_EQ(QSet<QString>(names.begin(), names.end()), QSet<QString>(files.begin(), files.end()));
-    EXPECT_FALSE(pages.index.empty());
+    EXPECT_GT(pages.index.size(), 100U);
     const QRegularExpression link(QStringLiteral("\\]\\(([^)]+)\\)"));
     for (const QString& name : names) {
         const QString text = helpPageText(kDelivered, name).value_or(QString());
