@@ -6,6 +6,16 @@
 #include <algorithm>
 
 namespace vistor {
+namespace {
+
+/// The keyboard goes to the page: left to itself the toolkit would hand it to the next instrument.
+void takeOff(Instrument& instrument) {
+    if (instrument.hasFocus()) instrument.parentWidget()->setFocus();
+    instrument.hide();
+    instrument.setParent(nullptr);
+}
+
+} // namespace
 
 Instrument* InstrumentArrays::adopt(int number, std::unique_ptr<Instrument> made) {
     if (!made) return nullptr;
@@ -33,8 +43,15 @@ Instrument* InstrumentArrays::add(Kind kind, QWidget* page) {
 void InstrumentArrays::removeFrom(const Page* page) {
     std::erase_if(m_elements, [page](InstrumentElement& element) {
         if (element.number == 0 || pageOf(*element.instrument) != page) return false;
-        element.instrument->hide();
-        element.instrument->setParent(nullptr);
+        takeOff(*element.instrument);
+        return true;
+    });
+}
+
+void InstrumentArrays::remove(const Instrument* instrument) {
+    std::erase_if(m_elements, [instrument](InstrumentElement& element) {
+        if (element.number == 0 || element.instrument.get() != instrument) return false;
+        takeOff(*element.instrument);
         return true;
     });
 }

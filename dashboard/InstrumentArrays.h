@@ -29,6 +29,8 @@ public:
     /// Takes the instruments of a page away. One that is still subscribed lives on unseen until the next
     /// rebuild.
     void removeFrom(const Page* page);
+    /// The same with one instrument. One that is not among the elements, and a template, stays.
+    void remove(const Instrument* instrument);
 
     const std::vector<InstrumentElement>& all() const { return m_elements; }
     /// The elements with a number, which stand on pages.

@@ -1,7 +1,9 @@
 #include "dashboard/Page.h"
 
+#include "dashboard/Palette.h"
 #include "dashboard/Twips.h"
 
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -14,8 +16,7 @@ QList<int> gridPlaces(int pitch, int extent) {
     if (pitch <= 0) return places;
     // Below a pixel every pixel has a dot already.
     const int step = std::max(pitch, static_cast<int>(kTwipsOfPixel));
-    for (int twips = 0; twips < extent * kTwipsOfPixel; twips += step)
-        places.append(static_cast<int>(twips / kTwipsOfPixel));
+    for (int twips = 0; toPixels(twips) < extent; twips += step) places.append(toPixels(twips));
     return places;
 }
 
@@ -23,6 +24,8 @@ Page::Page(int number, QWidget* parent) : QWidget(parent), m_number(number) {
     setObjectName(QStringLiteral("pic"));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
+    setAcceptDrops(true);
+    setFocusPolicy(Qt::ClickFocus);
     setBackColour(palette().color(QPalette::Button));
 }
 
@@ -44,27 +47,51 @@ void Page::clearDrawing() {
     update();
 }
 
+/// Painted once and copied to every line, so that a page full of dots costs no more than a few.
+const QPixmap& Page::gridRow() {
+    const double ratio = devicePixelRatioF();
+    const QSize pixels = (QSizeF(width(), 1) * ratio).toSize();
+    if (m_rowPitch == m_pitch && m_row.size() == pixels && m_row.devicePixelRatio() == ratio) return m_row;
+    m_row = QPixmap(pixels);
+    m_row.setDevicePixelRatio(ratio);
+    m_row.fill(Qt::transparent);
+    m_rowPitch = m_pitch;
+    QPainter painter(&m_row);
+    for (const int x : gridPlaces(m_pitch, width())) painter.fillRect(x, 0, 1, 1, Qt::black);
+    return m_row;
+}
+
 void Page::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    painter.fillRect(event->rect(), m_back);
-    if (m_pitch == 0) return;
     const QRect exposed = event->rect();
-    const QList<int> columns = gridPlaces(m_pitch, width());
-    QList<QPoint> dots;
+    painter.fillRect(exposed, m_back);
+    if (m_pitch == 0) return;
     for (const int y : gridPlaces(m_pitch, height())) {
-        if (y < exposed.top() || y > exposed.bottom()) continue;
-        for (const int x : columns) dots.append(QPoint(x, y));
+        if (exposed.top() <= y && y <= exposed.bottom()) painter.drawPixmap(0, y, gridRow());
     }
-    painter.setPen(Qt::black);
-    painter.drawPoints(dots.constData(), static_cast<int>(dots.size()));
 }
 
 void Page::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) Q_EMIT leftPressed();
     if (event->button() == Qt::RightButton) Q_EMIT rightPressed(event->position().toPoint());
 }
 
 void Page::mouseMoveEvent(QMouseEvent*) {
     Q_EMIT moved();
+}
+
+void Page::dragEnterEvent(QDragEnterEvent* event) {
+    event->setAccepted(event->mimeData()->hasFormat(QLatin1String(kPaletteDragType)));
+}
+
+void Page::dragMoveEvent(QDragMoveEvent* event) {
+    event->setAccepted(childAt(event->position().toPoint()) == nullptr);
+}
+
+void Page::dropEvent(QDropEvent* event) {
+    if (childAt(event->position().toPoint())) return event->ignore();
+    event->acceptProposedAction();
+    Q_EMIT dropped(event->source(), event->position());
 }
 
 } // namespace vistor

@@ -45,6 +45,8 @@ Palette::Palette(QTreeWidget* trvControl, QListWidget* lvControl)
     connect(m_tree, &QTreeWidget::currentItemChanged, this, &Palette::choose);
     m_tree->installEventFilter(this);
     m_list->installEventFilter(this);
+    m_tree->viewport()->installEventFilter(this);
+    m_list->viewport()->installEventFilter(this);
 }
 
 void Palette::FillPalette() {
@@ -53,6 +55,7 @@ void Palette::FillPalette() {
     m_nodes.clear();
     m_keys.clear();
     SelectedCategory = nullptr;
+    release();
     addRoots();
     const IniFile library = IniFile::load(LibraryPath);
     for (const Kind kind : kTreeOrder) {
@@ -122,6 +125,7 @@ void Palette::choose(QTreeWidgetItem* item) {
 }
 
 void Palette::RefreshPaletteList() {
+    SelectedItem = nullptr;
     m_list->clear();
     IconImage.clear();
     const QString category =
@@ -150,6 +154,12 @@ void Palette::addListItem(const QString& key, const QString& text, const QString
 }
 
 bool Palette::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_tree->viewport() || watched == m_list->viewport()) {
+        QAbstractItemView* view = m_tree;
+        if (watched == m_list->viewport()) view = m_list;
+        const bool isMouse = QEvent::MouseButtonPress <= event->type() && event->type() <= QEvent::MouseMove;
+        return isMouse && mouseEvent(*view, *static_cast<QMouseEvent*>(event));
+    }
     const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
     if (!isKey || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Delete) return false;
     event->accept(); // before it can become a command of the main window

@@ -1,6 +1,6 @@
 // The palette of instrument types: a tree of types with their custom entries, and the icons of the type that
-// is chosen. In: clicks and keys, the library's file, bitmaps. Out: what stands in the two views; each entry
-// keeps its key. The file changes with the entries.
+// is chosen. In: clicks, drags and keys, the library's file, bitmaps. Out: what stands in the two views; each
+// entry keeps its key, and a drag starts from it. The file changes with the entries.
 #pragma once
 
 #include "dashboard/PaletteEntries.h"
@@ -22,6 +22,9 @@ namespace vistor {
 /// The role under which an item keeps its key.
 inline constexpr int kPaletteKeyRole = Qt::UserRole;
 
+/// The type of the data that a drag of an entry carries: its key in UTF-8.
+inline constexpr const char* kPaletteDragType = "application/x-vistor-palette-entry";
+
 class Palette : public QObject {
     Q_OBJECT
 
@@ -40,9 +43,14 @@ public:
     void removeNode(const QString& key);
 
     QTreeWidgetItem* SelectedCategory = nullptr;
+    // The entry on which the mouse went down, until it comes up; also one that was just added.
     QTreeWidgetItem* SelectedNode = nullptr;
+    QListWidgetItem* SelectedItem = nullptr;
 
     QHash<QString, QIcon> IconImage; ///< the list's pictures; those that cannot be loaded are left out
+
+    /// The key of the entry that is dragged from a view; empty for another source and when none is.
+    QString draggedKey(const QObject* source) const;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -54,11 +62,17 @@ private:
     void addListItem(const QString& key, const QString& text, const QString& bitmap, const QString& image);
     void deleteOnKey(QAbstractItemView* view);
     void deleteEntry(const QString& key);
+    void release();
+    void press(const QAbstractItemView& view, const QMouseEvent& event);
+    bool mouseEvent(QAbstractItemView& view, const QMouseEvent& event);
+    void startDrag(QAbstractItemView& view);
+    QIcon dragIcon(const QString& key) const;
 
     QTreeWidget* m_tree;
     QListWidget* m_list;
     std::vector<QTreeWidgetItem*> m_nodes; ///< in the order of adding
     QHash<QString, QTreeWidgetItem*> m_keys;
+    QPoint m_pressed; ///< where the mouse went down, in the view
 };
 
 } // namespace vistor

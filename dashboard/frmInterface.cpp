@@ -88,6 +88,7 @@ void frmInterface::Form_Load() {
     lvControl->setFont(treeFont());
     takeVariableTable();
     setCommandsForMode();
+    enablePaste(m_pasteEnabled);
 }
 
 void frmInterface::applySettings() {
@@ -176,6 +177,10 @@ Page* frmInterface::addPage() {
     connect(page, &Page::rightPressed, this,
             [this, page](const QPoint& place) { pic_MouseDown(page, place); });
     connect(page, &Page::moved, this, &frmInterface::pic_MouseMove);
+    connect(page, &Page::leftPressed, this, [this] { m_clicked = nullptr; });
+    connect(page, &Page::dropped, this, [this, page](QObject* source, const QPointF& place) {
+        pic_DragDrop(page, source, toTwips(place.x()), toTwips(place.y()));
+    });
     pic.push_back(page);
     return page;
 }
@@ -204,6 +209,7 @@ void frmInterface::pic_MouseDown(Page* page, const QPoint& place) {
     if (PlayMode) return;
     PopupX = toTwips(place.x());
     PopupY = toTwips(place.y());
+    enablePageCommands();
     Q_EMIT menuWanted(QStringLiteral("mnuDropDown"), page->mapToGlobal(place));
 }
 

@@ -6,11 +6,13 @@
 #include "dashboard/ControlManager.h"
 #include "dashboard/InstrumentArrays.h"
 #include "dashboard/Page.h"
+#include "dashboard/PlacingRules.h"
 #include "dashboard/SSTab.h"
 #include "dashboard/Subscriptions.h"
 #include "dashboard/VXSPLITTER.h"
 #include "platform/Prompts.h"
 
+#include <QPointer>
 #include <QStringList>
 
 class QLineEdit;
@@ -38,6 +40,10 @@ public:
     std::uint8_t ShowGrid = 0;
     float PopupX = 0; ///< twips; where a page was last right-clicked
     float PopupY = 0;
+    std::uint8_t ClipboardIsCopy = 0;   ///< 1 after a copy, 0 after a cut
+    QPointer<Instrument> CutInstrument; ///< goes away with the paste of a cut
+    std::int16_t ClipboardKind = 0;     ///< 1 to 9 in the order of the kinds, 0: empty
+    QStringList ClipboardImage;         ///< the instrument's list
     bool HasProfilePath = false;
     QString ProfilePath;
     float SavedLeft = 0; ///< twips; of an instrument while its picture is taken for the library
@@ -76,6 +82,50 @@ public:
     void initGrid(std::int16_t size, std::uint8_t show, std::uint8_t snap);
     void DrawGrid();
     void ClearGrid();
+    /// To the grid line on the left of and above the point, in twips of the current page.
+    void SnapPoint(float& x, float& y) const;
+
+    // A new instrument on the page in front, x and y in twips; null for a kind that there is not.
+    Instrument* NewVXAGAUGE(float x, float y);
+    Instrument* NewVXALPHANUME(float x, float y);
+    Instrument* NewVXLED(float x, float y);
+    Instrument* NewVXLGAUGE(float x, float y);
+    Instrument* NewVXODO(float x, float y);
+    Instrument* NewVXPCTBAR(float x, float y);
+    Instrument* NewVXSTRIP(float x, float y);
+    Instrument* NewVXXYGRAPH(float x, float y);
+    Instrument* NewVXTEXTTAG(float x, float y);
+    // The same at the page's top left corner.
+    void mnuVXAGAUGE_Click();
+    void mnuVXAlphaNume_Click();
+    void mnuVXLED_Click();
+    void mnuVXLGAUGE_Click();
+    void mnuVXODO_Click();
+    void mnuVXPCTBAR_Click();
+    void mnuVXSTRIP_Click();
+    void mnuVXXYGRAPH_Click();
+    void mnuVXTEXTTAG_Click();
+    // And where a page was last right-clicked.
+    void mnuDDVXAgauge_Click();
+    void mnuDDVXAlphaNume_Click();
+    void mnuDDVXLED_Click();
+    void mnuDDVXLGAUGE_Click();
+    void mnuDDVXODO_Click();
+    void mnuDDVXPCTBAR_Click();
+    void mnuDDVXSTRIP_Click();
+    void mnuDDVXXYGRAPH_Click();
+    void mnuDDVXTEXTTAG_Click();
+    /// The drop of a palette entry on a page, x and y in twips. Another source does nothing.
+    void pic_DragDrop(Page* page, const QObject* source, float x, float y);
+
+    /// The instrument that was last clicked on the page in front, until the page itself is; null for none.
+    Instrument* clickedInstrument() const;
+    void mnuCut_Click();
+    void mnuCopy_Click();
+    void mnuPaste_Click();
+    void mnuDelete_Click();
+    void mnuProperties_Click();
+    void mnuOptions_Click();
 
     /// Makes the bitmaps of the palette anew, all of them, and shows them.
     void GenerateIcons();
@@ -143,8 +193,16 @@ Q_SIGNALS:
 protected:
     /// Closing this window is leaving the program.
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    /// What Escape puts back, and what a handle's drag starts from.
+    struct DragStart {
+        QPointer<Instrument> instrument;
+        PlacedBox box;
+        bool profileChanged = false;
+    };
+
     void makePanes();
     void connectPanes();
     void applySettings();
@@ -185,6 +243,23 @@ private:
 
     Instrument* newInstrument(Kind kind, Page* page);
     void giveState(Instrument& instrument);
+    Page* currentPage() const;
+    SnapGrid snapGrid() const;
+    TwipsPoint screenSize() const;
+
+    Instrument* placeNew(Kind kind, float x, float y, const QStringList& list = {});
+    void connectEditing(Instrument* added);
+    void beginDrag(Instrument* dragged);
+    void cancelDrag(Instrument* dragged);
+    void endDrag();
+    void moveInstrument(Instrument* moved, TwipsPoint start, TwipsPoint mouse);
+    void sizeInstrument(Instrument* sized, std::uint8_t handle, TwipsPoint mouse);
+    void stepInstrument(Instrument* moved, int columns, int rows, bool fine);
+    void deleteInstrument(Instrument* deleted);
+    void takeDrop(Instrument* target, const QObject* source);
+    void keepInClipboard(Instrument* source, const QStringList& list, bool isCopy);
+    void enablePaste(bool enabled);
+    void enablePageCommands();
 
     void setCommandsForMode();
     void setViewsForMode();
@@ -194,6 +269,9 @@ private:
     Palette* m_palette;
     FileRequest m_fileDialog; ///< of all profile commands: what one sets stays for the next
     int m_clearings = 0;      ///< how often all pages were cleared, or the window unloaded
+    DragStart m_drag;
+    QPointer<Instrument> m_clicked;
+    bool m_pasteEnabled = false;
     bool m_loaded = false;
 };
 

@@ -3,7 +3,6 @@
 #include "dashboard/Hourglass.h"
 #include "dashboard/Palette.h"
 #include "dashboard/Thumbnails.h"
-#include "dashboard/Twips.h"
 #include "dashboard/frmInitControls.h"
 #include "dashboard/frmInterface.h"
 #include "instruments/Instrument.h"
@@ -50,14 +49,14 @@ void frmInterface::connectLibrary(Instrument* added) {
 }
 
 void frmInterface::beginSnapshot(Instrument& instrument) {
-    SavedLeft = toTwips(instrument.x());
-    SavedTop = toTwips(instrument.y());
+    SavedLeft = static_cast<float>(instrument.leftTwips());
+    SavedTop = static_cast<float>(instrument.topTwips());
     instrument.move(0, 0);
     instrument.raise();
 }
 
 void frmInterface::endSnapshot(Instrument& instrument) {
-    instrument.move(toPixels(SavedLeft), toPixels(SavedTop));
+    instrument.moveTwips(SavedLeft, SavedTop);
 }
 
 void frmInterface::defineCustom(const Instrument& instrument, const QString& fileName) {

@@ -104,6 +104,7 @@ Instrument* frmInterface::newInstrument(Kind kind, Page* page) {
     connect(added, &Instrument::layoutChanged, this, &frmInterface::UserControlChanged);
     connect(added, &Instrument::menuWanted, this,
             [this, added](const QPoint& place) { Q_EMIT instrumentMenuWanted(added, place); });
+    connectEditing(added);
     connectLibrary(added);
     connect(added, &Instrument::propertiesShown, this,
             [this, added](const QString&, const QStringList& labels, const QStringList& values) {

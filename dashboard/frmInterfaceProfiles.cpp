@@ -104,8 +104,8 @@ Profile frmInterface::currentProfile() {
         ProfileInstrument saved{element.kind,
                                 page->number(),
                                 element.number,
-                                toTwips(element.instrument->x()),
-                                toTwips(element.instrument->y()),
+                                element.instrument->leftTwips(),
+                                element.instrument->topTwips(),
                                 0,
                                 {}};
         saved.highest = element.instrument->Serialise(saved.list);
@@ -163,7 +163,7 @@ void frmInterface::placeInstrument(const ProfileInstrument& saved) {
     // The page in front takes it: a tab that is clicked in the middle of a load takes what is still to come.
     Instrument* placed = newInstrument(saved.kind, pic[static_cast<std::size_t>(CurrentTab)]);
     if (!placed) return;
-    placed->move(toPixels(saved.left), toPixels(saved.top));
+    placed->moveTwips(saved.left, saved.top);
     placed->Deserialise(saved.list);
     giveState(*placed);
     placed->show();

@@ -4,6 +4,7 @@
 #include "instruments/Snapshot.h"
 #include "instruments/displays/InnerDisplay.h"
 #include "instruments/displays/PropertyList.h"
+#include "instruments/frmPinAssignmentGraph.h"
 #include "instruments/frmVarTableGraph.h"
 #include "platform/Events.h"
 #include "platform/Folders.h"
@@ -29,10 +30,6 @@ double listSize(const QStringList& list, qsizetype position, double before) {
     return wanted > 0 ? std::min(wanted, kLargestTwips) : before;
 }
 
-double twipsOf(double given, int pixels) {
-    return qRound(given / kTwipsPerPixel) == pixels ? given : pixels * kTwipsPerPixel;
-}
-
 } // namespace
 
 Instrument::Instrument(Kind kind, InnerDisplay* display, QWidget* parent)
@@ -43,6 +40,8 @@ Instrument::Instrument(Kind kind, InnerDisplay* display, QWidget* parent)
       pins(display->properties().table().parts().pins == PinForm::Graph ? PinTable::kGraphColumns : 1) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
+    setAcceptDrops(true);
+    setFocusPolicy(Qt::StrongFocus);
     hide();
     m_display->setParent(this);
     m_display->show();
@@ -76,20 +75,6 @@ int Instrument::pinCount() const {
     return parts.pinCountProperty == kNoNumber ? 1 : m_display->properties().integer(parts.pinCountProperty);
 }
 
-double Instrument::widthTwips() const {
-    return twipsOf(m_givenTwips.width(), width());
-}
-
-double Instrument::heightTwips() const {
-    return twipsOf(m_givenTwips.height(), height());
-}
-
-void Instrument::setSizeTwips(double width, double height) {
-    m_givenTwips = {width, height};
-    resize(qRound(width / kTwipsPerPixel), qRound(height / kTwipsPerPixel));
-    UserControl_Resize();
-}
-
 void Instrument::setColour(std::int32_t back, std::int32_t fore) {
     m_backColour = back;
     QPalette palette = lblTag->palette();
@@ -102,6 +87,8 @@ void Instrument::setColour(std::int32_t back, std::int32_t fore) {
 
 void Instrument::mode(bool edit) {
     m_framePainted = edit;
+    setFocusPolicy(edit ? Qt::StrongFocus : Qt::NoFocus);
+    if (!edit) clearFocus();
     m_dragging = m_dragging && edit;
     m_sizing = m_sizing && edit;
     m_display->setEnabled(edit || m_display->properties().table().parts().staysEnabled);
@@ -224,7 +211,16 @@ void Instrument::FunctionDrop(const QString& name) {
     refreshCaption();
 }
 
-void Instrument::choosePin(const QString&) {}
+void Instrument::choosePin(const QString& name) {
+    const PinQuestion question{QLatin1String(kindInfo(m_kind).pinLabel),  pinCount(), this,
+                               QLatin1String(kindInfo(m_kind).className), name,       curVarTable()};
+    const QPointer<Instrument> alive(this);
+    if (pins.columns() > 1)
+        frmPinAssignmentGraph(question, window()).exec();
+    else
+        frmPinAssignment(question, window()).exec();
+    if (alive) refreshCaption();
+}
 
 PinTable Instrument::AssignPin(int pin, const QString& name) {
     return AssignPin(pin, std::uint8_t{0}, name);

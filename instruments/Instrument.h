@@ -34,11 +34,20 @@ public:
     QString tagText() const;
     /// How many pins a person can choose from: as many as there are needles, pointers, portions or tracks.
     int pinCount() const;
-    /// Resizes to the nearest logical pixels and lays out at once, also while hidden.
-    void setSizeTwips(double width, double height);
-    /// As it was given, until a resize changes the pixels.
+    /// Its place on the page and its size. Twips that are not whole pixels are kept as they were given for as
+    /// long as the widget stays where they put it.
+    double leftTwips() const;
+    double topTwips() const;
     double widthTwips() const;
     double heightTwips() const;
+    /// Moves, keeping the size in pixels.
+    void moveTwips(double left, double top);
+    /// Resizes to the nearest logical pixels and lays out at once, also while hidden.
+    void setSizeTwips(double width, double height);
+    /// Moves and resizes, every edge to its nearest pixel, so that an edge that stays is not seen to move.
+    void placeTwips(const QRectF& place);
+    /// A variable is over it that a drop would bind.
+    bool showsDropTarget() const { return m_dropTarget; }
 
     /// Stores the background, gives it to the instrument and its tag, and `fore` to the tag's text. Colours
     /// are 0x00BBGGRR, or a system colour with the top bit set.
@@ -91,6 +100,15 @@ Q_SIGNALS:
     void SnapshotBegin();
     void SnapshotEnd();
 
+    /// A drag of the instrument or of a handle begins, or was given up.
+    void dragBegun();
+    void dragCancelled();
+    /// An arrow key: -1 to 1 columns and rows; `fine` asks for a pixel instead of a grid step.
+    void stepWanted(int columns, int rows, bool fine);
+    /// It has got the keyboard.
+    void focused();
+    /// A variable was dropped by `source`.
+    void variableDropped(QObject* source);
     /// A setting changed: the other end marks the profile.
     void layoutChanged();
     /// The pop-up menu is wanted at a place of the screen.
@@ -114,12 +132,23 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void displayPressed(Qt::MouseButton button, const QPoint& place);
     void displayMoved();
     void refreshCaption();
     void paintFrame(QPainter& painter) const;
+    void paintMark(QPainter& painter) const;
+    QPointF twipsAt(const QMouseEvent& event) const;
+    bool takeKey(const QKeyEvent& event);
+    void giveUpDrag();
+    void showDropTarget(bool shown);
     void saveSnapshot(const QString& fileName);
 
     Kind m_kind;
@@ -127,14 +156,16 @@ private:
     QLabel* lblTag;
     PinTable pins;
     HandleRects m_handles{};
+    QRectF m_place;  ///< twips as they were given
+    QRect m_placeAt; ///< the widget's place for which they hold
     QSize m_laidOut;
-    QSizeF m_givenTwips;
     QSizeF m_displayTwips;
     std::uint8_t m_activeHandle = 0;
     bool m_dragging = false;
     bool m_sizing = false;
     bool m_tagOn = false;
     bool m_framePainted = false;
+    bool m_dropTarget = false;
     float m_dragStartX = 0;
     float m_dragStartY = 0;
     std::int32_t m_backColour = 0x00FFFFFF;

@@ -36,6 +36,10 @@ std::optional<Kind> kindOf(const QString& className) {
     return found->kind;
 }
 
+bool canMake(Kind kind) {
+    return kMakers.at(static_cast<std::size_t>(kind)) != nullptr;
+}
+
 std::unique_ptr<Instrument> makeInstrument(Kind kind, QWidget* parent) {
     const Maker maker = kMakers.at(static_cast<std::size_t>(kind));
     return maker ? maker(parent) : nullptr;

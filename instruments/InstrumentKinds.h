@@ -53,6 +53,9 @@ constexpr const KindInfo& kindInfo(Kind kind) {
 /// The kind of a class name, to the letter; no value for another text.
 std::optional<Kind> kindOf(const QString& className);
 
+/// Whether this program can make a kind yet.
+bool canMake(Kind kind);
+
 /// A new instrument of a kind with its defaults, hidden. Null for a kind that this program cannot make yet.
 std::unique_ptr<Instrument> makeInstrument(Kind kind, QWidget* parent);
 

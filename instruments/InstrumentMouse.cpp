@@ -12,6 +12,7 @@ namespace vistor {
 namespace {
 
 const QColor kHatchColour(0xA0, 0xA6, 0xB0);
+constexpr int kMarkWidth = 2; ///< pixels
 
 float twips(double pixels) {
     return static_cast<float>(pixels * kTwipsPerPixel);
@@ -77,35 +78,50 @@ void Instrument::paintEvent(QPaintEvent*) {
 
 void Instrument::paintFrame(QPainter& painter) const {
     painter.drawTiledPixmap(rect(), hatchTile(devicePixelRatioF()));
+    if (hasFocus() || m_dropTarget) paintMark(painter);
     for (const HandleRect& r : m_handles)
         painter.fillRect(pixelsOf(QRectF(r.left, r.top, r.right - r.left, r.bottom - r.top)), Qt::black);
+}
+
+/// A band at the outer edge: it has the keyboard, or takes what is dragged over it.
+void Instrument::paintMark(QPainter& painter) const {
+    const QColor colour = palette().color(QPalette::Active, QPalette::Highlight);
+    const QRect inside = rect().adjusted(kMarkWidth, kMarkWidth, -kMarkWidth, -kMarkWidth);
+    for (const QRect& side : QRegion(rect()).subtracted(inside)) painter.fillRect(side, colour);
+}
+
+/// Reckoned from the place in twips, which may lie beside the whole pixel: a drag then stays at the pointer
+/// and does not waver between two grid lines.
+QPointF Instrument::twipsAt(const QMouseEvent& event) const {
+    const QPointF onPage = QPointF(geometry().topLeft()) + event.position();
+    return onPage * kTwipsPerPixel - QPointF(leftTwips(), topTwips());
 }
 
 void Instrument::mousePressEvent(QMouseEvent* event) {
     event->accept();
     if (PlayMode || event->button() != Qt::LeftButton) return;
-    const float x = twips(event->position().x());
-    const float y = twips(event->position().y());
-    const int handle = handleAt(m_handles, x, y);
+    const int handle = handleAt(m_handles, twips(event->position().x()), twips(event->position().y()));
     m_sizing = handle >= 0;
     m_dragging = !m_sizing;
     if (m_sizing) m_activeHandle = static_cast<std::uint8_t>(handle);
-    if (!m_dragging) return;
-    m_dragStartX = x;
-    m_dragStartY = y;
+    const QPointF start = twipsAt(*event);
+    m_dragStartX = static_cast<float>(start.x());
+    m_dragStartY = static_cast<float>(start.y());
+    Q_EMIT dragBegun();
 }
 
 void Instrument::mouseMoveEvent(QMouseEvent* event) {
     event->accept();
-    const float x = twips(event->position().x());
-    const float y = twips(event->position().y());
     if (PlayMode) return setCursor(Qt::ArrowCursor);
+    const QPointF place = twipsAt(*event);
+    const auto x = static_cast<float>(place.x());
+    const auto y = static_cast<float>(place.y());
     if (m_sizing) return Q_EMIT ControlSizing(m_activeHandle, x, y);
     if (m_dragging) {
         setCursor(Qt::SizeAllCursor);
         return Q_EMIT ControlMoving(m_dragStartX, m_dragStartY, x, y);
     }
-    const int handle = handleAt(m_handles, x, y);
+    const int handle = handleAt(m_handles, twips(event->position().x()), twips(event->position().y()));
     if (handle >= 0) m_activeHandle = static_cast<std::uint8_t>(handle);
     setCursor(pointerOver(handle));
 }
@@ -113,8 +129,9 @@ void Instrument::mouseMoveEvent(QMouseEvent* event) {
 void Instrument::mouseReleaseEvent(QMouseEvent* event) {
     event->accept();
     if (PlayMode || event->button() != Qt::LeftButton) return;
-    const float x = twips(event->position().x());
-    const float y = twips(event->position().y());
+    const QPointF place = twipsAt(*event);
+    const auto x = static_cast<float>(place.x());
+    const auto y = static_cast<float>(place.y());
     if (m_sizing) {
         m_sizing = false;
         return Q_EMIT ControlSized(m_activeHandle, x, y);

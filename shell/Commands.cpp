@@ -1,6 +1,8 @@
 #include "shell/Commands.h"
 
+#include "dashboard/PaletteEntries.h"
 #include "dashboard/frmInterface.h"
+#include "instruments/Instrument.h"
 #include "shell/frmMain.h"
 
 namespace vistor {
@@ -17,11 +19,28 @@ void onMain(frmMain& window) {
     (window.*command)();
 }
 
-// The pop-up menu of a page comes with its first entry.
+/// The operation of the instrument on which the pop-up menu was opened.
+template <void (Instrument::*operation)()>
+void onObject(frmMain& window) {
+    if (window.curObject) (window.curObject->*operation)();
+}
+
+/// Entries that add an instrument have the palette's pictures.
+constexpr MenuEntry adding(const char* menu, const char* name, const char* caption, Kind kind,
+                           Operation run) {
+    return {menu, name, caption, paletteEntry(kind).key, run, "", false, kind};
+}
+
 constexpr MenuHead kMenus[] = {
-    {"mnuFile", "&File", ""},      {"mnuView", "&View", ""},
-    {"mnuWindow", "Window", ""},   {"mnuTabControl", "Tab Management", "mnuWindow"},
-    {"mnuHelp", "Help", ""},       {"mnuDropDown2", "", nullptr},
+    {"mnuFile", "&File", ""},
+    {"mnuView", "&View", ""},
+    {"mnuAddControl", "&Add Control", ""},
+    {"mnuWindow", "Window", ""},
+    {"mnuTabControl", "Tab Management", "mnuWindow"},
+    {"mnuHelp", "Help", ""},
+    {"mnuDropDown", "", nullptr},
+    {"mnuDDAddControl", "&Add Control", "mnuDropDown", true},
+    {"mnuDropDown2", "", nullptr},
     {"mnuDropDown3", "", nullptr},
 };
 
@@ -49,9 +68,28 @@ constexpr MenuEntry kEntries[] = {
     {"mnuFile", nullptr, nullptr, nullptr, nullptr},
     {"mnuFile", "mnuExit", "E&xit", "exit", onDashboard<&frmInterface::mnuExit_Click>},
 
+    {"mnuView", "mnuOptions", "&Options", "options", onDashboard<&frmInterface::mnuOptions_Click>},
+    {"mnuView", nullptr, nullptr, nullptr, nullptr},
     {"mnuView", "mnuTagsOn", "Labels O&n", "labelson", [](frmMain& window) { window.dashboard().TagsOn(1); }},
     {"mnuView", "mnuTagsOff", "Labels O&ff", "labelsoff",
      [](frmMain& window) { window.dashboard().TagsOn(0); }},
+
+    adding("mnuAddControl", "mnuVXAGauge", "Angular Gauge", Kind::AngularGauge,
+           onDashboard<&frmInterface::mnuVXAGAUGE_Click>),
+    adding("mnuAddControl", "mnuVXAlphaNume", "Alphanumeric", Kind::Alphanumeric,
+           onDashboard<&frmInterface::mnuVXAlphaNume_Click>),
+    adding("mnuAddControl", "mnuVXLED", "LED", Kind::Led, onDashboard<&frmInterface::mnuVXLED_Click>),
+    adding("mnuAddControl", "mnuVXLGauge", "Linear Gauge", Kind::LinearGauge,
+           onDashboard<&frmInterface::mnuVXLGAUGE_Click>),
+    adding("mnuAddControl", "mnuVXODO", "ODO", Kind::Odometer, onDashboard<&frmInterface::mnuVXODO_Click>),
+    adding("mnuAddControl", "mnuVXPCTBAR", "Percentage Bar", Kind::PercentageBar,
+           onDashboard<&frmInterface::mnuVXPCTBAR_Click>),
+    adding("mnuAddControl", "mnuVXSTRIP", "Scrolling Time Graph", Kind::TimeGraph,
+           onDashboard<&frmInterface::mnuVXSTRIP_Click>),
+    adding("mnuAddControl", "mnuVXXYGRAPH", "XY Graph", Kind::XYGraph,
+           onDashboard<&frmInterface::mnuVXXYGRAPH_Click>),
+    adding("mnuAddControl", "mnuVXTEXTTAG", "Text Tag", Kind::TextTag,
+           onDashboard<&frmInterface::mnuVXTEXTTAG_Click>),
 
     {"mnuWindow", "mnuShowPropertiesWindow", "Show &Properties Window", "properties",
      onMain<&frmMain::mnuShowPropertiesWindow_Click>, "", true},
@@ -69,17 +107,52 @@ constexpr MenuEntry kEntries[] = {
     {"mnuHelp", nullptr, nullptr, nullptr, nullptr},
     {"mnuHelp", "mnuAbout", "&About Us", "mark", onMain<&frmMain::mnuAbout_Click>},
 
+    adding("mnuDDAddControl", "mnuDDVXAgauge", "Angular Gauge", Kind::AngularGauge,
+           onDashboard<&frmInterface::mnuDDVXAgauge_Click>),
+    adding("mnuDDAddControl", "mnuDDVXAlphaNume", "Alphanumeric", Kind::Alphanumeric,
+           onDashboard<&frmInterface::mnuDDVXAlphaNume_Click>),
+    adding("mnuDDAddControl", "mnuDDVXLED", "LED", Kind::Led, onDashboard<&frmInterface::mnuDDVXLED_Click>),
+    adding("mnuDDAddControl", "mnuDDVXLGAUGE", "Linear Gauge", Kind::LinearGauge,
+           onDashboard<&frmInterface::mnuDDVXLGAUGE_Click>),
+    adding("mnuDDAddControl", "mnuDDVXODO", "VX &ODO", Kind::Odometer,
+           onDashboard<&frmInterface::mnuDDVXODO_Click>),
+    adding("mnuDDAddControl", "mnuDDVXPCTBAR", "Percentage Bar", Kind::PercentageBar,
+           onDashboard<&frmInterface::mnuDDVXPCTBAR_Click>),
+    adding("mnuDDAddControl", "mnuDDVXSTRIP", "Scrolling Time Graph", Kind::TimeGraph,
+           onDashboard<&frmInterface::mnuDDVXSTRIP_Click>),
+    adding("mnuDDAddControl", "mnuDDVXXYGRAPH", "XY Graph", Kind::XYGraph,
+           onDashboard<&frmInterface::mnuDDVXXYGRAPH_Click>),
+    adding("mnuDDAddControl", "mnuDDVXTEXTTAG", "Text Tag", Kind::TextTag,
+           onDashboard<&frmInterface::mnuDDVXTEXTTAG_Click>),
+
+    {"mnuDropDown", nullptr, nullptr, nullptr, nullptr},
+    {"mnuDropDown", "mnuCut", "Cu&t", "cut", onDashboard<&frmInterface::mnuCut_Click>, "Ctrl+X"},
+    {"mnuDropDown", "mnuCopy", "&Copy", "copy", onDashboard<&frmInterface::mnuCopy_Click>, "Ctrl+C"},
+    {"mnuDropDown", "mnuPaste", "&Paste", "paste", onDashboard<&frmInterface::mnuPaste_Click>, "Ctrl+V"},
+    {"mnuDropDown", "mnuDelete", "&Delete", "delete", onDashboard<&frmInterface::mnuDelete_Click>, "Del"},
+    {"mnuDropDown", "mnuProperties", "P&roperties", "properties",
+     onDashboard<&frmInterface::mnuProperties_Click>},
+
     {"mnuDropDown2", "mnuNewPane", "&Insert New Tab", "newtab", onDashboard<&frmInterface::mnuNewPane_Click>},
     {"mnuDropDown2", "mnuRename", "&Rename", "rename", onDashboard<&frmInterface::mnuRename_Click>},
     {"mnuDropDown2", "mnuClearPane", "&Clear Tab", "cleartab",
      onDashboard<&frmInterface::mnuClearPane_Click>},
     {"mnuDropDown2", "mnuClosePane", "Close &Tab", nullptr, onDashboard<&frmInterface::mnuClosePane_Click>},
 
-    {"mnuDropDown3", "mnuTag_C", "&Label", "labelson", onMain<&frmMain::mnuTag_C_Click>, "", true},
+    {"mnuDropDown3", "mnuCut_C", "Cu&t", "cut", onObject<&Instrument::mnuCut_Click>, "Ctrl+X"},
+    {"mnuDropDown3", "mnuCopy_C", "&Copy", "copy", onObject<&Instrument::mnuCopy_Click>, "Ctrl+C"},
+    {"mnuDropDown3", "mnuPaste_C", "&Paste", "paste", onDashboard<&frmInterface::mnuPaste_Click>},
+    {"mnuDropDown3", "mnuDelete_C", "&Delete", "delete", onObject<&Instrument::mnuDelete_Click>, "Del"},
     {"mnuDropDown3", nullptr, nullptr, nullptr, nullptr},
-    {"mnuDropDown3", "mnuProperties_C", "P&roperties", "properties", onMain<&frmMain::mnuProperties_C_Click>},
+    {"mnuDropDown3", "mnuTag_C", "&Label", "labelson", onObject<&Instrument::mnuTag_Click>, "", true},
     {"mnuDropDown3", nullptr, nullptr, nullptr, nullptr},
-    {"mnuDropDown3", "mnuVariables_C", "&Variable Table", nullptr, onMain<&frmMain::mnuVariables_C_Click>},
+    {"mnuDropDown3", "mnuProperties_C", "P&roperties", "properties",
+     onObject<&Instrument::mnuProperties_Click>},
+    {"mnuDropDown3", nullptr, nullptr, nullptr, nullptr},
+    {"mnuDropDown3", "mnuDefineCustom_C", "D&efine as custom....", "custom",
+     onObject<&Instrument::mnuDefineCustom_Click>},
+    {"mnuDropDown3", nullptr, nullptr, nullptr, nullptr},
+    {"mnuDropDown3", "mnuVariables_C", "&Variable Table", nullptr, onObject<&Instrument::mnuVariables_Click>},
 };
 
 constexpr ToolButton kButtons[] = {

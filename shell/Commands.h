@@ -2,7 +2,10 @@
 // captions, pictures and what each one does.
 #pragma once
 
+#include "instruments/InstrumentKinds.h"
+
 #include <array>
+#include <optional>
 #include <span>
 
 namespace vistor {
@@ -15,6 +18,7 @@ struct MenuHead {
     const char* name;
     const char* caption;
     const char* parent; ///< a menu's name, empty for the menu bar, null for a pop-up menu
+    bool leads = false; ///< it comes before the parent's entries, not behind them
 };
 
 struct MenuEntry {
@@ -25,9 +29,10 @@ struct MenuEntry {
     Operation run;
     const char* keys = ""; ///< its shortcut
     bool checkable = false;
+    std::optional<Kind> kind = std::nullopt; ///< what it adds: the entry stands as soon as that can be made
 };
 
-/// Menus before the menus inside them; a menu inside another comes behind the other's entries.
+/// Menus before the menus inside them.
 std::span<const MenuHead> menuHeads();
 /// In the order in which they stand in their menus.
 std::span<const MenuEntry> menuEntries();

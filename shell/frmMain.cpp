@@ -191,18 +191,6 @@ void frmMain::mnuAbout_Click() {
     frmStartSplash(this).exec();
 }
 
-void frmMain::mnuTag_C_Click() {
-    if (curObject) curObject->mnuTag_Click();
-}
-
-void frmMain::mnuProperties_C_Click() {
-    if (curObject) curObject->mnuProperties_Click();
-}
-
-void frmMain::mnuVariables_C_Click() {
-    if (curObject) curObject->mnuVariables_Click();
-}
-
 void frmMain::openMenu(const QString& name, const QPoint& place) {
     if (QMenu* menu = m_menus.value(name)) menu->popup(place);
 }

@@ -51,9 +51,6 @@ public:
     void mnuVXHelp_Click();
     void mnuHelpContents_Click();
     void mnuAbout_Click();
-    void mnuTag_C_Click();
-    void mnuProperties_C_Click();
-    void mnuVariables_C_Click();
     /// Shows or hides the properties window, as the entry is checked now.
     void mnuShowPropertiesWindow_Click();
 

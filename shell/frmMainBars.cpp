@@ -46,12 +46,14 @@ void frmMain::makeMenu(const MenuHead& head) {
     menu->menuAction()->setObjectName(QLatin1String(head.name));
     m_menus.insert(QLatin1String(head.name), menu);
     m_commands.insert(QLatin1String(head.name), menu->menuAction());
-    if (head.parent && *head.parent)
-        m_menus.value(QLatin1String(head.parent))->addMenu(menu);
-    else if (head.parent)
+    if (head.parent && *head.parent) {
+        QMenu* parent = m_menus.value(QLatin1String(head.parent));
+        parent->insertMenu(head.leads ? parent->actions().value(0) : nullptr, menu);
+    } else if (head.parent)
         menuBar()->addMenu(menu);
     for (const MenuEntry& entry : menuEntries()) {
         if (QLatin1String(entry.menu) != QLatin1String(head.name)) continue;
+        if (entry.kind && !canMake(*entry.kind)) continue;
         if (!entry.name) {
             menu->addSeparator();
             continue;

@@ -354,7 +354,7 @@ TEST_F(FrmInterfaceTest, GridCommands) {
     window.initGrid(200, 0, 0);
     EXPECT_FALSE(window.pic[0]->hasDrawing());
     EXPECT_TRUE(window.pic[1]->hasDrawing()); // only the first page is cleared
-    EXPECT_EQ(gridPlaces(80, 20), (QList<int>{0, 5, 10, 16}));
+    EXPECT_EQ(gridPlaces(80, 20), (QList<int>{0, 5, 11, 16}));
     EXPECT_TRUE(gridPlaces(0, 20).isEmpty());
     EXPECT_TRUE(gridPlaces(-80, 20).isEmpty());
     EXPECT_EQ(gridPlaces(1, 4), (QList<int>{0, 1, 2, 3}));

@@ -1,0 +1,137 @@
+// A person lays out a page from nothing with mouse and keys, keeps it, plays a run on it and opens it again.
+#include "acquisition/StreamEncoder.h"
+#include "dashboard/frmInterface.h"
+#include "instruments/Instrument.h"
+#include "instruments/displays/NumLedDisplay.h"
+#include "instruments/displays/StripDisplay.h"
+#include "platform/Clock.h"
+#include "platform/Events.h"
+#include "shell/frmMain.h"
+#include "tests/shell/FreshAccount.h"
+#include "variables/GlobalVarsAndTypes.h"
+#include "variables/VariableTreeView.h"
+
+#include <QComboBox>
+#include <QMenu>
+#include <QTest>
+#include <QWindow>
+
+namespace vistor {
+namespace {
+
+class LayoutSession : public FreshAccount {
+protected:
+    LayoutSession() {
+        deliver();
+        window.resize(1300, 850);
+        EXPECT_TRUE(window.MDIForm_Load());
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    ~LayoutSession() override { setClock({}); }
+
+    frmInterface& dashboard() { return window.dashboard(); }
+    Page* page() { return dashboard().pic[static_cast<std::size_t>(dashboard().CurrentTab)]; }
+    void trigger(const char* name) { window.command(QLatin1String(name))->trigger(); }
+    QPoint onWindow(QPoint place) { return page()->mapTo(&window, place); }
+    void drag(QPoint from, QPoint to) {
+        QWindow* handle = window.windowHandle();
+        QTest::mousePress(handle, Qt::LeftButton, {}, onWindow(from));
+        for (int step = 1; step <= 8; ++step)
+            QTest::mouseMove(handle, onWindow(from + (to - from) * step / 8));
+        QTest::mouseRelease(handle, Qt::LeftButton, {}, onWindow(to));
+    }
+    void rightClick(QPoint place) {
+        QTest::mouseClick(page(), Qt::RightButton, {}, place);
+        if (QWidget* menu = QApplication::activePopupWidget()) menu->close();
+    }
+    void key(Qt::Key pressed, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(window.windowHandle(), pressed, modifiers);
+    }
+    Instrument* last() { return dashboard().instruments.all().back().instrument.get(); }
+    /// Chooses the variable in the tree, as the press that begins its drag does, and lets it fall.
+    void dropOn(Instrument* target, const char* variable) {
+        dashboard().DragVariableName = QLatin1String(variable);
+        Q_EMIT target->variableDropped(dashboard().VarTree);
+        QCoreApplication::processEvents();
+    }
+    void useRun() {
+        std::vector<std::uint8_t> run = runFileHead();
+        for (int i = 0; i <= 20; ++i) {
+            const ChannelValue values[] = {{1, 10 + i * 0.1}};
+            appendMessage(run, 1, values);
+            const ChannelValue data[] = {{301, double(i)}, {90, 1.0}};
+            appendMessage(run, 2, data);
+        }
+        const QString path = root.filePath("a.run");
+        write(path, QByteArray(reinterpret_cast<const char*>(run.data()), qsizetype(run.size())));
+        DataSourceDescriptor = "FIL," + path;
+    }
+
+    frmMain window;
+};
+
+TEST_F(LayoutSession, APageFromNothing) {
+    trigger("mnuVXAlphaNume");
+    Instrument* readout = last();
+    drag({50, 2}, {250, 102}); // by its frame
+    EXPECT_EQ(readout->pos(), QPoint(197, 96)) << "on the grid of 80 twips";
+    const QRect before = readout->geometry();
+    drag(before.bottomRight() - QPoint(1, 1), before.bottomRight() + QPoint(60, 30));
+    EXPECT_GT(readout->width(), before.width() + 50);
+    EXPECT_EQ(readout->pos(), before.topLeft());
+    key(Qt::Key_Down);
+    EXPECT_EQ(readout->topTwips(), 1520);
+    dropOn(readout, "LapTime");
+    EXPECT_EQ(readout->curVarTable().at(1), "LapTime");
+
+    key(Qt::Key_C, Qt::ControlModifier);
+    rightClick({200, 300});
+    key(Qt::Key_V, Qt::ControlModifier);
+    Instrument* copy = last();
+    ASSERT_NE(copy, readout);
+    EXPECT_EQ(copy->size(), readout->size());
+    key(Qt::Key_Delete);
+    EXPECT_EQ(dashboard().instruments.placedCount(), 1);
+
+    rightClick({20, 250});
+    trigger("mnuDDVXSTRIP");
+    Instrument* strip = last();
+    EXPECT_EQ(strip->pos(), QPoint(20, 250));
+    QTimer person;
+    QObject::connect(&person, &QTimer::timeout, &window, [&person] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (!dialog) return; // not open yet
+        person.stop();
+        QTest::keyClick(dialog->findChild<QComboBox*>("cmbPin"), Qt::Key_1);
+        QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    person.start(1);
+    dropOn(strip, "LapTime");
+    EXPECT_EQ(strip->curVarTable().at(1, 1), "LapTime");
+
+    const QString file = root.filePath("mine.vis");
+    prompts.files = {file};
+    key(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_FALSE(dashboard().ProfileChanged);
+    const QByteArray saved = read(file);
+    EXPECT_TRUE(saved.contains("TOP=1520"));
+
+    useRun();
+    double clock = 1000;
+    setClock([&clock] { return clock; });
+    key(Qt::Key_F5);
+    ASSERT_TRUE(PlayMode);
+    window.Timer1.stop(); // the ticks are given by hand
+    window.Timer1_Timer();
+    clock = 1010;
+    window.Timer1_Timer();
+    EXPECT_EQ(readout->inCTRL().properties().number(NumLedValue), 20);
+    EXPECT_GT(static_cast<StripDisplay&>(strip->inCTRL()).highestY(0), 15);
+    key(Qt::Key_F5, Qt::ShiftModifier);
+    EXPECT_FALSE(PlayMode);
+    EXPECT_TRUE(prompts.messages.empty()) << qPrintable(prompts.takeWords().join(u'|'));
+}
+
+} // namespace
+} // namespace vistor
