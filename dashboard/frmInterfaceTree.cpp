@@ -50,8 +50,9 @@ std::optional<LineEdit> editByDialog(const LineDialog& dialog, const LineTarget&
     const auto place = static_cast<std::size_t>(target.row);
     VariableDefinition draft = VariableTableEdit[place];
     if (!dialog.open(draft, target.row, parent) || !hasEditRow(target.row)) return std::nullopt;
+    const bool changed = draft != VariableTableEdit[place];
     VariableTableEdit[place] = std::move(draft);
-    return LineEdit{true, lineText(target.kind, VariableTableEdit[place])};
+    return LineEdit{changed, lineText(target.kind, VariableTableEdit[place])};
 }
 
 std::optional<LineEdit> edit(const LineTarget& target, QWidget* parent) {

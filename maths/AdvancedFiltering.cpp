@@ -267,7 +267,7 @@ void DesignFilter(std::vector<double>& a, std::vector<double>& b, std::int32_t m
 std::vector<double> FrequencyResponse(std::vector<double>& a, const std::vector<double>& b,
                                       std::int32_t order) {
     std::vector<double> response(kResponseRows, 0.0);
-    const std::size_t needed = static_cast<std::size_t>(std::max(order, -1) + 1);
+    const std::size_t needed = static_cast<std::size_t>(std::max(order, -1)) + 1; // 0 for a negative order
     if (needed == 0 || a.size() < needed || b.size() < needed) return response;
     double peak = -100.0;
     for (std::size_t i = 0; i < response.size(); ++i) {

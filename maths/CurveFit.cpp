@@ -43,7 +43,7 @@ QString exponentText(double magnitude, int figures) {
 /// One term behind its sign.
 QString termText(double magnitude, std::size_t power) {
     const QString number = FormatSF(magnitude, kFigures);
-    if (number == QStringLiteral("1") && power > 0) return QString::fromUtf16(kPowers[power]);
+    if (magnitude == 1 && power > 0) return QString::fromUtf16(kPowers[power]);
     return number + QString::fromUtf16(kPowers[power]);
 }
 

@@ -88,10 +88,15 @@ QString lossOf(const Definitions& before, const Definitions& after) {
     return units.isEmpty() ? difference(was.variables, is.variables, kVariablesTable) : units;
 }
 
-bool writeWhole(const QString& path, const QByteArray& bytes, QString& fault) {
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()) return true;
-    fault = path + QStringLiteral(": ") + file.errorString();
+bool writeAll(QSaveFile& file, const QByteArray& bytes, QString& fault) {
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush()) return true;
+    fault = file.fileName() + QStringLiteral(": ") + file.errorString();
+    return false;
+}
+
+bool commit(QSaveFile& file, QString& fault) {
+    if (file.commit()) return true;
+    fault = file.fileName() + QStringLiteral(": ") + file.errorString();
     return false;
 }
 
@@ -103,7 +108,10 @@ bool writeText(const QString& path, const Definitions& definitions, QString& fau
     XmlDocument units;
     if (!parse(variables, variableBytes, fault) || !parse(units, unitBytes, fault)) return false;
     loss = lossOf(told, walked(variables, units).value());
-    return writeWhole(path, variableBytes, fault) && writeWhole(unitsBeside(path), unitBytes, fault);
+    QSaveFile variableFile(path);
+    QSaveFile unitFile(unitsBeside(path));
+    return writeAll(variableFile, variableBytes, fault) && writeAll(unitFile, unitBytes, fault) &&
+           commit(variableFile, fault) && commit(unitFile, fault);
 }
 
 } // namespace
@@ -127,7 +135,9 @@ std::optional<Definitions> readForm(const QString& path, QString& fault) {
 bool writeForm(const QString& path, const Definitions& definitions, QString& fault, QString& loss) {
     loss.clear();
     if (isTextForm(path)) return writeText(path, definitions, fault, loss);
-    return writeWhole(path, definitionBytes(definitions.units, definitions.variables), fault);
+    QSaveFile file(path);
+    return writeAll(file, definitionBytes(definitions.units, definitions.variables), fault) &&
+           commit(file, fault);
 }
 
 } // namespace vistor

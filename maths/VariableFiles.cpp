@@ -5,6 +5,8 @@
 #include "maths/modXML.h"
 #include "variables/SetupVariables.h"
 
+#include <utility>
+
 namespace vistor {
 
 #ifdef VISTOR_XML_VARIABLE_FILES
@@ -27,6 +29,18 @@ void loadVariables(const QString& path, const VariableFileForm& form) {
     LoadXvrDocument(GetUserDataFolder() + QLatin1String(form.unitsFile), true);
     SetupVariables();
     VariableTableEdit = VariableTable;
+}
+
+void localiseDelivered(const QString& path) {
+    const QString separator = std::exchange(DecimalSeparator, QStringLiteral("."));
+    const bool readable = separator != DecimalSeparator && XmlDocument().load(path);
+    if (readable) {
+        VariableSlots.fill({});
+        LoadXvrDocument(path, false);
+    }
+    DecimalSeparator = separator;
+    if (readable) SaveXvrDocument(path);
+    VariableSlots.fill({});
 }
 
 void saveVariables(const QString& path, const VariableFileForm& form) {

@@ -30,6 +30,9 @@ QStringList variableFileNames(const VariableFileForm& form = kVariableFileForm);
 /// Reads a file of the form into the live tables and runs the set-up pass; in the text form the conversions
 /// come from their own file in the person's folder.
 void loadVariables(const QString& path, const VariableFileForm& form = kVariableFileForm);
+/// Brings a delivered text file, whose numbers have ".", to the separator of the person's locale. Goes
+/// through the live table. A file that is no document stays as it is.
+void localiseDelivered(const QString& path);
 /// Writes the live table to a file of the form.
 void saveVariables(const QString& path, const VariableFileForm& form = kVariableFileForm);
 

@@ -79,7 +79,8 @@ private:
         if (m_last.size() > XmlDocument::kDeepest) stop("The elements stand too deep inside one another.");
     }
     void end() {
-        finishText();
+        const bool leaf = m_document.m_nodes[m_open].children == 1; // all that the element holds is its value
+        finishText(leaf);
         m_open = m_document.m_nodes[m_open].parent;
         m_last.pop_back();
     }
@@ -105,12 +106,12 @@ private:
         XML_StopParser(m_parser, XML_FALSE);
     }
 
-    /// The text node in hand is whole: it is kept unless it is nothing but white space.
-    void finishText() {
+    /// The text node in hand is whole: it is kept unless it is nothing but white space between elements.
+    void finishText(bool isValue = false) {
         if (m_textNode == 0) return;
         XmlDocument::Node& node = m_document.m_nodes[m_textNode];
         node.textSize = static_cast<std::uint32_t>(m_document.m_text.size()) - node.textStart;
-        if (isWhite(std::string_view(m_document.m_text).substr(node.textStart))) {
+        if (!isValue && isWhite(std::string_view(m_document.m_text).substr(node.textStart))) {
             m_document.m_text.resize(node.textStart);
             unlink();
         }

@@ -72,8 +72,8 @@ struct XmlParseError {
     QString url;
 };
 
-/// Text of nothing but white space is left out, and text on both sides of a reference is one node. A document
-/// type is refused, so that no entity can expand and nothing outside is fetched.
+/// Text of nothing but white space between elements is left out, and text on both sides of a reference is one
+/// node. A document type is refused, so that no entity can expand and nothing outside is fetched.
 class XmlDocument {
 public:
     static constexpr qint64 kLargestFile = 32 << 20; ///< bytes; a full table takes six megabytes

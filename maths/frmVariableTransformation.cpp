@@ -304,14 +304,16 @@ void frmVariableTransformation::EnterAsTableBtn_Click() {
 }
 
 TransformationDraft frmVariableTransformation::draft() const {
-    // A text that nobody touched goes back as it came, line ends included.
+    // A text that nobody touched goes back as it came; the lines of another end as files have them.
     const QString text = UserFunctionTxt->toPlainText();
     return {Option1[kCustom]->isChecked(), StandardTransCombo->currentIndex(),
-            text == m_shown ? m_before.formula : text, UserUnits->text()};
+            text == m_shown ? m_before.formula : QString(text).replace(u'\n', QStringLiteral("\r\n")),
+            UserUnits->text()};
 }
 
 void frmVariableTransformation::OkCmd_Click() {
     DoLocalEvents();
+    if (!isVisible()) return; // closed in one of them
     if (storeTransformation(draft(), m_number, m_row)) return accept();
     UserFunctionTxt->setFocus();
 }

@@ -1,5 +1,6 @@
 #include "maths/modXML.h"
 
+#include "maths/FileSupportFunctions.h"
 #include "maths/LoadAndSaveVariableDefinitions.h"
 #include "maths/script/Conversions.h"
 #include "platform/CodePage.h"
@@ -258,6 +259,7 @@ void WalkVariableNodes(const XmlNodeList& nodes) {
 
 void WalkUnitNodes(const XmlNodeList& nodes) {
     SlotIndex index(unitSlot);
+    if (UnitConversions.empty()) UnitConversions.emplace_back();
     walk(nodes, UnitSlots, std::ref(index), [] {
         keepUnit(UnitConversions.back());
         if (UnitConversions.size() < kMostConversions) UnitConversions.emplace_back();
@@ -338,7 +340,9 @@ QByteArray xvrUnitBytes(std::span<const UnitConversion> units) {
 
 void SaveXvrDocument(const QString& path) {
     const QByteArray bytes = xvrBytes(VariableTable);
-    QSaveFile file(path);
+    QString cleaned = path;
+    FileExists(cleaned); // drops blanks and quotes around it
+    QSaveFile file(cleaned);
     if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()) file.commit();
 }
 

@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QFontDialog>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 
@@ -172,11 +173,13 @@ Answer QtPrompts::message(const MessageRequest& request) {
 
 std::optional<QString> QtPrompts::input(const InputRequest& request) {
     const Arrow arrow;
-    bool ok = false;
-    const QString title = request.title.isEmpty() ? QApplication::applicationName() : request.title;
-    const QString text =
-        QInputDialog::getText(parentWindow(), title, request.text, QLineEdit::Normal, request.initial, &ok);
-    return ok ? std::optional(text) : std::nullopt;
+    QInputDialog dialog(parentWindow());
+    dialog.setWindowTitle(request.title.isEmpty() ? QApplication::applicationName() : request.title);
+    dialog.setLabelText(request.text);
+    dialog.setTextValue(request.initial);
+    // A name in the question may look like markup.
+    for (QLabel* label : dialog.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.textValue()) : std::nullopt;
 }
 
 std::optional<QString> QtPrompts::openFile(const FileRequest& request) {

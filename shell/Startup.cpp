@@ -13,7 +13,6 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
-
 namespace vistor {
 namespace {
 
@@ -52,7 +51,10 @@ bool copyDefinitions(const QString& from, const QString& target) {
 }
 
 bool copyDelivered(const QString& name) {
-    return copyDefinitions(deliveredFolder() + name, WorkingFolder + name);
+    if (!copyDefinitions(deliveredFolder() + name, WorkingFolder + name)) return false;
+    readDecimalSeparator(); // the numbers in texts have it
+    if (name == QLatin1String(kTextForm.workingFile)) localiseDelivered(WorkingFolder + name);
+    return true;
 }
 
 } // namespace
@@ -83,6 +85,7 @@ QString restoreDefinitionFile() {
     if (!FileExists(QString(programFolder() + name))) return {};
     for (const QString& file : variableFileNames())
         copyDefinitions(programFolder() + file, WorkingFolder + file);
+    if (UseXmlVariableFiles) localiseDelivered(WorkingFolder + name);
     return WorkingFolder + name;
 }
 

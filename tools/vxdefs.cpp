@@ -11,6 +11,7 @@
 #include <QSaveFile>
 #include <QStringList>
 
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 
@@ -23,6 +24,8 @@ constexpr const char* kUsage =
     "                             FOLDER/VistorVars.cfg and FOLDER/Vistor.XVR\n"
     "vxdefs print FILE [FOLDER]   print FILE as such tables, or write them into FOLDER\n"
     "vxdefs convert FILE TO       write what FILE holds to TO\n"
+    "--decimal C                  the mark before the fraction in .xvr files (\".\"), that of the machine "
+    "they are for\n"
     "A FILE that ends in .xvr is in the text form; its unit conversions stand beside it in\n"
     "StandardUnitsConversions.XVR. Any other is in the binary form.\n";
 
@@ -92,7 +95,22 @@ bool convert(const QString& from, const QString& to) {
     return writeTo(to, {UnitConversions, VariableTable});
 }
 
-int run(const QStringList& arguments) {
+/// Takes the option out of the arguments; false when its value is none.
+bool takeDecimal(QStringList& arguments) {
+    const qsizetype at = arguments.indexOf(QStringLiteral("--decimal"));
+    if (at < 0) return true;
+    const QString mark = arguments.value(at + 1);
+    arguments.remove(at, std::min<qsizetype>(2, arguments.size() - at));
+    if (mark.size() != 1 || mark.front().isLetterOrNumber()) return false;
+    DecimalSeparator = mark;
+    return true;
+}
+
+int run(QStringList arguments) {
+    if (!takeDecimal(arguments)) {
+        complain(QStringLiteral("--decimal"), QStringLiteral("is one character, such as \".\" or \",\""));
+        return 2;
+    }
     const QString command = arguments.value(1);
     const bool complete = arguments.size() == 3 || arguments.size() == 4;
     if (command == QStringLiteral("build") && complete)

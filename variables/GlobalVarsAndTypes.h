@@ -56,6 +56,8 @@ struct alignas(64) VariableDefinition {
     QString CustomUnits;
     QString Description;
     std::uint8_t Misc = 0;
+
+    bool operator==(const VariableDefinition&) const = default;
 };
 
 /// One row of the unit conversions table.

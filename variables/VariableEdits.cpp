@@ -46,9 +46,9 @@ std::optional<LineEdit> editNumber(const NumberPrompt& prompt, VariableDefinitio
     auto answer = answerTo(QLatin1String(prompt.question) + name, prompt.title, current);
     if (!answer) return std::nullopt;
     const float before = field;
+    const bool asOffered = *answer == current; // which may have fewer digits than the number behind it
     const auto number = static_cast<float>(ParseNumber(*answer));
-    // The text offered may have fewer digits than the number behind it.
-    if (*answer != current && std::isfinite(number)) field = number + 0.0F; // without a minus zero
+    if (!asOffered && std::isfinite(number)) field = number + 0.0F; // without a minus zero
     const QString text =
         prompt.edited ? QLatin1String(prompt.edited) + numberText(field) : lineText(prompt.kind, row);
     return LineEdit{field != before, text};

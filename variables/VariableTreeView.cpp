@@ -41,7 +41,7 @@ VariableTreeView::VariableTreeView(QWidget* parent) : QTreeWidget(parent) {
     setExpandsOnDoubleClick(false); // what it does is told by the line
     setDragEnabled(true);
     setDragDropMode(QAbstractItemView::DragOnly);
-    connect(this, &QTreeWidget::itemActivated, this, &VariableTreeView::activate);
+    connect(this, &QTreeWidget::itemDoubleClicked, this, &VariableTreeView::activate);
     connect(this, &QTreeWidget::currentItemChanged, this, &VariableTreeView::touch);
     connect(this, &QTreeWidget::itemPressed, this, &VariableTreeView::touch);
 }
@@ -172,6 +172,9 @@ QString VariableTreeView::identityOf(const QTreeWidgetItem* item) const {
 void VariableTreeView::activate(QTreeWidgetItem* item) {
     const TreeLine* line = lineOf(item);
     if (!line) return;
+    for (const QTreeWidgetItem* above = item; above; above = above->parent()) {
+        if (above->isHidden()) return; // the filter leaves the current line where it is
+    }
     touch(item);
     if (targetOf(line->key).kind == LineKind::Group)
         item->setExpanded(!item->isExpanded());
@@ -185,7 +188,9 @@ void VariableTreeView::touch(QTreeWidgetItem* item) {
 }
 
 void VariableTreeView::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F2 && currentItem()) return activate(currentItem());
+    const bool edits =
+        event->key() == Qt::Key_F2 || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (edits && currentItem()) return activate(currentItem());
     QTreeWidget::keyPressEvent(event);
 }
 

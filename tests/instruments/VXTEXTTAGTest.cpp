@@ -1,9 +1,9 @@
 #include "instruments/VXTEXTTAG.h"
 
-#include "tests/ScriptedPrompts.h"
 #include "instruments/Colours.h"
 #include "instruments/displays/TextTagDisplay.h"
 #include "instruments/frmVXTextTagProp.h"
+#include "tests/ScriptedPrompts.h"
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QApplication>

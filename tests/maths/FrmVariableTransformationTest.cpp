@@ -143,7 +143,7 @@ TEST_F(FrmVariableTransformationTest, AScriptStandsOverSeveralLinesAndKeepsThem)
     QTest::keyClick(&formula(), Qt::Key_Return);
     EXPECT_EQ(formula().blockCount(), 4) << "Enter is a new line";
     QTest::keyClick(&formula(), Qt::Key_Return, Qt::ControlModifier);
-    EXPECT_EQ(row.CustomTransformation, "Function Output\nOutput = InputValue * 2\nEnd Function\n");
+    EXPECT_EQ(row.CustomTransformation, "Function Output\r\nOutput = InputValue * 2\r\nEnd Function\r\n");
     EXPECT_TRUE(prompts.messages.empty());
 }
 

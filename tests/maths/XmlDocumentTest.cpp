@@ -29,7 +29,7 @@ TEST(XmlDocument, MakesATreeOfElementsAndText) {
         {"<a/>", "a()"},
         {"<a>x</a>\r\n", "a('x')"},
         {"<a> \r\n <b>1</b>\t<b> 2 </b> </a>", "a(b('1') b(' 2 '))"},
-        {"<a>   </a>", "a()"},
+        {"<a>   </a>", "a('   ')"},
         {"<a>x<b/>y</a>", "a('x' b() 'y')"},
         {"<a>1 &lt; 2 &amp;&#65;</a>", "a('1 < 2 &A')"},
         {"<a>\xB0\x80</a>", "a('\u00B0\u20AC')"},

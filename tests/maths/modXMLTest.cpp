@@ -302,6 +302,27 @@ TEST_F(ModXml, WhatTheTextFormCannotHoldIsTold) {
     EXPECT_EQ(read(), before);
 }
 
+TEST_F(ModXml, ADeliveredFileIsBroughtToTheLocale) {
+    const QString delivered = QStringLiteral(VISTOR_SOURCE_DIR "/OtherFiles/Vistor.XVR");
+    for (const char* separator : {".", ","}) {
+        QFile::remove(path());
+        QFile::copy(delivered, path());
+        DecimalSeparator = QLatin1String(separator);
+        localiseDelivered(path());
+        EXPECT_EQ(DecimalSeparator, separator);
+        EXPECT_EQ(read().contains("<SmoothingTime>0,25<"), *separator == ',');
+        LoadXvrDocument(path(), false);
+        const auto smoothed =
+            std::count_if(VariableTable.begin(), VariableTable.end(),
+                          [](const VariableDefinition& v) { return v.SmoothingTime == 0.25F; });
+        EXPECT_EQ(smoothed, 1) << separator;
+    }
+    write("<no document");
+    localiseDelivered(path());
+    EXPECT_EQ(read(), "<no document");
+    EXPECT_TRUE(prompts.messages.empty());
+}
+
 TEST_F(ModXml, TheTextFormLoadsWithTheConversionsOfThePersonsFolder) {
     const QByteArray personBefore = qgetenv("XDG_CONFIG_HOME");
     qputenv("XDG_CONFIG_HOME", dir.path().toLocal8Bit());
