@@ -5,6 +5,7 @@
 #include "instruments/VXLED.h"
 #include "instruments/VXLGAUGE.h"
 #include "instruments/VXODO.h"
+#include "instruments/VXPCTBAR.h"
 #include "instruments/VXSTRIP.h"
 #include "instruments/VXTEXTTAG.h"
 #include "instruments/VXXYGRAPH.h"
@@ -24,7 +25,7 @@ std::unique_ptr<Instrument> make(QWidget* parent) {
 /// In the order of the kinds.
 constexpr std::array<Maker, kInstrumentKinds.size()> kMakers{
     make<VXAGAUGE>, make<VXALPHANUME>, make<VXLED>,     make<VXLGAUGE>,  make<VXODO>,
-    nullptr, make<VXSTRIP>,     make<VXXYGRAPH>, make<VXTEXTTAG>,
+    make<VXPCTBAR>, make<VXSTRIP>,     make<VXXYGRAPH>, make<VXTEXTTAG>,
 };
 
 } // namespace
