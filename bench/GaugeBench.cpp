@@ -1,6 +1,8 @@
-// What a dial costs: a repaint with its face painted before, one from scratch, and a page of 40 dials updated
-// 50 times a second.
+// What gauges cost: a repaint of a dial with its face painted before, one from scratch, an update of each
+// kind, and a page of 40 dials updated 50 times a second.
 #include "instruments/VXAGAUGE.h"
+#include "instruments/VXLGAUGE.h"
+#include "instruments/VXPCTBAR.h"
 #include "instruments/displays/AngularGaugeDisplay.h"
 
 #include <QApplication>
@@ -41,9 +43,10 @@ void repaintDialFromScratch(benchmark::State& state) {
 }
 BENCHMARK(repaintDialFromScratch)->Arg(200)->Arg(300)->Arg(800)->Unit(benchmark::kMicrosecond);
 
-/// One dial in a window, painted as the event loop does it: only what its needle covered and covers.
-void updateDial(benchmark::State& state) {
-    VXAGAUGE gauge(nullptr);
+/// One gauge in a window, painted as the event loop does it: only what moved.
+template <class Gauge>
+void update(benchmark::State& state) {
+    Gauge gauge(nullptr);
     gauge.setSizeTwips((double(state.range(0)) + 10) * 15, (double(state.range(0)) + 10) * 15);
     gauge.mode(false);
     gauge.show();
@@ -54,7 +57,9 @@ void updateDial(benchmark::State& state) {
         QApplication::processEvents();
     }
 }
-BENCHMARK(updateDial)->Arg(200)->Arg(300)->Arg(800)->Unit(benchmark::kMicrosecond);
+BENCHMARK(update<VXAGAUGE>)->Arg(200)->Arg(300)->Arg(800)->Unit(benchmark::kMicrosecond);
+BENCHMARK(update<VXLGAUGE>)->Arg(200)->Arg(300)->Arg(800)->Unit(benchmark::kMicrosecond);
+BENCHMARK(update<VXPCTBAR>)->Arg(200)->Arg(300)->Arg(800)->Unit(benchmark::kMicrosecond);
 
 /// A window of dials on the offscreen platform, painted through the event loop. One iteration is one tick of
 /// 20 ms, so "core" tells the share of a core at 50 ticks a second.

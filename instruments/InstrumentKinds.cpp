@@ -3,7 +3,9 @@
 #include "instruments/VXAGAUGE.h"
 #include "instruments/VXALPHANUME.h"
 #include "instruments/VXLED.h"
+#include "instruments/VXLGAUGE.h"
 #include "instruments/VXODO.h"
+#include "instruments/VXPCTBAR.h"
 #include "instruments/VXSTRIP.h"
 #include "instruments/VXTEXTTAG.h"
 #include "instruments/VXXYGRAPH.h"
@@ -22,8 +24,8 @@ std::unique_ptr<Instrument> make(QWidget* parent) {
 
 /// In the order of the kinds.
 constexpr std::array<Maker, kInstrumentKinds.size()> kMakers{
-    make<VXAGAUGE>, make<VXALPHANUME>, make<VXLED>,     nullptr,         make<VXODO>,
-    nullptr,        make<VXSTRIP>,     make<VXXYGRAPH>, make<VXTEXTTAG>,
+    make<VXAGAUGE>, make<VXALPHANUME>, make<VXLED>,     make<VXLGAUGE>,  make<VXODO>,
+    make<VXPCTBAR>, make<VXSTRIP>,     make<VXXYGRAPH>, make<VXTEXTTAG>,
 };
 
 } // namespace

@@ -2,9 +2,8 @@
 
 #include "instruments/Colours.h"
 #include "instruments/displays/AngularGaugeTics.h"
+#include "instruments/displays/GaugePaint.h"
 
-#include <QFontMetricsF>
-#include <QLinearGradient>
 #include <QPainter>
 #include <QRadialGradient>
 
@@ -13,15 +12,6 @@
 
 namespace vistor {
 namespace {
-
-/// Lit from above: light at the top, dark at the bottom.
-QBrush metal(const QRectF& bounds, const QColor& colour, bool sunken) {
-    QLinearGradient light(bounds.topLeft(), bounds.bottomLeft());
-    light.setColorAt(sunken ? 1 : 0, mixed(colour, Qt::white, 0.45));
-    light.setColorAt(0.5, colour);
-    light.setColorAt(sunken ? 0 : 1, mixed(colour, Qt::black, 0.6));
-    return light;
-}
 
 QPainterPath stroked(const QPainterPath& path, double width) {
     QPainterPathStroker stroker;
@@ -64,19 +54,19 @@ void paintAnnular(QPainter& painter, const PropertyStore& p, const DialLayout& l
 }
 
 void paintCaption(QPainter& painter, const PropertyStore& p, const DialLayout& layout, int i) {
-    const QString text = p.text(CaptionText, i).left(kLongestDialText);
+    const QString text = p.text(CaptionText, i).left(kLongestText);
     if (text.isEmpty()) return;
     const DialPlace& dial = layout.dial;
     const auto font = dialFont(p, p.integer(CaptionFont, i), dial.radius);
     if (!font) return;
     painter.setFont(*font);
     painter.setPen(colourOf(p.integer(CaptionColour, i)));
-    const QFontMetricsF metrics(painter.font());
     const int alignment = p.integer(CaptionAlignment, i);
-    const double before = alignment == 1 ? 0 : alignment == 2 ? 1 : 0.5;
     const QPointF place(boundedPlace(p, CaptionX, i), boundedPlace(p, CaptionY, i));
-    const QPointF start(-before * metrics.horizontalAdvance(text), metrics.capHeight() / 2);
-    painter.drawText(dial.centre + place * dial.radius + start, text);
+    paintTextAt(painter, dial.centre + place * dial.radius, text,
+                alignment == 1   ? 0
+                : alignment == 2 ? 1
+                                 : 0.5);
 }
 
 DialPlace hubPlace(const PropertyStore& p, const DialLayout& layout, int i) {

@@ -44,31 +44,6 @@ struct DialPlace {
 /// The largest place for a dial whose outline at radius 1 has these bounds.
 DialPlace placeFor(const QRectF& bounds, const QRectF& room);
 
-/// The tics of a section: values start, start + step, ... `count` of them, at most kMostTics.
-struct TicRun {
-    double start = 0;
-    double step = 1; ///< negative on a run downwards
-    int count = 0;
-
-    double value(int tic) const { return start + tic * step; }
-};
-inline constexpr int kMostTics = 1000;
-
-/// Tics from start to stop. A step that is 0 or would make too many tics gives way to a round one.
-TicRun ticRun(double start, double stop, double step);
-/// The step of a finer row of tics between those of `step`: a third, a quarter or a fifth, so that it is
-/// round.
-double partOfStep(double step);
-/// The smallest of 1, 2 and 5 times a power of ten that cuts the range into at most `most` parts.
-double roundStep(double range, int most);
-
-/// The fewest decimals, up to 6, that tell the tics of a run apart when divided by `divisor`.
-int labelDecimals(const TicRun& run, double divisor);
-QString labelText(double value, int decimals);
-/// Which labels find room, by their boxes in order: every one, every 2nd, 5th, 10th ... A label that meets
-/// the first one at the end of a full turn is left out.
-std::vector<int> labelsWithRoom(std::span<const QRectF> boxes);
-
 /// A ring's part between two angles, at most a full turn.
 QPainterPath ringPart(const DialPlace& place, double innerRadius, double outerRadius, double fromAngle,
                       double toAngle);

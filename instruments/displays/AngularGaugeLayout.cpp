@@ -1,7 +1,6 @@
 #include "instruments/displays/AngularGaugeLayout.h"
 
 #include "instruments/Colours.h"
-#include "instruments/displays/PropertyStyles.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,27 +9,14 @@ namespace vistor {
 namespace {
 
 constexpr double kShadowShare = 0.022;
-constexpr int kSmallestText = 8;        ///< pixels
-constexpr double kLostText = 5.4;       ///< what asks for less is left out: nobody could read it
 constexpr double kThinnestNeedle = 1.2; ///< pixels
 
 constexpr PanelNumbers kPanel{.back = GaugeBackColour,
+                              .onPage = GaugeOnPage,
                               .border = GaugeBorder,
                               .borderWidth = GaugeBorderWidth,
                               .light = GaugeBorderLight,
                               .shadow = GaugeBorderShadow};
-constexpr FontNumbers kFont{.family = FontFamily,
-                            .substitute = FontSubstitute,
-                            .bold = FontBold,
-                            .italic = FontItalic,
-                            .underline = FontUnderline,
-                            .strikeOut = FontStrikeOut};
-
-PanelStyle panelStyle(const PropertyStore& p, const QColor& page) {
-    PanelStyle style = panelStyleOf(p, kPanel);
-    if (p.flag(GaugeOnPage)) style.back = page;
-    return style;
-}
 
 /// A scale runs over all the values that its tics stand at, in the direction of the first of them. Tics that
 /// name a scale that is not there stand on the nearest.
@@ -127,22 +113,8 @@ NeedlePlace needleOf(const PropertyStore& p, int i, const ScalePlace& on) {
 
 } // namespace
 
-double usualSize(const PropertyStore& properties, int number, int section, double most) {
-    const double size = properties.number(number, section);
-    if (size > 0) return std::min(size, most);
-    return properties.table().info(number)->initial;
-}
-
-double boundedPlace(const PropertyStore& properties, int number, int section) {
-    const double place = properties.number(number, section);
-    return std::isfinite(place) ? std::clamp(place, -3.0, 3.0) : 0;
-}
-
 std::optional<QFont> dialFont(const PropertyStore& properties, int section, double radius) {
-    const int index = std::clamp(section, 0, std::max(properties.integer(GaugeFonts) - 1, 0));
-    const double size = usualSize(properties, FontSize, index, 100) / 100 * radius;
-    if (size < kLostText) return {};
-    return fontOf(properties, kFont, std::max(qRound(size), kSmallestText), index);
+    return legibleFont(properties, kDialFont, section, properties.integer(GaugeFonts), radius);
 }
 
 ScalePlace DialLayout::scaleAt(int index) const {
@@ -153,7 +125,7 @@ ScalePlace DialLayout::scaleAt(int index) const {
 DialLayout layOutDial(const PropertyStore& properties, const QRectF& panel, const QColor& page) {
     DialLayout layout;
     layout.panel = panel;
-    layout.style = panelStyle(properties, page);
+    layout.style = panelStyleOf(properties, kPanel, page);
     const int face = properties.integer(GaugeFace);
     layout.face = face == int(GaugeFaceForm::Round)    ? GaugeFaceForm::Round
                   : face == int(GaugeFaceForm::Sector) ? GaugeFaceForm::Sector

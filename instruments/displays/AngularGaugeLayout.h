@@ -4,7 +4,7 @@
 
 #include "instruments/displays/AngularGaugeGeometry.h"
 #include "instruments/displays/AngularGaugeProperties.h"
-#include "instruments/displays/Panel.h"
+#include "instruments/displays/PropertyStyles.h"
 
 #include <QColor>
 #include <QFont>
@@ -45,13 +45,7 @@ struct DialLayout {
 /// `page` is the colour behind the instrument.
 DialLayout layOutDial(const PropertyStore& properties, const QRectF& panel, const QColor& page);
 
-inline constexpr int kLongestDialText = 199; ///< of a caption or the name of a font
 /// The font of a font section, for a dial of this radius. No value where it would be too small to read.
 std::optional<QFont> dialFont(const PropertyStore& properties, int section, double radius);
-
-/// A length or size as a property holds it: the usual one for 0 and less, at most `most`.
-double usualSize(const PropertyStore& properties, int number, int section, double most = 4);
-/// A place or a radius, within three radii of the dial.
-double boundedPlace(const PropertyStore& properties, int number, int section);
 
 } // namespace vistor

@@ -1,7 +1,6 @@
 #include "instruments/displays/AngularGaugeProperties.h"
 
-#include "instruments/displays/Panel.h"
-#include "instruments/displays/PropertyMakers.h"
+#include "instruments/displays/GaugePaint.h"
 
 namespace vistor {
 namespace {
@@ -9,25 +8,23 @@ namespace {
 using enum PropertyType;
 
 constexpr const char* kFaces[] = {"None", "Round", "Sector"};
-constexpr const char* kTicForms[] = {"Line", "Triangle", "Dot"};
 constexpr const char* kNeedleForms[] = {"Tapered", "Bar", "Lance", "Arrow", "Mark"};
 constexpr const char* kAlignments[] = {"Centre", "Left", "Right"};
 
 constexpr const char* kFaceGroup = "Face";
 constexpr const char* kPlaceGroup = "Place";
-constexpr const char* kPanelGroup = "Panel";
-constexpr const char* kGroups[] = {kFaceGroup, kPlaceGroup, kPanelGroup};
+constexpr const char* kGroups[] = {kFaceGroup, kPlaceGroup, kPanelBranch};
 
 constexpr int kInk = 0xF0ECE8;
 
 constexpr PropertyInfo kFixed[] = {
     keptProperty(96, String),
-    colourProperty(GaugeBackColour, "Back Colour", 0x1E1812, kPanelGroup),
-    choiceProperty(GaugeBorder, Integer, "Border", int(Border::None), kBorderWords, kPanelGroup),
-    wholeProperty(GaugeBorderWidth, "Border Width", 1, 0, 20, kPanelGroup),
-    colourProperty(GaugeBorderLight, "Border Light Colour", 0x5C5044, kPanelGroup),
-    colourProperty(GaugeBorderShadow, "Border Shadow Colour", 0x0C0A08, kPanelGroup),
-    flagProperty(GaugeOnPage, "Page Colour Behind", true, kPanelGroup),
+    colourProperty(GaugeBackColour, "Back Colour", 0x1E1812, kPanelBranch),
+    choiceProperty(GaugeBorder, Integer, "Border", int(Border::None), kBorderWords, kPanelBranch),
+    wholeProperty(GaugeBorderWidth, "Border Width", 1, 0, 20, kPanelBranch),
+    colourProperty(GaugeBorderLight, "Border Light Colour", 0x5C5044, kPanelBranch),
+    colourProperty(GaugeBorderShadow, "Border Shadow Colour", 0x0C0A08, kPanelBranch),
+    flagProperty(GaugeOnPage, "Page Colour Behind", true, kPanelBranch),
     choiceProperty(GaugeFace, Integer, "Face", int(GaugeFaceForm::Round), kFaces, kFaceGroup),
     colourProperty(GaugeFaceColour, "Face Colour", 0x3A302A, kFaceGroup),
     colourProperty(GaugeRimColour, "Rim Colour", 0x9C9288, kFaceGroup),
@@ -61,16 +58,8 @@ constexpr PropertyInfo kScaleFields[] = {
     realProperty(ScaleStopAngle, "Scale Stop Angle", 135),
 };
 
-constexpr PropertyInfo kFontFields[] = {
-    keptProperty(FontSelector, Integer),
-    {.number = FontFamily, .type = FontName, .label = "Font"},
-    textProperty(FontSubstitute, "Font Substitute"),
-    {.number = FontSize, .type = Single, .label = "Font Size %", .initial = 12},
-    flagProperty(FontBold, "Font Bold", false),
-    flagProperty(FontItalic, "Font Italic", false),
-    flagProperty(FontUnderline, "Font Underline", false),
-    flagProperty(FontStrikeOut, "Font Strike Out", false),
-};
+constexpr auto kFontFields =
+    joined(std::array{keptProperty(FontSelector, Integer)}, fontProperties(kDialFont, 12));
 
 constexpr PropertyInfo kTicFields[] = {
     keptProperty(TicSelector, Integer),
@@ -79,7 +68,7 @@ constexpr PropertyInfo kTicFields[] = {
     colourProperty(TicLabelColour, "Tic Label Colour", kInk),
     flagProperty(TicLabelsTurned, "Tic Labels Turned", false),
     wholeProperty(TicDecimals, "Tic Label Decimals", -1, -1, 6),
-    choiceProperty(TicShape, Integer, "Tic Shape", int(TicForm::Line), kTicForms),
+    choiceProperty(TicShape, Integer, "Tic Shape", int(TicForm::Line), kTicFormWords),
     realProperty(TicWidth, "Tic Width", 0.012),
     colourProperty(TicColour, "Tic Colour", 0xB4AAA0),
     flagProperty(TicLabels, "Tic Labels", false),
@@ -128,8 +117,8 @@ constexpr PropertyInfo kNeedleFields[] = {
     choiceProperty(NeedleForms, Long, "Needle Shape", 0, kNeedleForms),
     flagProperty(NeedleShadow, "Needle Shadow", true),
     colourProperty(NeedleColour, "Needle Colour", 0x2A5AFF),
-    {.number = NeedleValue, .type = Double, .label = "Needle Value", .live = true},
-    {.number = NeedleDefault, .type = Double, .live = true},
+    liveProperty(NeedleValue, Double, "Needle Value"),
+    liveProperty(NeedleDefault, Double, nullptr),
     realProperty(NeedleLength, "Needle Length", 0.84),
     realProperty(NeedleTail, "Needle Tail", 0.2),
     keptProperty(75, String),

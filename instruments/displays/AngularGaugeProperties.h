@@ -2,7 +2,7 @@
 // nothing. Out: the declaration that store, list, sheet and painter go by.
 #pragma once
 
-#include "instruments/displays/PropertyStore.h"
+#include "instruments/displays/PropertyStyles.h"
 
 namespace vistor {
 
@@ -104,8 +104,15 @@ enum AngularGaugeProperty : std::int16_t {
     NeedleDefault = 0,
 };
 
+inline constexpr FontNumbers kDialFont{.family = FontFamily,
+                                       .substitute = FontSubstitute,
+                                       .bold = FontBold,
+                                       .italic = FontItalic,
+                                       .underline = FontUnderline,
+                                       .strikeOut = FontStrikeOut,
+                                       .size = FontSize};
+
 enum class GaugeFaceForm { None, Round, Sector };
-enum class TicForm { Line, Triangle, Dot };
 
 /// The display's properties in the order of the saved list.
 extern const KindTable kAngularGaugeTable;

@@ -10,8 +10,6 @@ namespace {
 using enum PropertyType;
 
 constexpr const char* kModes[] = {"LEDValue", "Bitwise"};
-constexpr const char* kDirections[] = {"Forward", "Backward"};
-constexpr const char* kOrientations[] = {"Horizontal", "Vertical"};
 constexpr const char* kAutoSizes[] = {"NoAutoSize", "SizeControl", "SizeLEDs"};
 constexpr const char* kShapes[] = {"Round", "Rectangle", "Rounded"};
 
@@ -65,8 +63,8 @@ constexpr PropertyInfo kRowFields[] = {
     {.number = LedDefault, .type = Long, .live = true},
     flagProperty(LedOwnValue, "Own Value", false),
     choiceOrElseProperty(LedMode, "Mode", 0, kModes, 0),
-    choiceOrElseProperty(LedDirection, "Direction", 0, kDirections, 0),
-    choiceOrElseProperty(LedOrientation, "Orientation", 0, kOrientations, 1),
+    choiceOrElseProperty(LedDirection, "Direction", 0, kDirectionWords, 0),
+    choiceOrElseProperty(LedOrientation, "Orientation", 0, kOrientationWords, 1),
     choiceOrElseProperty(LedAutoSize, "Auto Size", int(LedSizing::Lamps), kAutoSizes, int(LedSizing::Lamps)),
     wholeProperty(LedWidth, "LED Width", 22, 1, 500),
     wholeProperty(LedHeight, "LED Height", 22, 1, 500),

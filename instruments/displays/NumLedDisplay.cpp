@@ -1,7 +1,6 @@
 #include "instruments/displays/NumLedDisplay.h"
 
 #include "instruments/Colours.h"
-#include "instruments/displays/PropertyMakers.h"
 #include "instruments/displays/PropertyStyles.h"
 
 #include <QPainter>
@@ -19,51 +18,6 @@ constexpr const char* kForms[] = {"By mode", "Seven segments", "Fourteen segment
 
 constexpr const char* kValueGroup = "Value";
 constexpr const char* kDigitsGroup = "Digits";
-constexpr const char* kPanelGroup = "Panel";
-constexpr const char* kCaptionGroup = "Caption";
-
-constexpr PropertyInfo kProperties[] = {
-    textProperty(NumLedUnit, "Unit", kCaptionGroup),
-    flagProperty(NumLedShading, "Shading", true, kPanelGroup),
-    keptProperty(30, Boolean),
-    colourProperty(NumLedBackColour, "Back Colour", 0x1E1812, kPanelGroup),
-    choiceProperty(NumLedBorder, Integer, "Border", int(Border::Sunken), kBorderWords, kPanelGroup),
-    wholeProperty(NumLedBorderWidth, "Border Width", 1, 0, 20, kPanelGroup),
-    colourProperty(NumLedBorderLight, "Border Light Colour", 0x5C5044, kPanelGroup),
-    colourProperty(NumLedBorderShadow, "Border Shadow Colour", 0x0C0A08, kPanelGroup),
-    flagProperty(NumLedShowCaption, "Show Caption", false, kCaptionGroup),
-    choiceProperty(NumLedCaptionAlignment, Integer, "Caption Alignment", 0, kAlignmentWords, kCaptionGroup),
-    colourProperty(NumLedCaptionColour, "Caption Colour", 0xC8BCAE, kCaptionGroup),
-    choiceProperty(NumLedCaptionPlace, Long, "Caption Place", 0, kCaptionPlaceWords, kCaptionGroup),
-    textProperty(NumLedCaption, "Caption", kCaptionGroup),
-    wholeProperty(NumLedDigits, "Digits", 6, 1, kMaximumCells, kDigitsGroup),
-    wholeProperty(NumLedDecimals, "Decimals", 1, 0, 15, kDigitsGroup),
-    wholeProperty(NumLedSlant, "Slant", 7, 0, 20, kDigitsGroup),
-    wholeProperty(NumLedBarWidth, "Segment Width %", 17, 6, 30, kDigitsGroup),
-    wholeProperty(NumLedSpacing, "Digit Spacing %", 46, 24, 150, kDigitsGroup),
-    colourProperty(NumLedLitColour, "Lit Colour", 0x2EB4FF, kDigitsGroup),
-    colourProperty(NumLedUnlitColour, "Unlit Colour", 0x2A2923, kDigitsGroup),
-    flagProperty(NumLedLeadingZeros, "Leading Zeros", false, kValueGroup),
-    flagProperty(NumLedLeadingPlusMinus, "Leading PlusMinus", false, kValueGroup),
-    flagProperty(NumLedShowUnlit, "Show Unlit Segments", true, kDigitsGroup),
-    flagProperty(NumLedFixedDecimals, "Fixed Decimals", true, kValueGroup),
-    choiceProperty(NumLedAlignment, Integer, "Alignment", 1, kAlignmentWords, kDigitsGroup),
-    wholeProperty(NumLedMargin, "Margin", 4, 0, 100, kPanelGroup),
-    keptProperty(12, Integer),
-    choiceProperty(NumLedDigitForm, Integer, "Digit Form", 0, kForms, kDigitsGroup),
-    choiceProperty(NumLedDisplayMode, Long, "Display Mode", 0, kModes, kValueGroup),
-    {.number = NumLedText, .type = String, .label = "Text", .group = kValueGroup, .live = true},
-    {.number = NumLedValue, .type = Double, .label = "Value", .group = kValueGroup, .live = true},
-    {.number = NumLedDefault, .type = Double, .live = true},
-};
-
-constexpr const char* kGroups[] = {kValueGroup, kDigitsGroup, kPanelGroup, kCaptionGroup};
-
-constexpr KindTable::Parts kParts{.fixed = kProperties,
-                                  .groups = kGroups,
-                                  .pins = PinForm::ToCount,
-                                  .methods = {.redraw = 34, .sheet = 33},
-                                  .values = {.value = NumLedValue}};
 
 constexpr PanelNumbers kPanel{.back = NumLedBackColour,
                               .shading = NumLedShading,
@@ -76,6 +30,37 @@ constexpr PanelNumbers kPanel{.back = NumLedBackColour,
                               .captionAlignment = NumLedCaptionAlignment,
                               .captionPlace = NumLedCaptionPlace,
                               .captionColour = NumLedCaptionColour};
+
+constexpr auto kProperties = joined(
+    std::array{textProperty(NumLedUnit, "Unit", kCaptionBranch),
+               flagProperty(NumLedShading, "Shading", true, kPanelBranch), keptProperty(30, Boolean)},
+    panelProperties(kPanel),
+    std::array{wholeProperty(NumLedDigits, "Digits", 6, 1, kMaximumCells, kDigitsGroup),
+               wholeProperty(NumLedDecimals, "Decimals", 1, 0, 15, kDigitsGroup),
+               wholeProperty(NumLedSlant, "Slant", 7, 0, 20, kDigitsGroup),
+               wholeProperty(NumLedBarWidth, "Segment Width %", 17, 6, 30, kDigitsGroup),
+               wholeProperty(NumLedSpacing, "Digit Spacing %", 46, 24, 150, kDigitsGroup),
+               colourProperty(NumLedLitColour, "Lit Colour", 0x2EB4FF, kDigitsGroup),
+               colourProperty(NumLedUnlitColour, "Unlit Colour", 0x2A2923, kDigitsGroup),
+               flagProperty(NumLedLeadingZeros, "Leading Zeros", false, kValueGroup),
+               flagProperty(NumLedLeadingPlusMinus, "Leading PlusMinus", false, kValueGroup),
+               flagProperty(NumLedShowUnlit, "Show Unlit Segments", true, kDigitsGroup),
+               flagProperty(NumLedFixedDecimals, "Fixed Decimals", true, kValueGroup),
+               choiceProperty(NumLedAlignment, Integer, "Alignment", 1, kAlignmentWords, kDigitsGroup),
+               wholeProperty(NumLedMargin, "Margin", 4, 0, 100, kPanelBranch), keptProperty(12, Integer),
+               choiceProperty(NumLedDigitForm, Integer, "Digit Form", 0, kForms, kDigitsGroup),
+               choiceProperty(NumLedDisplayMode, Long, "Display Mode", 0, kModes, kValueGroup),
+               liveProperty(NumLedText, String, "Text", kValueGroup),
+               liveProperty(NumLedValue, Double, "Value", kValueGroup),
+               liveProperty(NumLedDefault, Double, nullptr)});
+
+constexpr const char* kGroups[] = {kValueGroup, kDigitsGroup, kPanelBranch, kCaptionBranch};
+
+constexpr KindTable::Parts kParts{.fixed = kProperties,
+                                  .groups = kGroups,
+                                  .pins = PinForm::ToCount,
+                                  .methods = {.redraw = 34, .sheet = 33},
+                                  .values = {.value = NumLedValue}};
 
 QColor colourIn(const PropertyStore& p, NumLedProperty number) {
     return colourOf(p.integer(number));

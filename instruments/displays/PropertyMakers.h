@@ -3,7 +3,12 @@
 
 #include "instruments/displays/PropertyTable.h"
 
+#include <algorithm>
+
 namespace vistor {
+
+inline constexpr const char* kDirectionWords[] = {"Forward", "Backward"};
+inline constexpr const char* kOrientationWords[] = {"Horizontal", "Vertical"};
 
 constexpr PropertyInfo colourProperty(std::int16_t number, const char* label, int initial,
                                       const char* group = nullptr) {
@@ -76,9 +81,24 @@ constexpr PropertyInfo textProperty(std::int16_t number, const char* label, cons
     return {.number = number, .type = PropertyType::String, .label = label, .group = group};
 }
 
+/// What data write.
+constexpr PropertyInfo liveProperty(std::int16_t number, PropertyType type, const char* label,
+                                    const char* group = nullptr) {
+    return {.number = number, .type = type, .label = label, .group = group, .live = true};
+}
+
 /// Kept and given back, without a meaning for the picture.
 constexpr PropertyInfo keptProperty(std::int16_t number, PropertyType type) {
     return {.number = number, .type = type};
+}
+
+/// Lines behind one another.
+template <std::size_t... Counts>
+constexpr auto joined(const std::array<PropertyInfo, Counts>&... lines) {
+    std::array<PropertyInfo, (Counts + ...)> all{};
+    auto end = all.begin();
+    ((end = std::copy(lines.begin(), lines.end(), end)), ...);
+    return all;
 }
 
 } // namespace vistor

@@ -1,0 +1,163 @@
+#include "instruments/displays/LinearGaugeFace.h"
+
+#include "instruments/Colours.h"
+#include "instruments/displays/GaugePaint.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace vistor {
+namespace {
+
+constexpr double kGlassEdge = 0.28; ///< how much lighter a vessel's outline is than its colour
+constexpr double kMajorWidth = 0.015;
+constexpr double kMinorWidth = 0.01;
+
+void paintVessel(QPainter& painter, const QPainterPath& path, const BarSpan& span, const QColor& colour,
+                 bool shaded) {
+    const QColor rim = mixed(colour, Qt::white, kGlassEdge);
+    painter.setPen(QPen(rim, std::clamp(span.width() * 0.06, 1.0, 3.0)));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPath(path.simplified());
+    painter.fillPath(path, shaded ? rodLight(span, mixed(colour, Qt::white, 0.12), colour) : QBrush(colour));
+}
+
+void paintTank(QPainter& painter, const BarSpan& span, const QColor& colour, bool shaded) {
+    paintVessel(painter, tank(span), span, colour, shaded);
+    painter.setPen(QPen(mixed(colour, Qt::white, kGlassEdge), std::clamp(span.width() * 0.03, 1.0, 2.0)));
+    painter.setBrush(mixed(colour, Qt::white, 0.1));
+    painter.drawEllipse(tankEnd(span));
+}
+
+void paintBand(QPainter& painter, const PropertyStore& p, const LinearLayout& layout, int i) {
+    const BarSpan span = bandSpan(p, layout.scaleAt(p.sectionNamed(LinearBandScale, i)), i);
+    if (span.from == span.to || span.width() <= 0) return;
+    const QColor colour = colourOf(p.integer(LinearBandColour, i));
+    const bool shaded = p.flag(LinearShading);
+    switch (BandStyle(p.choice(LinearBandStyle, i))) {
+    case BandStyle::Ellipse:
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(colour);
+        painter.drawPolygon(ellipsePart(span, span.from, span.to));
+        break;
+    case BandStyle::Thermometer:
+        paintVessel(painter, thermometer(span, true), span, colour, shaded);
+        break;
+    case BandStyle::Tank:
+        paintTank(painter, span, colour, shaded);
+        break;
+    case BandStyle::Rectangle:
+    case BandStyle::UserDefined:
+        painter.fillRect(span.rect(span.from, span.to), colour);
+        break;
+    }
+}
+
+/// On whole pixels, so that all tics of a row are equally sharp.
+double sharpPlace(double along, double width) {
+    return std::round(along - width / 2) + width / 2;
+}
+
+void paintMarks(QPainter& painter, const PropertyStore& p, const LinearScale& scale, const TicRun& run,
+                int i) {
+    const double near = scale.across(boundedPlace(p, LinearTicNear, i));
+    const double far = scale.across(boundedPlace(p, LinearTicFar, i));
+    const double share = p.flag(LinearTicLabels, i) ? kMajorWidth : kMinorWidth;
+    const double width = std::max(std::round(share * scale.unit), 1.0);
+    std::vector<QLineF> marks;
+    for (int tic = 0; tic < run.count; ++tic) {
+        const double along = sharpPlace(scale.along(run.value(tic)), width);
+        marks.emplace_back(scale.point(along, near), scale.point(along, far));
+    }
+    const int form = p.integer(LinearTicShape, i);
+    const double size = form == int(TicForm::Line) ? width : 2 * width;
+    paintTicMarks(painter, marks, form, size, colourOf(p.integer(LinearTicColour, i)));
+}
+
+/// Labels end or begin at their place, so that they never run into their tics. -1: they lie before it.
+double sideOf(const PropertyStore& p, int i) {
+    const double place = boundedPlace(p, LinearTicLabelPlace, i);
+    const double tics = (boundedPlace(p, LinearTicNear, i) + boundedPlace(p, LinearTicFar, i)) / 2;
+    return place < tics ? -1 : 1;
+}
+
+double widest(const QFont& font, const std::vector<QString>& texts) {
+    const QFontMetricsF metrics(font);
+    double width = 0;
+    for (const QString& text : texts) width = std::max(width, metrics.horizontalAdvance(text));
+    return width;
+}
+
+/// From the labels' place to the edge that they grow to.
+double roomBeside(const QRectF& room, const LinearScale& scale, double across, double side) {
+    const double low = scale.vertical ? room.left() : room.top();
+    const double high = scale.vertical ? room.right() : room.bottom();
+    return (side < 0 ? across - low : high - across) - 2;
+}
+
+/// Smaller where the widest label would not fit between its place and the edge of the room.
+QFont fittedFont(QFont font, const std::vector<QString>& texts, double room) {
+    constexpr int kSmallest = 8;
+    const double width = widest(font, texts);
+    if (width > room)
+        font.setPixelSize(std::max(int(font.pixelSize() * std::max(room, 0.0) / width), kSmallest));
+    return font;
+}
+
+void paintLabels(QPainter& painter, const PropertyStore& p, const LinearLayout& layout,
+                 const LinearScale& scale, const TicRun& run, int i) {
+    auto font = linearFont(p, p.sectionNamed(LinearTicFont, i), scale.unit);
+    if (!font) return;
+    const std::vector<QString> texts = ticTexts(p, kLinearTics, run, i);
+    const double across = scale.across(boundedPlace(p, LinearTicLabelPlace, i));
+    const double side = sideOf(p, i);
+    const bool turned = p.flag(LinearTicLabelsTurned, i);
+    const bool beside = scale.vertical != turned; // their length runs across the scale
+    if (beside) *font = fittedFont(*font, texts, roomBeside(layout.room, scale, across, side));
+    painter.setFont(*font);
+    painter.setPen(colourOf(p.integer(LinearTicLabelColour, i)));
+    const QFontMetricsF metrics(*font);
+    std::vector<TicLabel> labels;
+    for (int tic = 0; tic < run.count; ++tic) {
+        const QString& text = texts[static_cast<std::size_t>(tic)];
+        const double half = (beside ? metrics.horizontalAdvance(text) : metrics.capHeight()) / 2;
+        labels.push_back(
+            {text, scale.point(scale.along(run.value(tic)), across + side * half), turned ? -90.0 : 0.0});
+    }
+    paintTicLabels(painter, labels);
+}
+
+void paintTics(QPainter& painter, const PropertyStore& p, const LinearLayout& layout, int i) {
+    const LinearScale scale = layout.scaleAt(p.sectionNamed(LinearTicScale, i));
+    const TicRun run = ticRunOf(p, kLinearTics, scale.range, i);
+    paintMarks(painter, p, scale, run, i);
+    if (p.flag(LinearTicLabels, i)) paintLabels(painter, p, layout, scale, run, i);
+}
+
+void paintCaption(QPainter& painter, const PropertyStore& p, const LinearLayout& layout, int i) {
+    const QString text = p.text(LinearCaptionText, i).left(kLongestText);
+    const auto font = linearFont(p, p.sectionNamed(LinearCaptionFont, i), layout.unit);
+    if (text.isEmpty() || !font) return;
+    painter.setFont(*font);
+    painter.setPen(colourOf(p.integer(LinearCaptionColour, i)));
+    const QRectF& room = layout.room;
+    const QPointF place(boundedPlace(p, LinearCaptionX, i) * room.width(),
+                        boundedPlace(p, LinearCaptionY, i) * room.height());
+    paintTextAt(painter, room.topLeft() + place, text, 0.5);
+}
+
+} // namespace
+
+void paintLinearFace(QPainter& painter, const PropertyStore& properties, const LinearLayout& layout) {
+    paintPanel(painter, layout.style, layout.panel);
+    painter.setClipRect(layout.room);
+    for (int i = 0; i < properties.integer(LinearBands); ++i) paintBand(painter, properties, layout, i);
+    // The first row, with the labels, lies above the finer ones.
+    for (int i = properties.integer(LinearTics) - 1; i >= 0; --i) paintTics(painter, properties, layout, i);
+    for (int i = 0; i < properties.integer(LinearCaptions); ++i) paintCaption(painter, properties, layout, i);
+}
+
+} // namespace vistor
