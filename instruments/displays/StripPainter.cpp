@@ -39,6 +39,16 @@ void drawSymbol(QPainter& painter, const TraceStyle& style, const QPointF& centr
         painter.drawPolygon(symbolShape(style.symbol, size).translated(centre));
 }
 
+/// How long a name may be so that all find room: the short ones leave theirs to the long ones.
+double longestWithRoom(std::vector<double> lengths, double room) {
+    std::sort(lengths.begin(), lengths.end());
+    for (std::size_t i = 0; i < lengths.size(); room -= lengths[i++]) {
+        const double share = room / double(lengths.size() - i);
+        if (lengths[i] > share) return share;
+    }
+    return lengths.empty() ? 0 : lengths.back() + 1;
+}
+
 QPen chipPen(const TraceStyle& style) {
     QPen pen(style.colour, std::max(style.width, 2.0), Qt::SolidLine, Qt::RoundCap);
     if (style.dashes.empty()) return pen;
@@ -111,11 +121,10 @@ void paintLegend(QPainter& painter, const StripStyle& style, const StripLayout& 
                  const std::vector<LegendEntry>& entries) {
     const QRectF& place = layout.legend;
     const QFontMetricsF metrics(style.font);
-    double wanted = -kEntryGap;
-    for (const LegendEntry& entry : entries)
-        wanted += metrics.horizontalAdvance(entry.name) + kChip + kChipGap + kEntryGap;
-    const double share = (place.width() + kEntryGap) / std::max(1.0, double(entries.size()));
-    const double most = wanted <= place.width() ? wanted : share - kChip - kChipGap - kEntryGap;
+    std::vector<double> lengths;
+    for (const LegendEntry& entry : entries) lengths.push_back(metrics.horizontalAdvance(entry.name));
+    const double taken = double(entries.size()) * (kChip + kChipGap + kEntryGap) - kEntryGap;
+    const double most = longestWithRoom(lengths, place.width() - taken);
     const double line = place.center().y();
     double left = place.left();
     painter.setFont(style.font);

@@ -10,6 +10,7 @@ namespace vistor {
 namespace {
 
 constexpr double kLeastStep = 0.5;    ///< pixels
+constexpr double kLongStep = 2.0;     ///< of which also the middle counts
 constexpr double kLeastInk = 200'000; ///< pixels of line that any image may take
 constexpr double kInkAPixel = 1.5;    ///< for a larger one
 constexpr double kStepInk = 3;        ///< that a step costs beside its length
@@ -17,7 +18,7 @@ constexpr double kPassedInk = 0.1;    ///< a pixel that is not drawn again
 constexpr double kCellsAPixel = 2;
 
 double lengthOf(const QPointF& step) {
-    return std::hypot(step.x(), step.y());
+    return std::sqrt(step.x() * step.x() + step.y() * step.y());
 }
 
 /// The places that a path has been at.
@@ -31,9 +32,9 @@ public:
 
     /// Answers whether it has been there before; outside the image, no.
     bool visit(const QPointF& place) {
-        const int x = static_cast<int>(std::floor(place.x() * m_cellsAPixel));
-        const int y = static_cast<int>(std::floor(place.y() * m_cellsAPixel));
-        if (x < 0 || y < 0 || x >= m_width || y >= m_height) return false;
+        const double x = place.x() * m_cellsAPixel;
+        const double y = place.y() * m_cellsAPixel;
+        if (!(x >= 0 && y >= 0 && x < m_width && y < m_height)) return false;
         auto cell = m_cells[static_cast<std::size_t>(y) * static_cast<std::size_t>(m_width) +
                             static_cast<std::size_t>(x)];
         const bool before = cell;
@@ -65,6 +66,7 @@ void cut(StepPart& part, double start, double way) {
 
 StepPart partInside(const QRectF& room, const QPointF& from, const QPointF& way) {
     StepPart part;
+    if (room.contains(from) && room.contains(from + way)) return part;
     cut(part, from.x() - room.left(), way.x());
     cut(part, room.right() - from.x(), -way.x());
     cut(part, from.y() - room.top(), way.y());
@@ -110,13 +112,14 @@ private:
     /// Draws a line, unless the path has been all along it.
     bool pass(const QPointF& from, const QPointF& to, bool enters) {
         const QPointF way = to - from;
-        const int cells = 1 + static_cast<int>(std::max(std::abs(way.x()), std::abs(way.y())) * kCellsAPixel);
+        const double reach = std::max(std::abs(way.x()), std::abs(way.y()));
+        const int cells = reach < kLongStep ? 1 : 1 + static_cast<int>(reach * kCellsAPixel);
         bool fresh = m_endedFresh;
         for (int cell = 1; cell <= cells; ++cell) {
             m_endedFresh = !m_visited.visit(from + way * (double(cell) / cells));
             fresh = fresh || m_endedFresh;
         }
-        m_inkLeft -= fresh ? lengthOf(way) + kStepInk : cells / kCellsAPixel * kPassedInk;
+        m_inkLeft -= fresh ? lengthOf(way) + kStepInk : reach * kPassedInk;
         if (!fresh) return false;
         if (!m_penDown || enters) {
             m_starts.push_back(m_points.size());

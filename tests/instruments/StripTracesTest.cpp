@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <malloc.h>
 #include <random>
 
 namespace vistor {
@@ -125,6 +126,16 @@ TEST(TraceRing, FindsAPlaceHoweverFarTheGuess) {
         EXPECT_EQ(ring.firstFrom(from, held.size(), wanted, random() % 300),
                   static_cast<std::size_t>(found - held.begin()));
     }
+}
+
+TEST(TraceRing, TakesNoMemoryOnceFull) {
+    TraceRing ring;
+    ring.setCapacity(5000);
+    for (int i = 0; i < 5000; ++i) ring.add(i, i % 13);
+    const auto before = mallinfo2().uordblks;
+    for (int i = 0; i < 40'000; ++i) ring.add(i % 777, i % 17); // laps
+    EXPECT_EQ(mallinfo2().uordblks, before);
+    EXPECT_EQ(ring.size(), 5000U);
 }
 
 } // namespace
