@@ -76,7 +76,7 @@ void layOutPortions(PercentPlan& plan, const PropertyStore& p) {
              .colour = colour,
              .textColour = colourOf(p.integer(PortionTextColour, i)),
              .text = PortionTextForm(p.choice(PortionText, i)),
-             .name = p.text(PortionName, i).left(kLongestPaintedText)});
+             .name = p.text(PortionName, i).left(kLongestText)});
     }
 }
 
@@ -143,7 +143,7 @@ PercentPlan layOutPercent(const PropertyStore& properties, const QRectF& panel, 
     plan.textColour = colourOf(properties.integer(PercentTextColour));
     const ValueRange& range = plan.rule.range;
     plan.decimals = labelDecimals({range.start, roundStep(range.stop - range.start, 100), 2}, 1);
-    plan.unit = properties.text(PercentUnit).left(kLongestPaintedText);
+    plan.unit = properties.text(PercentUnit).left(kLongestText);
     plan.font = fontFor(plan, properties);
     return plan;
 }
