@@ -312,8 +312,9 @@ TransformationDraft frmVariableTransformation::draft() const {
 }
 
 void frmVariableTransformation::OkCmd_Click() {
+    const bool shown = isVisible();
     DoLocalEvents();
-    if (!isVisible()) return; // closed in one of them
+    if (shown && !isVisible()) return; // cancelled in one of them
     if (storeTransformation(draft(), m_number, m_row)) return accept();
     UserFunctionTxt->setFocus();
 }

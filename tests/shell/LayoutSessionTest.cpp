@@ -110,6 +110,8 @@ TEST_F(LayoutSession, APageFromNothing) {
     dropOn(strip, "LapTime");
     EXPECT_EQ(strip->curVarTable().at(1, 1), "LapTime");
 
+    window.activateWindow(); // without a window manager nobody gives it the focus back
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     const QString file = root.filePath("mine.vis");
     prompts.files = {file};
     key(Qt::Key_S, Qt::ControlModifier);
