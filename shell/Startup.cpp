@@ -13,7 +13,6 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
-
 namespace vistor {
 namespace {
 
