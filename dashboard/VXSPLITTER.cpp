@@ -59,7 +59,7 @@ void VXSPLITTER::setBackColor(const QColor& colour) {
 
 void VXSPLITTER::setBorderStyle(int style) {
     m_borderStyle = style;
-    update();
+    Refresh();
 }
 
 void VXSPLITTER::setStyle(int style) {
@@ -117,6 +117,10 @@ void VXSPLITTER::Refresh() {
     place(m_pane0, boxes.pane0);
     place(m_bar, boxes.bar);
     place(m_pane1, boxes.pane1);
+    if (m_borderStyle != 0) {
+        const QRect inside = rect().adjusted(1, 1, -1, -1);
+        for (QWidget* part : {m_pane0, m_bar, m_pane1}) part->setGeometry(part->geometry() & inside);
+    }
     update();
 }
 
