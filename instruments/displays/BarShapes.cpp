@@ -56,7 +56,7 @@ QPolygonF roundedPart(const BarSpan& whole, double from, double to, double depth
     const double length = std::abs(whole.to - whole.from);
     const double sign = whole.to < whole.from ? -1 : 1;
     const auto inside = [&](double place) { return std::clamp((place - whole.from) * sign, 0.0, length); };
-    const auto [low, high] = std::minmax(inside(from), inside(to));
+    const auto [low, high] = std::minmax({inside(from), inside(to)}); // values: the others would be gone
     const double reach = std::min(depth, length / 2);
     const double half = whole.width() / 2;
     const double middle = whole.near + half;
