@@ -154,13 +154,14 @@ void Palette::addListItem(const QString& key, const QString& text, const QString
 }
 
 bool Palette::eventFilter(QObject* watched, QEvent* event) {
+    const bool isMouse = QEvent::MouseButtonPress <= event->type() && event->type() <= QEvent::MouseMove;
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    if (!isMouse && !isKey) return false; // others come while the views are taken down: ask them nothing
     if (watched == m_tree->viewport() || watched == m_list->viewport()) {
         QAbstractItemView* view = m_tree;
         if (watched == m_list->viewport()) view = m_list;
-        const bool isMouse = QEvent::MouseButtonPress <= event->type() && event->type() <= QEvent::MouseMove;
         return isMouse && mouseEvent(*view, *static_cast<QMouseEvent*>(event));
     }
-    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
     if (!isKey || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Delete) return false;
     event->accept(); // before it can become a command of the main window
     if (event->type() == QEvent::KeyPress) deleteOnKey(qobject_cast<QAbstractItemView*>(watched));
