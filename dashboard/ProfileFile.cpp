@@ -31,8 +31,8 @@ QString ownSection(const ProfileInstrument& instrument) {
 }
 
 double boundedNumber(const QString& text) {
-    constexpr double kFarthest = 1e9;
-    return std::clamp(leadingNumber(text), -kFarthest, kFarthest);
+    // As far as the buffer of a number holds its digits and sign, so that what was read is written alike.
+    return std::clamp(leadingNumber(text), -99'999'999.0, 999'999'999.0);
 }
 
 int wholeNumber(const QString& text) {
@@ -92,15 +92,20 @@ private:
     }
 
     void readList(const QString& section, ProfileInstrument& instrument) {
-        const qsizetype count = std::clamp<qsizetype>(qsizetype{instrument.highest} + 1, 0, m_items);
+        // What the section holds is its own; what is declared beyond that all of them share.
+        const auto held = static_cast<qsizetype>(m_file.numberedKeys(section, 0, instrument.highest).size());
+        const qsizetype most = std::min(m_items, held + m_spare);
+        const qsizetype count = std::clamp<qsizetype>(qsizetype{instrument.highest} + 1, 0, most);
         m_items -= count;
+        m_spare -= std::max<qsizetype>(0, count - held);
         for (qsizetype item = 0; item < count; ++item)
             instrument.list << m_file.value(section, QString::number(item), QStringLiteral("0"), kItemBuffer);
         instrument.highest = static_cast<int>(count) - 1;
     }
 
     const IniFile& m_file;
-    qsizetype m_items; ///< how many more are believed
+    qsizetype m_items;
+    qsizetype m_spare = kSpareItems; ///< how many more are believed
     std::vector<ProfileInstrument> m_found;
 };
 

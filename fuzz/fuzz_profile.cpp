@@ -41,7 +41,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     const IniFile file = IniFile::parse({reinterpret_cast<const char*>(data), size});
     Profile profile = readProfile(file);
     if (!inBounds(profile, size)) std::abort();
-    if (profile.instruments.size() > 100) return 0; // longer numbers do not fit in the names of sections
+    if (profile.instruments.size() >= 100) return 0; // longer numbers do not fit in the names of sections
     takeIn(profile);
     const QByteArray once = written(profile);
     Profile again = readProfile(IniFile::parse({once.constData(), static_cast<std::size_t>(once.size())}));

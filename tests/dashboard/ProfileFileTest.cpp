@@ -106,7 +106,7 @@ TEST(ProfileFile, WhatIsMissingHasItsDefault) {
          {"VX"},
          {"VXLED 0 0 3"}},
         {"[TABS]\nVXLED=9e99\nWIDTH=9e99\nVXNONE=3\n[VXLED/0]\n2000000000=a\n[VXNONE/0]\n1=a\n",
-         1e9,
+         999999999,
          {},
          {"VX"},
          {}},
