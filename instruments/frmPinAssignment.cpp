@@ -1,12 +1,12 @@
 #include "instruments/frmPinAssignment.h"
 
 #include "instruments/Instrument.h"
+#include "instruments/PinGrid.h"
 #include "platform/Prompts.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QGridLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QTableWidget>
@@ -17,13 +17,6 @@ namespace {
 
 constexpr QSize kSmallest(420, 280);
 constexpr int kVisibleChoices = 12;
-constexpr int kLeastNameWidth = 150;
-
-void addCell(QTableWidget& grid, int row, int column, const QString& text) {
-    auto* cell = new QTableWidgetItem(text);
-    cell->setToolTip(text);
-    grid.setItem(row, column, cell);
-}
 
 } // namespace
 
@@ -41,7 +34,6 @@ frmPinAssignment::frmPinAssignment(const PinQuestion& question, QWidget* parent,
       m_name(question.name),
       m_fields(new QGridLayout) {
     setWindowTitle(tr("Pin assignment"));
-    grd->setObjectName(QStringLiteral("grd"));
     cmbPin->setObjectName(QStringLiteral("cmbPin"));
     cmbPin->setMaxVisibleItems(kVisibleChoices);
     for (int pin = 1; pin <= question.pins; ++pin) cmbPin->addItem(QString::number(pin));
@@ -79,30 +71,8 @@ void frmPinAssignment::addField(const QString& label, QWidget* field) {
 }
 
 void frmPinAssignment::fillGrid(const QString& axisHeader) {
-    QStringList headers = {m_pinLabel, QStringLiteral("VARIABLE"), QStringLiteral("VARIABLE TYPE")};
-    if (!axisHeader.isEmpty()) headers.insert(1, axisHeader);
-    grd->setColumnCount(static_cast<int>(headers.size()));
-    grd->setHorizontalHeaderLabels(headers);
-    grd->setRowCount(static_cast<int>(m_rows.size()));
-    for (int row = 0; row < grd->rowCount(); ++row) {
-        const PinRow& shown = m_rows[static_cast<std::size_t>(row)];
-        QStringList cells = {QString::number(shown.pin), shown.variable, shown.group};
-        if (!axisHeader.isEmpty()) cells.insert(1, axisName(shown.axis));
-        for (int column = 0; column < cells.size(); ++column) addCell(*grd, row, column, cells.at(column));
-    }
-    grd->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    grd->setSelectionBehavior(QAbstractItemView::SelectRows);
-    grd->setSelectionMode(QAbstractItemView::SingleSelection);
-    grd->setTabKeyNavigation(false);
-    grd->setAlternatingRowColors(true);
-    grd->setShowGrid(false);
-    grd->verticalHeader()->hide();
-    grd->horizontalHeader()->setHighlightSections(false);
-    grd->horizontalHeader()->setStretchLastSection(true);
-    grd->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    grd->resizeColumnsToContents();
-    const int names = axisHeader.isEmpty() ? 1 : 2;
-    grd->setColumnWidth(names, qMax(grd->columnWidth(names), kLeastNameWidth));
+    makePinGrid(*grd);
+    fillPinGrid(*grd, m_pinLabel, axisHeader, m_rows);
     connect(grd, &QTableWidget::itemSelectionChanged, this, [this] {
         const int row = grd->currentRow();
         if (row >= 0 && row < static_cast<int>(m_rows.size())) choose(m_rows[static_cast<std::size_t>(row)]);

@@ -1,12 +1,12 @@
 #include "instruments/frmVarTable.h"
 
 #include "instruments/Instrument.h"
+#include "instruments/PinGrid.h"
 #include "platform/Prompts.h"
 
 #include <QComboBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -16,12 +16,6 @@ namespace {
 
 constexpr QSize kNewSize(460, 420);
 constexpr int kVisibleChoices = 16;
-
-QTableWidgetItem* cell(const QString& text) {
-    auto* item = new QTableWidgetItem(text);
-    item->setToolTip(text);
-    return item;
-}
 
 } // namespace
 
@@ -43,17 +37,7 @@ frmVarTable::frmVarTable(QWidget* parent)
 }
 
 void frmVarTable::makeGrid() {
-    grd->setObjectName(QStringLiteral("grd"));
-    grd->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    grd->setSelectionBehavior(QAbstractItemView::SelectRows);
-    grd->setSelectionMode(QAbstractItemView::SingleSelection);
-    grd->setTabKeyNavigation(false);
-    grd->setAlternatingRowColors(true);
-    grd->setShowGrid(false);
-    grd->verticalHeader()->hide();
-    grd->horizontalHeader()->setHighlightSections(false);
-    grd->horizontalHeader()->setStretchLastSection(true);
-    grd->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    makePinGrid(*grd);
     connect(grd, &QTableWidget::itemSelectionChanged, this, &frmVarTable::chooseRow);
 }
 
@@ -122,21 +106,8 @@ PinTable frmVarTable::remove(Instrument& instrument, int pin) {
 }
 
 void frmVarTable::fillGrid(const PinTable& table) {
-    const QSignalBlocker quiet(grd);
     m_rows = rowsOf(table);
-    QStringList headers{m_pinLabel, QStringLiteral("VARIABLE"), QStringLiteral("VARIABLE TYPE")};
-    if (m_showsAxis) headers.insert(1, QStringLiteral("AXIS"));
-    grd->setColumnCount(static_cast<int>(headers.size()));
-    grd->setHorizontalHeaderLabels(headers);
-    grd->setRowCount(static_cast<int>(m_rows.size()));
-    for (int row = 0; row < grd->rowCount(); ++row) {
-        const PinRow& shown = m_rows[static_cast<std::size_t>(row)];
-        QStringList texts{QString::number(shown.pin), shown.variable, shown.group};
-        if (m_showsAxis) texts.insert(1, axisName(shown.axis));
-        for (int column = 0; column < texts.size(); ++column)
-            grd->setItem(row, column, cell(texts.at(column)));
-    }
-    grd->resizeColumnsToContents();
+    fillPinGrid(*grd, m_pinLabel, m_showsAxis ? QStringLiteral("AXIS") : QString(), m_rows);
 }
 
 void frmVarTable::chooseRow() {
