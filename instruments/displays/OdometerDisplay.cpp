@@ -19,56 +19,9 @@ using enum PropertyType;
 constexpr const char* kValueGroup = "Value";
 constexpr const char* kDrumsGroup = "Drums";
 constexpr const char* kFontGroup = "Font";
-constexpr const char* kPanelGroup = "Panel";
-constexpr const char* kCaptionGroup = "Caption";
-constexpr const char* kGroups[] = {kValueGroup, kDrumsGroup, kFontGroup, kPanelGroup, kCaptionGroup};
+constexpr const char* kGroups[] = {kValueGroup, kDrumsGroup, kFontGroup, kPanelBranch, kCaptionBranch};
 
 constexpr double kUsualFontSize = 61;
-
-constexpr PropertyInfo kProperties[] = {
-    textProperty(OdoUnit, "Unit", kCaptionGroup),
-    colourProperty(OdoBackColour, "Back Colour", 0x1E1812, kPanelGroup),
-    choiceProperty(OdoBorder, Integer, "Border", int(Border::Sunken), kBorderWords, kPanelGroup),
-    wholeProperty(OdoBorderWidth, "Border Width", 1, 0, 20, kPanelGroup),
-    colourProperty(OdoBorderLight, "Border Light Colour", 0x5C5044, kPanelGroup),
-    colourProperty(OdoBorderShadow, "Border Shadow Colour", 0x0C0A08, kPanelGroup),
-    flagProperty(OdoShowCaption, "Show Caption", false, kCaptionGroup),
-    choiceProperty(OdoCaptionAlignment, Integer, "Caption Alignment", 0, kAlignmentWords, kCaptionGroup),
-    colourProperty(OdoCaptionColour, "Caption Colour", 0xC8BCAE, kCaptionGroup),
-    choiceProperty(OdoCaptionPlace, Integer, "Caption Place", 0, kCaptionPlaceWords, kCaptionGroup),
-    textProperty(OdoCaption, "Caption", kCaptionGroup),
-    wholeProperty(OdoDigits, "Digits", 6, 1, kMostDrums, kValueGroup),
-    wholeProperty(OdoDecimals, "Decimals", 1, 0, kMostDrums - 1, kValueGroup),
-    colourProperty(OdoDigitColour, "Digit Colour", 0xF2F4F4, kDrumsGroup),
-    colourProperty(OdoDrumColour, "Drum Colour", 0x302A28, kDrumsGroup),
-    {.number = OdoValue, .type = Double, .label = "Value", .group = kValueGroup, .live = true},
-    {.number = OdoDefault, .type = Double, .live = true},
-    flagProperty(OdoSmooth, "Smooth Rolling", true, kValueGroup),
-    wholeProperty(OdoSpacing, "Drum Spacing %", 7, 0, 100, kDrumsGroup),
-    wholeProperty(OdoMargin, "Margin", 4, 0, 100, kPanelGroup),
-    flagProperty(OdoLeadingZeros, "Leading Zeros", true, kValueGroup),
-    colourProperty(OdoDecimalDrumColour, "Decimal Drum Colour", 0xDCE6EA, kDrumsGroup),
-    {.number = OdoFontFamily, .type = FontName, .label = "Font", .group = kFontGroup},
-    textProperty(OdoFontSubstitute, "Font Substitute", kFontGroup),
-    {.number = OdoFontSize,
-     .type = Single,
-     .label = "Font Size %",
-     .initial = kUsualFontSize,
-     .group = kFontGroup},
-    flagProperty(OdoFontBold, "Font Bold", true, kFontGroup),
-    flagProperty(OdoFontItalic, "Font Italic", false, kFontGroup),
-    flagProperty(OdoFontUnderline, "Font Underline", false, kFontGroup),
-    flagProperty(OdoFontStrikeOut, "Font Strike Out", false, kFontGroup),
-    flagProperty(OdoRollOver, "Roll Over", true, kValueGroup),
-    flagProperty(OdoShading, "Shading", true, kDrumsGroup),
-};
-
-constexpr KindTable::Parts kParts{.fixed = kProperties,
-                                  .groups = kGroups,
-                                  .pins = PinForm::ToBound,
-                                  .methods = {.redraw = 33, .sheet = 32},
-                                  .values = {.value = OdoValue},
-                                  .staysEnabled = true};
 
 constexpr PanelNumbers kPanel{.back = OdoBackColour,
                               .shading = OdoShading,
@@ -87,7 +40,32 @@ constexpr FontNumbers kFont{.family = OdoFontFamily,
                             .bold = OdoFontBold,
                             .italic = OdoFontItalic,
                             .underline = OdoFontUnderline,
-                            .strikeOut = OdoFontStrikeOut};
+                            .strikeOut = OdoFontStrikeOut,
+                            .size = OdoFontSize};
+
+constexpr auto kProperties =
+    joined(std::array{textProperty(OdoUnit, "Unit", kCaptionBranch)}, panelProperties(kPanel, Integer),
+           std::array{wholeProperty(OdoDigits, "Digits", 6, 1, kMostDrums, kValueGroup),
+                      wholeProperty(OdoDecimals, "Decimals", 1, 0, kMostDrums - 1, kValueGroup),
+                      colourProperty(OdoDigitColour, "Digit Colour", 0xF2F4F4, kDrumsGroup),
+                      colourProperty(OdoDrumColour, "Drum Colour", 0x302A28, kDrumsGroup),
+                      liveProperty(OdoValue, Double, "Value", kValueGroup),
+                      liveProperty(OdoDefault, Double, nullptr),
+                      flagProperty(OdoSmooth, "Smooth Rolling", true, kValueGroup),
+                      wholeProperty(OdoSpacing, "Drum Spacing %", 7, 0, 100, kDrumsGroup),
+                      wholeProperty(OdoMargin, "Margin", 4, 0, 100, kPanelBranch),
+                      flagProperty(OdoLeadingZeros, "Leading Zeros", true, kValueGroup),
+                      colourProperty(OdoDecimalDrumColour, "Decimal Drum Colour", 0xDCE6EA, kDrumsGroup)},
+           fontProperties(kFont, kUsualFontSize, kFontGroup, true),
+           std::array{flagProperty(OdoRollOver, "Roll Over", true, kValueGroup),
+                      flagProperty(OdoShading, "Shading", true, kDrumsGroup)});
+
+constexpr KindTable::Parts kParts{.fixed = kProperties,
+                                  .groups = kGroups,
+                                  .pins = PinForm::ToBound,
+                                  .methods = {.redraw = 33, .sheet = 32},
+                                  .values = {.value = OdoValue},
+                                  .staysEnabled = true};
 
 QFont unitFont(double height) {
     constexpr double kUnitShare = 0.34;

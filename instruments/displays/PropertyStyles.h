@@ -48,7 +48,8 @@ inline constexpr const char* kPanelBranch = "Panel";
 inline constexpr const char* kCaptionBranch = "Caption";
 
 /// A table's lines for a panel with a caption, in the order of all kinds' lists.
-constexpr std::array<PropertyInfo, 10> panelProperties(const PanelNumbers& n) {
+constexpr std::array<PropertyInfo, 10> panelProperties(const PanelNumbers& n,
+                                                       PropertyType placeType = PropertyType::Long) {
     using enum PropertyType;
     return {
         colourProperty(n.back, "Back Colour", 0x1E1812, kPanelBranch),
@@ -59,13 +60,13 @@ constexpr std::array<PropertyInfo, 10> panelProperties(const PanelNumbers& n) {
         flagProperty(n.showCaption, "Show Caption", false, kCaptionBranch),
         choiceProperty(n.captionAlignment, Integer, "Caption Alignment", 0, kAlignmentWords, kCaptionBranch),
         colourProperty(n.captionColour, "Caption Colour", 0xC8BCAE, kCaptionBranch),
-        choiceProperty(n.captionPlace, Long, "Caption Place", 0, kCaptionPlaceWords, kCaptionBranch),
+        choiceProperty(n.captionPlace, placeType, "Caption Place", 0, kCaptionPlaceWords, kCaptionBranch),
         textProperty(n.caption, "Caption", kCaptionBranch)};
 }
 
 /// A table's lines for a font, in the order of all gauges' lists.
 constexpr std::array<PropertyInfo, 7> fontProperties(const FontNumbers& n, double size,
-                                                     const char* group = nullptr) {
+                                                     const char* group = nullptr, bool bold = false) {
     PropertyInfo family = textProperty(n.family, "Font", group);
     family.type = PropertyType::FontName;
     PropertyInfo percent = realProperty(n.size, "Font Size %", size, group);
@@ -73,7 +74,7 @@ constexpr std::array<PropertyInfo, 7> fontProperties(const FontNumbers& n, doubl
     return {family,
             textProperty(n.substitute, "Font Substitute", group),
             percent,
-            flagProperty(n.bold, "Font Bold", false, group),
+            flagProperty(n.bold, "Font Bold", bold, group),
             flagProperty(n.italic, "Font Italic", false, group),
             flagProperty(n.underline, "Font Underline", false, group),
             flagProperty(n.strikeOut, "Font Strike Out", false, group)};
