@@ -6,6 +6,7 @@
 #include "platform/CodePage.h"
 #include "platform/IniFile.h"
 #include "platform/Prompts.h"
+#include "variables/SetupVariables.h"
 
 #include <QSaveFile>
 
@@ -17,17 +18,10 @@
 namespace vistor {
 namespace {
 
-constexpr int kDigits = 7; ///< that a 32-bit number is written with
 constexpr std::size_t kNumberSlot = 1;
 
 QChar separator() {
     return DecimalSeparator.isEmpty() ? QChar(u'.') : DecimalSeparator.front();
-}
-
-QString numberText(float number) {
-    if (number == 0) return QStringLiteral("0");
-    QString text = QString::fromStdU16String(script::formatDouble(static_cast<double>(number), kDigits));
-    return text.replace(u'.', separator());
 }
 
 /// The number in a text of the locale, whose other mark parts thousands.
