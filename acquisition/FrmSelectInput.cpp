@@ -33,6 +33,7 @@ Widget* named(Widget* widget, const char* name) {
 void addField(QGridLayout& grid, int row, const QString& label, QWidget* field) {
     auto* text = new QLabel(label);
     text->setBuddy(field);
+    text->setContentsMargins(0, 0, 4, 0); // the hint of a text with an access key is a little short
     grid.addWidget(text, row, 1);
     grid.addWidget(field, row, 2);
 }

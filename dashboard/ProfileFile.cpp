@@ -51,8 +51,9 @@ std::optional<double> sizeOf(const IniFile& file, const char* key, const char* f
 QStringList readCaptions(const IniFile& file) {
     const int declared =
         wholeNumber(file.value(kTabsSection, QStringLiteral("PIC"), QStringLiteral("1"), kNumberBuffer));
-    const auto seen = std::min<qsizetype>(file.keys(kCaptionsSection).size(), kMostTabs);
-    const auto tabs = std::min(declared, std::max(kTabsUnseen, static_cast<int>(seen)));
+    const std::vector<int> told = file.numberedKeys(kCaptionsSection, 0, kMostTabs - 1);
+    const int seen = told.empty() ? 0 : *std::max_element(told.begin(), told.end()) + 1;
+    const int tabs = std::min(declared, std::max(kTabsUnseen, seen));
     QStringList captions;
     for (int tab = 0; tab < tabs; ++tab)
         captions << file.value(kCaptionsSection, QString::number(tab), QStringLiteral("VX"), kCaptionBuffer);

@@ -142,8 +142,15 @@ private:
     QPointer<QWidget> m_main;
 };
 
-std::optional<QString> chosen(const QString& path) {
-    return path.isEmpty() ? std::nullopt : std::optional(path);
+std::optional<QString> askForFile(const FileRequest& request, QFileDialog::AcceptMode mode) {
+    const Arrow arrow;
+    QFileDialog dialog(parentWindow(), request.title, QString(), toolkitFilter(request.filter));
+    dialog.setAcceptMode(mode);
+    if (mode == QFileDialog::AcceptOpen) dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setDefaultSuffix(request.extension); // added before a question whether to write over a file
+    if (!request.initial.isEmpty()) dialog.selectFile(request.initial);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    return dialog.selectedFiles().constFirst();
 }
 
 } // namespace
@@ -183,19 +190,11 @@ std::optional<QString> QtPrompts::input(const InputRequest& request) {
 }
 
 std::optional<QString> QtPrompts::openFile(const FileRequest& request) {
-    const Arrow arrow;
-    return chosen(QFileDialog::getOpenFileName(parentWindow(), request.title, request.initial,
-                                               toolkitFilter(request.filter)));
+    return askForFile(request, QFileDialog::AcceptOpen);
 }
 
 std::optional<QString> QtPrompts::saveFile(const FileRequest& request) {
-    const Arrow arrow;
-    QFileDialog dialog(parentWindow(), request.title, QString(), toolkitFilter(request.filter));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(request.extension); // added before the question whether to write over a file
-    if (!request.initial.isEmpty()) dialog.selectFile(request.initial);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-    return dialog.selectedFiles().constFirst();
+    return askForFile(request, QFileDialog::AcceptSave);
 }
 
 std::optional<std::int32_t> QtPrompts::colour(std::int32_t initial) {

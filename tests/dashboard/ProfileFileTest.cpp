@@ -136,6 +136,7 @@ TEST(ProfileFile, CountsAreBelievedAsFarAsTheFileHasContent) {
     QByteArray captions = "[TABS]\nPIC=999999999\n[TAB]\n";
     for (int i = 0; i < 300; ++i) captions += QByteArray::number(i) + "=T\n";
     EXPECT_EQ(parsed(captions).captions.size(), 300);
+    EXPECT_EQ(parsed(captions.replace("=T", "x=T")).captions.size(), kTabsUnseen); // keys of no tab
 
     // A million instruments, of which the file has two, whose lists have a thousand million items.
     const Profile declared = parsed("[TABS]\nVXLED=1000000\nVXSTRIP=999999999\n"
@@ -143,6 +144,11 @@ TEST(ProfileFile, CountsAreBelievedAsFarAsTheFileHasContent) {
     ASSERT_EQ(declared.instruments.size(), 2U);
     EXPECT_LT(declared.instruments[0].list.size(), 5000);
     EXPECT_EQ(declared.instruments[0].list.value(1), "x");
+    // One list that promises too much costs no other its own.
+    const Profile beside = parsed("[TABS]\nVXLED=2\n[VXLED/0]\n1=a\n2=b\n[a]\nMEM=999999999\n"
+                                  "[b]\nMEM=1\n0=x\n1=y\n");
+    ASSERT_EQ(beside.instruments.size(), 2U);
+    EXPECT_EQ(beside.instruments[1].list, (QStringList{"x", "y"}));
 
     QByteArray many = "[TABS]\nVXLED=100000\n[VXLED/0]\n";
     for (int i = 1; i <= 100000; ++i) many += QByteArray::number(i) + "=a\n";

@@ -119,11 +119,19 @@ TEST_F(LayoutSession, APageFromNothing) {
     const QByteArray saved = read(file);
     EXPECT_TRUE(saved.contains("TOP=1520"));
 
+    prompts.inputs = {QStringLiteral("Two")};
+    trigger("mnuNewTab");
+    key(Qt::Key_1, Qt::ControlModifier);
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, onWindow(strip->geometry().center()));
     useRun();
     double clock = 1000;
     setClock([&clock] { return clock; });
     key(Qt::Key_F5);
     ASSERT_TRUE(PlayMode);
+    key(Qt::Key_2, Qt::ControlModifier); // tabs change while the program plays
+    EXPECT_EQ(dashboard().CurrentTab, 1);
+    key(Qt::Key_1, Qt::ControlModifier);
+    EXPECT_EQ(dashboard().CurrentTab, 0);
     window.Timer1.stop(); // the ticks are given by hand
     window.Timer1_Timer();
     clock = 1010;
