@@ -47,16 +47,12 @@ void layOut(frmInterface& window) {
     const Captions captions;
     for (int tab = 1; tab < kTabs; ++tab) window.mnuNewTab_Click();
     for (int i = 0; i < kInstruments; ++i) {
-        for (std::size_t kind = static_cast<std::size_t>(i);; ++kind) { // the next kind that there is
-            Page* page = window.pic[static_cast<std::size_t>(i * kTabs / kInstruments)];
-            Instrument* added =
-                window.addInstrument(kInstrumentKinds[kind % kInstrumentKinds.size()].kind, page);
-            if (!added) continue;
-            added->move(180 * (i % 5), 120 * (i / 5 % 5));
-            added->AssignPin(1, QStringLiteral("EngineSpeed"));
-            added->show();
-            break;
-        }
+        Page* page = window.pic[static_cast<std::size_t>(i * kTabs / kInstruments)];
+        const std::size_t kind = static_cast<std::size_t>(i) % kInstrumentKinds.size();
+        Instrument* added = window.addInstrument(kInstrumentKinds[kind].kind, page);
+        added->move(180 * (i % 5), 120 * (i / 5 % 5));
+        added->AssignPin(1, QStringLiteral("EngineSpeed"));
+        added->show();
     }
 }
 

@@ -18,7 +18,6 @@ void takeOff(Instrument& instrument) {
 } // namespace
 
 Instrument* InstrumentArrays::adopt(int number, std::unique_ptr<Instrument> made) {
-    if (!made) return nullptr;
     const Kind kind = made->kind();
     made->setObjectName(QLatin1String(kindInfo(kind).className));
     made->hide();

@@ -22,9 +22,9 @@ struct InstrumentElement {
 
 class InstrumentArrays {
 public:
-    /// Makes element 0 of each kind that there is, hidden, on a page.
+    /// Makes element 0 of each kind, hidden, on a page.
     void makeTemplates(QWidget* page);
-    /// A new element with the next free number, hidden, on a page. Null for a kind that there is not.
+    /// A new element with the next free number, hidden, on a page.
     Instrument* add(Kind kind, QWidget* page);
     /// Takes the instruments of a page away. One that is still subscribed lives on unseen until the next
     /// rebuild.
@@ -35,7 +35,7 @@ public:
     const std::vector<InstrumentElement>& all() const { return m_elements; }
     /// The elements with a number, which stand on pages.
     int placedCount() const;
-    /// Takes an instrument over as element `number` of its kind's array, hidden; null for null.
+    /// Takes an instrument over as element `number` of its kind's array, hidden.
     Instrument* adopt(int number, std::unique_ptr<Instrument> made);
 
 private:

@@ -75,7 +75,7 @@ public:
 
     void UserControlChanged() { ProfileChanged = true; }
     /// Puts a new instrument on a page, in the state that the dashboard is in, hidden and at its default
-    /// size. Null for a kind that there is not.
+    /// size.
     Instrument* addInstrument(Kind kind, Page* page);
     void setCurBackColour(std::int32_t back, std::int32_t label);
     void TagsOn(std::uint8_t on);
@@ -85,7 +85,7 @@ public:
     /// To the grid line on the left of and above the point, in twips of the current page.
     void SnapPoint(float& x, float& y) const;
 
-    // A new instrument on the page in front, x and y in twips; null for a kind that there is not.
+    // A new instrument on the page in front, x and y in twips.
     Instrument* NewVXAGAUGE(float x, float y);
     Instrument* NewVXALPHANUME(float x, float y);
     Instrument* NewVXLED(float x, float y);

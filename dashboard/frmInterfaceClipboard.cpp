@@ -20,7 +20,6 @@ void frmInterface::mnuPaste_Click() {
     if (ClipboardKind < 1 || static_cast<std::size_t>(ClipboardKind) > kInstrumentKinds.size()) return;
     const Kind kind = kInstrumentKinds[static_cast<std::size_t>(ClipboardKind) - 1].kind;
     Instrument* pasted = newInstrument(kind, currentPage());
-    if (!pasted) return;
     pasted->Deserialise(ClipboardImage);
     pasted->moveTwips(PopupX, PopupY);
     pasted->setColour(CurBackColour, CurLabelColour);

@@ -40,6 +40,7 @@ void frmInterface::mnuPlayMode_Click() {
     Q_EMIT timerWanted(kTickMilliseconds);
     setCommandsForMode();
     setInstrumentMode(false);
+    setFocus(); // what had the keyboard is disabled now, and the keys of the tabs need it in here
     SampleTime.fill(0);
     LastValue.fill(0);
     SampleDistance.fill(0);
@@ -100,7 +101,6 @@ void frmInterface::refreshControls(const QString& name, float value) {
 
 Instrument* frmInterface::newInstrument(Kind kind, Page* page) {
     Instrument* added = instruments.add(kind, page);
-    if (!added) return nullptr;
     connect(added, &Instrument::layoutChanged, this, &frmInterface::UserControlChanged);
     connect(added, &Instrument::menuWanted, this,
             [this, added](const QPoint& place) { Q_EMIT instrumentMenuWanted(added, place); });
@@ -185,7 +185,7 @@ void frmInterface::Toolbar_ButtonClick(int button) {
     case 17:
         return commandWanted(QStringLiteral("mnuVXHelp"));
     default:
-        return; // separators, buttons without an action, and those whose command does not stand yet
+        return; // separators, and buttons without an action
     }
 }
 

@@ -50,7 +50,6 @@ TwipsPoint frmInterface::screenSize() const {
 
 Instrument* frmInterface::placeNew(Kind kind, float x, float y, const QStringList& list) {
     Instrument* placed = newInstrument(kind, currentPage());
-    if (!placed) return nullptr;
     placed->moveTwips(x, y);
     if (!list.isEmpty()) placed->Deserialise(list);
     bindPlaced(*placed); // before its tag comes on, which tells the binding

@@ -162,7 +162,6 @@ void frmInterface::placeInstrument(const ProfileInstrument& saved) {
     if (static_cast<std::size_t>(CurrentTab) >= pic.size()) return;
     // The page in front takes it: a tab that is clicked in the middle of a load takes what is still to come.
     Instrument* placed = newInstrument(saved.kind, pic[static_cast<std::size_t>(CurrentTab)]);
-    if (!placed) return;
     placed->moveTwips(saved.left, saved.top);
     placed->Deserialise(saved.list);
     giveState(*placed);

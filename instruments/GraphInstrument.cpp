@@ -25,9 +25,8 @@ QString waitingText(bool waiting) {
 
 } // namespace
 
-GraphInstrument::GraphInstrument(Kind kind, StripDisplay* display, const QSize& newSize, QWidget* parent)
+GraphInstrument::GraphInstrument(Kind kind, StripDisplay* display, QWidget* parent)
     : Instrument(kind, display, parent) {
-    setSizeTwips(newSize.width() * kTwipsPerPixel, newSize.height() * kTwipsPerPixel);
     GraphInstrument::UserControl_Initialize();
 }
 

@@ -15,7 +15,7 @@ class GraphInstrument : public Instrument {
     Q_OBJECT
 
 public:
-    GraphInstrument(Kind kind, StripDisplay* display, const QSize& newSize, QWidget* parent);
+    GraphInstrument(Kind kind, StripDisplay* display, QWidget* parent);
 
     using Instrument::AssignPin;
     using Instrument::refreshValue;

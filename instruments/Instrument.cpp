@@ -19,7 +19,6 @@
 namespace vistor {
 namespace {
 
-constexpr QSize kNewSize(160, 80); ///< logical pixels
 constexpr double kLargestTwips = 4096.0 * kTwipsPerPixel;
 constexpr int kTagFontPixels = 11;
 
@@ -55,7 +54,7 @@ Instrument::Instrument(Kind kind, InnerDisplay* display, QWidget* parent)
     tagFont.setPixelSize(kTagFontPixels);
     lblTag->setFont(tagFont);
     lblTag->hide();
-    resize(kNewSize);
+    resize(kindInfo(kind).width, kindInfo(kind).height);
     Instrument::UserControl_Initialize();
 }
 

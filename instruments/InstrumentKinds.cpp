@@ -38,13 +38,8 @@ std::optional<Kind> kindOf(const QString& className) {
     return found->kind;
 }
 
-bool canMake(Kind kind) {
-    return kMakers.at(static_cast<std::size_t>(kind)) != nullptr;
-}
-
 std::unique_ptr<Instrument> makeInstrument(Kind kind, QWidget* parent) {
-    const Maker maker = kMakers.at(static_cast<std::size_t>(kind));
-    return maker ? maker(parent) : nullptr;
+    return kMakers.at(static_cast<std::size_t>(kind))(parent);
 }
 
 } // namespace vistor

@@ -32,18 +32,20 @@ struct KindInfo {
     const char* className; ///< as it stands in files
     const char* title;     ///< as the properties window and the variable table say it
     const char* pinLabel;  ///< what a pin is called; empty when there are none
+    int width;             ///< of a new one, in logical pixels
+    int height;
 };
 
 inline constexpr std::array<KindInfo, 9> kInstrumentKinds{{
-    {Kind::AngularGauge, "VXAGAUGE", "Angular Gauge", "NEEDLE"},
-    {Kind::Alphanumeric, "VXALPHANUME", "Alphanumaric", "INPUT"},
-    {Kind::Led, "VXLED", "LED", "INPUT"},
-    {Kind::LinearGauge, "VXLGAUGE", "Linear Gauge", "POINTER"},
-    {Kind::Odometer, "VXODO", "ODO Meter", "INPUT"},
-    {Kind::PercentageBar, "VXPCTBAR", "Percentage Bar", "PORTION"},
-    {Kind::TimeGraph, "VXSTRIP", "Scrolling Time Graph", "TRACK"},
-    {Kind::XYGraph, "VXXYGRAPH", "XY Graph", "TRACK"},
-    {Kind::TextTag, "VXTEXTTAG", "Text Tag", ""},
+    {Kind::AngularGauge, "VXAGAUGE", "Angular Gauge", "NEEDLE", 220, 220},
+    {Kind::Alphanumeric, "VXALPHANUME", "Alphanumaric", "INPUT", 160, 80},
+    {Kind::Led, "VXLED", "LED", "INPUT", 240, 60},
+    {Kind::LinearGauge, "VXLGAUGE", "Linear Gauge", "POINTER", 130, 280},
+    {Kind::Odometer, "VXODO", "ODO Meter", "INPUT", 190, 60},
+    {Kind::PercentageBar, "VXPCTBAR", "Percentage Bar", "PORTION", 260, 70},
+    {Kind::TimeGraph, "VXSTRIP", "Scrolling Time Graph", "TRACK", 400, 220},
+    {Kind::XYGraph, "VXXYGRAPH", "XY Graph", "TRACK", 300, 260},
+    {Kind::TextTag, "VXTEXTTAG", "Text Tag", "", 160, 46},
 }};
 
 constexpr const KindInfo& kindInfo(Kind kind) {
@@ -53,10 +55,7 @@ constexpr const KindInfo& kindInfo(Kind kind) {
 /// The kind of a class name, to the letter; no value for another text.
 std::optional<Kind> kindOf(const QString& className);
 
-/// Whether this program can make a kind yet.
-bool canMake(Kind kind);
-
-/// A new instrument of a kind with its defaults, hidden. Null for a kind that this program cannot make yet.
+/// A new instrument of a kind with its defaults, hidden.
 std::unique_ptr<Instrument> makeInstrument(Kind kind, QWidget* parent);
 
 } // namespace vistor

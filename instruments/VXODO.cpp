@@ -3,17 +3,7 @@
 #include "instruments/displays/OdometerDisplay.h"
 
 namespace vistor {
-namespace {
-
-constexpr int kNewWidth = 190 * kTwipsPerPixel;
-constexpr int kNewHeight = 60 * kTwipsPerPixel;
-
-} // namespace
-
-VXODO::VXODO(QWidget* parent) : Instrument(Kind::Odometer, new OdometerDisplay, parent) {
-    setSizeTwips(kNewWidth, kNewHeight);
-    UserControl_Initialize();
-}
+VXODO::VXODO(QWidget* parent) : Instrument(Kind::Odometer, new OdometerDisplay, parent) {}
 
 QStringList VXODO::shownLabels() const {
     return {QStringLiteral("Width"), QStringLiteral("Height"), QStringLiteral("Digits"),

@@ -6,14 +6,8 @@
 #include <QPointer>
 
 namespace vistor {
-namespace {
-
-constexpr QSize kNewSize(400, 220); ///< logical pixels
-
-} // namespace
-
 VXSTRIP::VXSTRIP(QWidget* parent)
-    : GraphInstrument(Kind::TimeGraph, new StripDisplay(kStripTable, true), kNewSize, parent) {}
+    : GraphInstrument(Kind::TimeGraph, new StripDisplay(kStripTable, true), parent) {}
 
 void VXSTRIP::mnuProperties_Click() {
     const QPointer<VXSTRIP> alive(this);

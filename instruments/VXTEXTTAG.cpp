@@ -6,17 +6,7 @@
 #include <QPointer>
 
 namespace vistor {
-namespace {
-
-constexpr int kNewWidth = 160 * kTwipsPerPixel;
-constexpr int kNewHeight = 46 * kTwipsPerPixel;
-
-} // namespace
-
-VXTEXTTAG::VXTEXTTAG(QWidget* parent) : Instrument(Kind::TextTag, new TextTagDisplay, parent) {
-    setSizeTwips(kNewWidth, kNewHeight);
-    UserControl_Initialize();
-}
+VXTEXTTAG::VXTEXTTAG(QWidget* parent) : Instrument(Kind::TextTag, new TextTagDisplay, parent) {}
 
 void VXTEXTTAG::AssignProperties(const QString& caption, const FontChoice& font, std::uint8_t alignment,
                                  std::int32_t foreColour, std::int32_t backColour) {

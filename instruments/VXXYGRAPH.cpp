@@ -9,8 +9,6 @@
 namespace vistor {
 namespace {
 
-constexpr QSize kNewSize(300, 260); ///< logical pixels
-
 GraphAxes axesOf(const PropertyStore& p) {
     return {.origin = p.number(StripOrigin),
             .length = p.number(StripLength),
@@ -29,7 +27,7 @@ GraphScaling scalingOf(const PropertyStore& p, const QSizeF& display) {
 } // namespace
 
 VXXYGRAPH::VXXYGRAPH(QWidget* parent)
-    : GraphInstrument(Kind::XYGraph, new StripDisplay(kXYGraphTable, false), kNewSize, parent) {}
+    : GraphInstrument(Kind::XYGraph, new StripDisplay(kXYGraphTable, false), parent) {}
 
 void VXXYGRAPH::mnuProperties_Click() {
     const QPointer<VXXYGRAPH> alive(this);

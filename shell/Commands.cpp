@@ -28,7 +28,7 @@ void onObject(frmMain& window) {
 /// Entries that add an instrument have the palette's pictures.
 constexpr MenuEntry adding(const char* menu, const char* name, const char* caption, Kind kind,
                            Operation run) {
-    return {menu, name, caption, paletteEntry(kind).key, run, "", false, kind};
+    return {menu, name, caption, paletteEntry(kind).key, run};
 }
 
 constexpr MenuHead kMenus[] = {
@@ -156,19 +156,19 @@ constexpr MenuEntry kEntries[] = {
 };
 
 constexpr ToolButton kButtons[] = {
-    {2, "new", "New profile", true},
-    {3, "load", "Load profile", true},
-    {4, "save", "Save profile", true},
-    {6, "play", "Play mode: open the data source and run", true},
-    {7, "edit", "Edit mode: stop and change the layout", true},
-    {9, "properties", "Show the properties window", true},
-    {10, "tabs", "Tabs", true},
-    {11, "newtab", "Insert a new tab", true},
-    {12, "cleartab", "Clear the current tab", true},
-    {14, "labelson", "Labels on", true},
-    {15, "labelsoff", "Labels off", true},
-    {17, "help", "Help index", true},
-    {18, "mark", "Vistor - Version " VISTOR_VERSION, true},
+    {2, "new", "New profile"},
+    {3, "load", "Load profile"},
+    {4, "save", "Save profile"},
+    {6, "play", "Play mode: open the data source and run"},
+    {7, "edit", "Edit mode: stop and change the layout"},
+    {9, "properties", "Show the properties window"},
+    {10, "tabs", "Tabs"},
+    {11, "newtab", "Insert a new tab"},
+    {12, "cleartab", "Clear the current tab"},
+    {14, "labelson", "Labels on"},
+    {15, "labelsoff", "Labels off"},
+    {17, "help", "Help index"},
+    {18, "mark", "Vistor - Version " VISTOR_VERSION},
 };
 
 } // namespace

@@ -5,7 +5,6 @@
 #include "instruments/InstrumentKinds.h"
 
 #include <array>
-#include <optional>
 #include <span>
 
 namespace vistor {
@@ -29,7 +28,6 @@ struct MenuEntry {
     Operation run;
     const char* keys = ""; ///< its shortcut
     bool checkable = false;
-    std::optional<Kind> kind = std::nullopt; ///< what it adds: the entry stands as soon as that can be made
 };
 
 /// Menus before the menus inside them.
@@ -42,7 +40,6 @@ struct ToolButton {
     int number; ///< from 1; a number that is not in the table is a separator
     const char* picture;
     const char* tip;
-    bool works; ///< its command stands; one that does not work stays disabled in both modes
 };
 
 inline constexpr int kToolButtons = 18;

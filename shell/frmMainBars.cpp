@@ -53,7 +53,6 @@ void frmMain::makeMenu(const MenuHead& head) {
         menuBar()->addMenu(menu);
     for (const MenuEntry& entry : menuEntries()) {
         if (QLatin1String(entry.menu) != QLatin1String(head.name)) continue;
-        if (entry.kind && !canMake(*entry.kind)) continue;
         if (!entry.name) {
             menu->addSeparator();
             continue;
@@ -90,7 +89,7 @@ void frmMain::makeToolbar() {
 }
 
 void frmMain::setButtonEnabled(int number, bool enabled) {
-    if (QAction* action = button(number)) action->setEnabled(enabled && toolButton(number)->works);
+    if (QAction* action = button(number)) action->setEnabled(enabled);
 }
 
 void frmMain::makeStatusBar() {
