@@ -159,7 +159,7 @@ void frmMain::mnuNew_Click() {
 }
 
 void frmMain::mnuClearCurrentTab_Click() {
-    if (isYes("Do you want to clear current tab ?")) m_dashboard->mnuClearCurrentTab_Click();
+    m_dashboard->mnuClearPane_Click(); // asks the same
 }
 
 void frmMain::mnuClearAllTabs_Click() {
@@ -167,7 +167,7 @@ void frmMain::mnuClearAllTabs_Click() {
 }
 
 void frmMain::mnuCloseLastTab_Click() {
-    if (isYes("Do you want to close last tab ?")) m_dashboard->mnuCloseLastTab_Click();
+    m_dashboard->mnuClosePane_Click(); // asks the same
 }
 
 void frmMain::mnuCloseAllTabs_Click() {
