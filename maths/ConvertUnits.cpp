@@ -30,12 +30,6 @@ constexpr NamedConstant kConstants[] = {{"CAR_1", 6},  {"CAR_2", 7},   {"CAR_3",
 
 const QString kVariablePrefix = QStringLiteral("VAR_");
 
-/// "VAR_" and a number in at least four digits.
-QString variableName(std::int32_t number) {
-    const QString digits = QString::number(std::abs(number)).rightJustified(4, u'0');
-    return kVariablePrefix + (number < 0 ? QStringLiteral("-") : QString()) + digits;
-}
-
 /// What is known of a row's formula from its last sample, so that the next one costs no look at the text. It
 /// holds the text itself: as long as it does, the same address means the same text.
 struct alignas(64) PreparedFormula {
@@ -151,6 +145,10 @@ bool isValidExpression(const QString& formula) {
 }
 
 } // namespace
+
+QString variableName(std::int32_t number) {
+    return kVariablePrefix + QString::number(number).rightJustified(4, u'0');
+}
 
 FormulaForm formOf(const QString& formula) {
     if (formula.isEmpty() || formula == QStringLiteral("$1$0") || formula == QStringLiteral("0"))

@@ -45,4 +45,7 @@ bool CheckExpression(const QString& formula, std::vector<std::int32_t>& usedVari
 /// numbers.
 void NumericKeyFilter(std::int16_t& key);
 
+/// What formulas call a variable: "VAR_" and its number, 0 to 8000, in at least four digits.
+QString variableName(std::int32_t number);
+
 } // namespace vistor

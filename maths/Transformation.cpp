@@ -106,17 +106,13 @@ QString insertedText(const QString& item) {
     return plain ? item : u'{' + item + u'}';
 }
 
-QString variableToken(int number) {
-    return QStringLiteral("VAR_%1").arg(number, 4, 10, QChar(u'0'));
-}
-
 std::vector<OfferedVariable> offeredVariables() {
     std::vector<OfferedVariable> offered;
     for (std::size_t row = 1; row < VariableTableEdit.size(); ++row) {
         const VariableDefinition& definition = VariableTableEdit[row];
         if (definition.Enabled)
             offered.push_back(
-                {variableToken(static_cast<int>(row)), definition.ConstantName, definition.VariableType});
+                {variableName(static_cast<int>(row)), definition.ConstantName, definition.VariableType});
     }
     return offered;
 }

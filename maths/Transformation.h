@@ -27,9 +27,6 @@ std::span<const FormulaItem> formulaFunctions();
 /// How an operator or function goes into a formula: some operators as they stand, all else in braces.
 QString insertedText(const QString& item);
 
-/// "VAR_" and the number in four digits.
-QString variableToken(int number);
-
 struct OfferedVariable {
     QString token;
     QString name; ///< with its unit

@@ -1,12 +1,12 @@
 #include "variables/VariableTree.h"
 
+#include "maths/AdvancedFiltering.h"
 #include "variables/SetupVariables.h"
 
 #include <QHash>
 
 #include <algorithm>
 #include <iterator>
-#include <optional>
 
 namespace vistor {
 namespace {
@@ -14,8 +14,6 @@ namespace {
 constexpr int kExternalInput = 2;
 constexpr int kRowsWithoutUnits[] = {1, 30, 31};
 constexpr int kCorrectedPowerRow = 20;
-constexpr std::int32_t kButterworthDesign = 4;
-constexpr std::int32_t kChebyshevDesign = 5;
 
 enum class Under : std::uint8_t { Group, Variable, Advanced };
 
@@ -103,9 +101,8 @@ QString bandText(const VariableDefinition& row) {
 }
 
 QString filteringText(const VariableDefinition& row) {
-    if (row.FilterDesign == kButterworthDesign)
-        return QStringLiteral("Filtering : Butterworth ") + bandText(row);
-    if (row.FilterDesign == kChebyshevDesign) return QStringLiteral("Filtering : Chebyshev ") + bandText(row);
+    if (row.FilterDesign == kButterworth) return QStringLiteral("Filtering : Butterworth ") + bandText(row);
+    if (row.FilterDesign == kChebyshev) return QStringLiteral("Filtering : Chebyshev ") + bandText(row);
     return QStringLiteral("Filtering : None");
 }
 

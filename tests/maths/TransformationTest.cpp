@@ -67,7 +67,7 @@ TEST_F(TransformationTest, WhatTheGridsInsertEvaluatesAsItStands) {
         EXPECT_EQ(value(QLatin1String(item.token)), 3) << item.token;
     EXPECT_EQ(QLatin1String(formulaConstants()[15].help), "Car Constant 10 [-]");
     LastValue[31] = 7;
-    EXPECT_EQ(value(variableToken(31)), 7);
+    EXPECT_EQ(value(variableName(31)), 7);
 }
 
 TEST_F(TransformationTest, OffersTheEnabledVariablesByGroupAndWords) {
