@@ -1,24 +1,14 @@
 // From nothing to a painted window, and the memory that the program then holds.
+#include "bench/ResidentMemory.h"
 #include "shell/frmMain.h"
 #include "variables/GlobalVarsAndTypes.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 
 namespace vistor {
 namespace {
-
-/// Resident memory of this process, in MiB.
-double residentMemory() {
-    QFile file(QStringLiteral("/proc/self/status"));
-    if (!file.open(QIODevice::ReadOnly)) return 0;
-    for (const QByteArray& line : file.readAll().split('\n')) {
-        if (line.startsWith("VmRSS:")) return line.mid(6).simplified().split(' ').value(0).toDouble() / 1024;
-    }
-    return 0;
-}
 
 /// The main window's whole start in a working folder that has its files, up to a painted window.
 void startUp(benchmark::State& state) {
@@ -31,7 +21,7 @@ void startUp(benchmark::State& state) {
         frmMain window;
         if (!window.MDIForm_Load()) state.SkipWithError("no definition file beside the program");
         benchmark::DoNotOptimize(window.grab());
-        memory = residentMemory();
+        memory = residentMiB();
         state.PauseTiming();
         window.close();
         state.ResumeTiming();

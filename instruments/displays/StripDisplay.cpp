@@ -26,6 +26,18 @@ int ticsThatFit(double length, double pitch) {
     return std::clamp(static_cast<int>(length / std::max(pitch, 1.0)) + 1, 2, 12);
 }
 
+void paintPieces(StripRaster& raster, const PathPieces& pieces, const RasterStroke& stroke) {
+    for (std::size_t i = 0; i < pieces.count(); ++i) raster.paintLine(pieces.piece(i), stroke);
+}
+
+/// The pixels that a line may reach.
+QRect boundsOf(const std::vector<QPointF>& line, double width) {
+    if (line.empty()) return {};
+    const int reach = static_cast<int>(std::ceil(width / 2)) + 2;
+    const QRect box = QPolygonF(QList<QPointF>(line.begin(), line.end())).boundingRect().toAlignedRect();
+    return box.adjusted(-reach, -reach, reach, reach);
+}
+
 double widestOf(const QFontMetricsF& metrics, const QStringList& texts) {
     double widest = 0;
     for (const QString& text : texts) widest = std::max(widest, metrics.horizontalAdvance(text));
@@ -42,6 +54,13 @@ struct StripDisplay::Scene {
     double ratio = 1;
 };
 
+/// A trace as the picture takes it, but for its dashes.
+struct StripDisplay::Line {
+    AxisMap x; ///< to pixels of the picture
+    AxisMap y;
+    RasterStroke stroke;
+};
+
 StripDisplay::StripDisplay(const KindTable& table, bool scrolling, QWidget* parent)
     : InnerDisplay(table, parent), m_scrolling(scrolling) {}
 
@@ -56,6 +75,7 @@ void StripDisplay::addPoint(int trace, double x, double y) {
 
 void StripDisplay::clearPoints() {
     m_traces.clear();
+    m_kept.forget();
     touch();
     redraw();
 }
@@ -179,13 +199,74 @@ void StripDisplay::paintMarkerNow(QPainter& painter, const Scene& scene) const {
     paintMarker(painter, scene.style, place, scene.layout, scene.x.range, scene.y.range);
 }
 
+int StripDisplay::tracesShown() const {
+    return std::min(static_cast<int>(m_traces.size()), properties().integer(StripTraceCount));
+}
+
+StripDisplay::Line StripDisplay::lineOf(const Scene& scene, int trace) const {
+    const TraceStyle style = traceStyle(properties(), trace);
+    return {frameMapX(scene.layout, scene.x.range, scene.ratio),
+            frameMapY(scene.layout, paintable(rangeY(properties(), trace)), scene.ratio),
+            {style.colour.rgb(), style.width * scene.ratio}};
+}
+
+/// All that the picture of the tracks depends on beside their points; empty where a dash or a symbol depends
+/// on the points before it.
+std::vector<double> StripDisplay::lookOf(const Scene& scene) const {
+    const StripStyle& style = scene.style;
+    std::vector<double> look{
+        scene.ratio,         scene.x.range.low,          scene.x.range.high,         scene.y.range.low,
+        scene.y.range.high,  double(scene.x.tics.count), double(scene.y.tics.count), double(style.gridX),
+        double(style.gridY), double(style.plot.rgb()),   double(style.grid.rgb())};
+    for (const QRectF& place : {scene.layout.frame, scene.layout.data})
+        look.insert(look.end(), {place.left(), place.top(), place.width(), place.height()});
+    for (int trace = 0; trace < tracesShown(); ++trace) {
+        const TraceStyle line = traceStyle(properties(), trace);
+        if (!line.dashes.empty() || line.symbol != StripSymbol::None) return {};
+        const AxisRange y = rangeY(properties(), trace);
+        look.insert(look.end(), {y.low, y.high, double(line.colour.rgb()), line.width});
+    }
+    return look;
+}
+
 void StripDisplay::paintPlot(const Scene& scene) {
+    if (m_scrolling) return paintWholePlot(scene);
+    std::vector<double> look = lookOf(scene);
+    if (m_kept.canGrow(look, m_traces)) return paintNewPoints(scene);
+    paintWholePlot(scene);
+    m_settled = m_plot.copy();
+    m_tails = {};
+    m_kept.begin(std::move(look), m_traces);
+}
+
+void StripDisplay::paintNewPoints(const Scene& scene) {
+    QPainter(&m_plot).drawImage(m_tails.topLeft(), m_settled, m_tails);
+    m_tails = {};
+    StripRaster raster(m_plot, m_plot.rect(), scene.ratio);
+    StripRaster settled(m_settled, m_settled.rect(), scene.ratio);
+    for (int trace = 0; trace < tracesShown(); ++trace) {
+        const Line line = lineOf(scene, trace);
+        const auto index = static_cast<std::size_t>(trace);
+        const std::vector<QPointF> tail = m_kept.tail(index, m_traces[index], line.x, line.y);
+        const PathPieces seen = unvisitedParts(tail, m_visited[index]);
+        paintPieces(raster, seen, line.stroke);
+        if (KeptTracks::isLong(tail)) {
+            paintPieces(settled, seen, line.stroke);
+            visitAlong(tail, m_visited[index]);
+            m_kept.settle(index, m_traces[index]);
+        } else {
+            m_tails |= boundsOf(seen.points, line.stroke.width) & m_plot.rect();
+        }
+    }
+}
+
+void StripDisplay::paintWholePlot(const Scene& scene) {
     const QSize pixels = (scene.layout.frame.size() * scene.ratio).toSize().expandedTo(QSize(1, 1));
     if (m_plot.size() != pixels) m_plot = QImage(pixels, QImage::Format_RGB32);
+    if (!m_scrolling) m_visited.assign(m_traces.size(), PathCells(m_plot.size(), PathCells::kFine));
     paintGrid(m_plot, scene.style, scene.layout, scene.x, scene.y);
     StripRaster raster(m_plot, m_plot.rect(), scene.ratio);
-    const int traces = std::min(static_cast<int>(m_traces.size()), properties().integer(StripTraceCount));
-    for (int trace = 0; trace < traces; ++trace) {
+    for (int trace = 0; trace < tracesShown(); ++trace) {
         if (!heldBy(trace)) continue;
         paintTrace(scene, raster, trace);
     }
@@ -194,18 +275,17 @@ void StripDisplay::paintPlot(const Scene& scene) {
 void StripDisplay::paintTrace(const Scene& scene, StripRaster& raster, int trace) {
     const TraceRing& ring = *heldBy(trace);
     const TraceStyle style = traceStyle(properties(), trace);
-    const AxisMap x = frameMapX(scene.layout, scene.x.range, scene.ratio);
-    const AxisMap y = frameMapY(scene.layout, paintable(rangeY(properties(), trace)), scene.ratio);
+    auto [x, y, stroke] = lineOf(scene, trace);
     std::vector<double> dashes;
-    for (const double dash : style.dashes) dashes.push_back(dash * style.width * scene.ratio);
-    const RasterStroke stroke{style.colour.rgb(), style.width * scene.ratio, dashes};
+    for (const double dash : style.dashes) dashes.push_back(dash * stroke.width);
+    stroke.dashes = dashes;
     if (m_scrolling) {
         const auto runs = std::min<std::size_t>(ring.runCount(), kMostRunsPainted);
         for (std::size_t i = 0; i < runs; ++i) raster.paintRun(ring, ring.run(i), x, y, stroke);
     } else {
-        const PathPieces path = thinnedPath(ring, x, y, m_plot.size(), stroke.width / 2 + 1);
-        const PathPieces pieces = dashes.empty() ? path : dashed(path, dashes);
-        for (std::size_t i = 0; i < pieces.count(); ++i) raster.paintLine(pieces.piece(i), stroke);
+        PathCells& visited = m_visited[static_cast<std::size_t>(trace)];
+        const PathPieces path = thinnedPath(ring, x, y, m_plot.size(), stroke.width / 2 + 1, visited);
+        paintPieces(raster, dashes.empty() ? path : dashed(path, dashes), stroke);
     }
     if (style.symbol != StripSymbol::None) paintSymbols(ring, x, y, style, scene.ratio);
 }

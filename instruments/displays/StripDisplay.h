@@ -3,7 +3,9 @@
 #pragma once
 
 #include "instruments/displays/InnerDisplay.h"
+#include "instruments/displays/StripKept.h"
 #include "instruments/displays/StripPainter.h"
+#include "instruments/displays/StripPath.h"
 #include "instruments/displays/StripTraces.h"
 
 #include <QImage>
@@ -46,6 +48,7 @@ protected:
 
 private:
     struct Scene;
+    struct Line;
 
     const TraceRing* heldBy(int trace) const;
     Scene sceneNow() const;
@@ -54,6 +57,12 @@ private:
     void paintMarkerNow(QPainter& painter, const Scene& scene) const;
     void copyPlot(QPainter& painter, const Scene& scene) const;
     void paintPlot(const Scene& scene);
+    void paintWholePlot(const Scene& scene);
+    /// Adds to the picture what has come since it was painted.
+    void paintNewPoints(const Scene& scene);
+    int tracesShown() const;
+    Line lineOf(const Scene& scene, int trace) const;
+    std::vector<double> lookOf(const Scene& scene) const;
     void paintTrace(const Scene& scene, StripRaster& raster, int trace);
     void paintSymbols(const TraceRing& ring, const AxisMap& x, const AxisMap& y, const TraceStyle& style,
                       double ratio);
@@ -61,7 +70,11 @@ private:
     bool m_scrolling;
     std::vector<TraceRing> m_traces; ///< only as many as have had a point
     QStringList m_names;
-    QImage m_plot; ///< the frame's picture, kept for its memory
+    QImage m_plot;    ///< the frame's picture
+    QImage m_settled; ///< the same without the tails of the tracks
+    QRect m_tails;    ///< where the two may differ
+    KeptTracks m_kept;
+    std::vector<PathCells> m_visited; ///< by each track, as far as it is settled
 };
 
 } // namespace vistor

@@ -112,9 +112,12 @@ void paintNumbers(QPainter& painter, const StripStyle& style, const StripLayout&
         const double base = frame.top() + mapY(y.tics.at(i)) + middle;
         painter.drawText(QPointF(frame.left() - 5 - width, base), y.texts[i]);
     }
-    painter.setPen(QPen(style.frame, 1));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(frame.adjusted(-0.5, -0.5, 0.5, 0.5));
+    // Filled: a stroked rectangle takes twenty times as long.
+    const QRectF outer = frame.adjusted(-1, -1, 1, 1);
+    for (const double top : {outer.top(), frame.bottom()})
+        painter.fillRect(QRectF(outer.left(), top, outer.width(), 1), style.frame);
+    for (const double left : {outer.left(), frame.right()})
+        painter.fillRect(QRectF(left, outer.top(), 1, outer.height()), style.frame);
 }
 
 void paintLegend(QPainter& painter, const StripStyle& style, const StripLayout& layout,
@@ -149,11 +152,10 @@ void paintMarker(QPainter& painter, const StripStyle& style, const QPointF& plac
                      layout.frame.top() + frameMapY(layout, y, 1)(place.y()));
     if (!layout.frame.adjusted(-1, -1, 1, 1).contains(at)) return;
     constexpr double kRadius = 4;
-    QColor hair = style.fore;
-    hair.setAlphaF(0.45F);
-    painter.setPen(QPen(hair, 1));
-    painter.drawLine(QPointF(at.x(), layout.frame.top()), QPointF(at.x(), layout.frame.bottom()));
-    painter.drawLine(QPointF(layout.frame.left(), at.y()), QPointF(layout.frame.right(), at.y()));
+    const QColor hair = mixed(style.plot, style.fore, 0.45);
+    const QPoint pixel = at.toPoint();
+    painter.fillRect(QRectF(pixel.x(), layout.frame.top(), 1, layout.frame.height()), hair);
+    painter.fillRect(QRectF(layout.frame.left(), pixel.y(), layout.frame.width(), 1), hair);
     painter.setPen(QPen(style.plot, 1.5));
     painter.setBrush(style.fore);
     painter.drawEllipse(at, kRadius, kRadius);

@@ -14,40 +14,12 @@ constexpr double kLongStep = 2.0;     ///< of which also the middle counts
 constexpr double kLeastInk = 200'000; ///< pixels of line that any image may take
 constexpr double kInkAPixel = 1.5;    ///< for a larger one
 constexpr double kStepInk = 3;        ///< that a step costs beside its length
+constexpr int kMostCells = 8192;      ///< along a step; a longer one comes from far outside
 constexpr double kPassedInk = 0.1;    ///< a pixel that is not drawn again
-constexpr double kCellsAPixel = 2;
 
 double lengthOf(const QPointF& step) {
     return std::sqrt(step.x() * step.x() + step.y() * step.y());
 }
-
-/// The places that a path has been at.
-class Visited {
-public:
-    Visited(const QSize& image, double cellsAPixel)
-        : m_cellsAPixel(cellsAPixel),
-          m_width(static_cast<int>(image.width() * cellsAPixel) + 1),
-          m_height(static_cast<int>(image.height() * cellsAPixel) + 1),
-          m_cells(static_cast<std::size_t>(m_width) * static_cast<std::size_t>(m_height)) {}
-
-    /// Answers whether it has been there before; outside the image, no.
-    bool visit(const QPointF& place) {
-        const double x = place.x() * m_cellsAPixel;
-        const double y = place.y() * m_cellsAPixel;
-        if (!(x >= 0 && y >= 0 && x < m_width && y < m_height)) return false;
-        auto cell = m_cells[static_cast<std::size_t>(y) * static_cast<std::size_t>(m_width) +
-                            static_cast<std::size_t>(x)];
-        const bool before = cell;
-        cell = true;
-        return before;
-    }
-
-private:
-    double m_cellsAPixel;
-    int m_width;
-    int m_height;
-    std::vector<bool> m_cells;
-};
 
 /// The part of a step that lies in a rectangle, as shares of its length.
 struct StepPart {
@@ -74,12 +46,18 @@ StepPart partInside(const QRectF& room, const QPointF& from, const QPointF& way)
     return part;
 }
 
+/// The cells that a step goes through behind its start; of a short one only its end.
+int cellsAlong(const QPointF& way) {
+    const double reach = std::max(std::abs(way.x()), std::abs(way.y()));
+    return reach < kLongStep ? 1 : 1 + static_cast<int>(reach * PathCells::kFine);
+}
+
 /// Collects a path from its newest point back.
 class Thinning {
 public:
-    Thinning(const QSize& image, double pen)
+    Thinning(const QSize& image, double pen, PathCells& visited)
         : m_seen(QRectF(QPointF(), QSizeF(image)).adjusted(-pen, -pen, pen, pen)),
-          m_visited(image, kCellsAPixel),
+          m_visited(visited),
           m_inkLeft(std::max(kLeastInk, kInkAPixel * image.width() * image.height())) {}
 
     bool full() const { return m_inkLeft <= 0; }
@@ -112,14 +90,13 @@ private:
     /// Draws a line, unless the path has been all along it.
     bool pass(const QPointF& from, const QPointF& to, bool enters) {
         const QPointF way = to - from;
-        const double reach = std::max(std::abs(way.x()), std::abs(way.y()));
-        const int cells = reach < kLongStep ? 1 : 1 + static_cast<int>(reach * kCellsAPixel);
+        const int cells = cellsAlong(way);
         bool fresh = m_endedFresh;
         for (int cell = 1; cell <= cells; ++cell) {
             m_endedFresh = !m_visited.visit(from + way * (double(cell) / cells));
             fresh = fresh || m_endedFresh;
         }
-        m_inkLeft -= fresh ? lengthOf(way) + kStepInk : reach * kPassedInk;
+        m_inkLeft -= fresh ? lengthOf(way) + kStepInk : lengthOf(way) * kPassedInk;
         if (!fresh) return false;
         if (!m_penDown || enters) {
             m_starts.push_back(m_points.size());
@@ -131,7 +108,7 @@ private:
     }
 
     QRectF m_seen;
-    Visited m_visited;
+    PathCells& m_visited;
     double m_inkLeft;
     double m_length = 0; ///< of the path so far, seen or not
     bool m_penDown = false;
@@ -200,11 +177,64 @@ std::span<const QPointF> PathPieces::piece(std::size_t index) const {
     return std::span(points).subspan(starts[index], last - starts[index]);
 }
 
+PathCells::PathCells(const QSize& image, double perPixel)
+    : m_perPixel(perPixel),
+      m_width(static_cast<int>(image.width() * perPixel) + 1),
+      m_height(static_cast<int>(image.height() * perPixel) + 1),
+      m_cells(static_cast<std::size_t>(m_width) * static_cast<std::size_t>(m_height)) {}
+
+std::size_t PathCells::cellOf(const QPointF& place) const {
+    const double x = place.x() * m_perPixel;
+    const double y = place.y() * m_perPixel;
+    if (!(x >= 0 && y >= 0 && x < m_width && y < m_height)) return m_cells.size();
+    return static_cast<std::size_t>(y) * static_cast<std::size_t>(m_width) + static_cast<std::size_t>(x);
+}
+
+bool PathCells::visited(const QPointF& place) const {
+    const std::size_t cell = cellOf(place);
+    return cell < m_cells.size() && m_cells[cell];
+}
+
+bool PathCells::visit(const QPointF& place) {
+    const std::size_t cell = cellOf(place);
+    if (cell == m_cells.size()) return false;
+    const bool before = m_cells[cell];
+    m_cells[cell] = true;
+    return before;
+}
+
+void visitAlong(std::span<const QPointF> line, PathCells& visited) {
+    for (std::size_t i = 0; i + 1 < line.size(); ++i) {
+        const QPointF way = line[i + 1] - line[i];
+        const int cells = std::min(cellsAlong(way), kMostCells);
+        for (int cell = 1; cell <= cells; ++cell) visited.visit(line[i] + way * (double(cell) / cells));
+    }
+}
+
+PathPieces unvisitedParts(std::span<const QPointF> line, const PathCells& visited) {
+    PathPieces parts;
+    bool penDown = false;
+    for (std::size_t i = 0; i + 1 < line.size(); ++i) {
+        const QPointF way = line[i + 1] - line[i];
+        const int cells = cellsAlong(way);
+        bool fresh = cells > kMostCells;
+        for (int cell = 1; cell <= cells && !fresh; ++cell)
+            fresh = !visited.visited(line[i] + way * (double(cell) / cells));
+        if (fresh && !penDown) {
+            parts.starts.push_back(parts.points.size());
+            parts.points.push_back(line[i]);
+        }
+        if (fresh) parts.points.push_back(line[i + 1]);
+        penDown = fresh;
+    }
+    return parts;
+}
+
 PathPieces thinnedPath(const TraceRing& ring, const AxisMap& x, const AxisMap& y, const QSize& image,
-                       double pen) {
+                       double pen, PathCells& visited) {
     if (ring.size() == 0) return {};
     const auto place = [&](std::size_t index) { return QPointF(x(ring.x(index)), y(ring.y(index))); };
-    Thinning thinning(image, pen);
+    Thinning thinning(image, pen, visited);
     QPointF last = place(ring.size() - 1);
     for (std::size_t i = ring.size() - 1; i-- > 0 && !thinning.full();) {
         const QPointF next = place(i);
@@ -250,7 +280,7 @@ std::vector<QPointF> symbolPlaces(const TraceRing& ring, const AxisMap& x, const
                                   const QSize& image, double spacing) {
     std::vector<QPointF> places;
     const QRectF inside{QPointF(), QSizeF(image)};
-    Visited visited(image, 1 / spacing);
+    PathCells visited(image, 1 / spacing);
     for (std::size_t i = 0; i < ring.size(); ++i) {
         const QPointF place(x(ring.x(i)), y(ring.y(i)));
         if (inside.contains(place) && !visited.visit(place)) places.push_back(place);

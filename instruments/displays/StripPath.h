@@ -23,11 +23,37 @@ struct PathPieces {
     std::span<const QPointF> piece(std::size_t index) const;
 };
 
+/// The squares of an image that paths have been in.
+class PathCells {
+public:
+    static constexpr double kFine = 2; ///< squares a pixel that tell apart what the eye does
+
+    PathCells(const QSize& image, double perPixel);
+    /// Outside the image nothing has been visited, and nothing is.
+    bool visited(const QPointF& place) const;
+    /// Answers whether it has been there before.
+    bool visit(const QPointF& place);
+
+private:
+    std::size_t cellOf(const QPointF& place) const;
+
+    double m_perPixel;
+    int m_width;
+    int m_height;
+    std::vector<bool> m_cells;
+};
+
+/// Marks all squares along a line.
+void visitAlong(std::span<const QPointF> line, PathCells& visited);
+/// The steps of a line that lead anywhere new. The parts have no distances.
+PathPieces unvisitedParts(std::span<const QPointF> line, const PathCells& visited);
+
 /// Steps too short to see are left out, so are those over pixels that newer ones went over, and what lies
 /// further than `pen` outside the image. Where more ink has been used than the image takes, the older rest is
-/// left out. The oldest point stands first.
+/// left out. The oldest point stands first. `visited`, kFine squares a pixel, tells of newer paths and learns
+/// of this one.
 PathPieces thinnedPath(const TraceRing& ring, const AxisMap& x, const AxisMap& y, const QSize& image,
-                       double pen);
+                       double pen, PathCells& visited);
 
 /// Cuts pieces into dashes, on, off, on ... in pixels along the path from its start, so that they stay in
 /// their places while it grows. The pieces that result have no distances.

@@ -51,6 +51,8 @@ public:
     void clear();
 
     std::size_t size() const { return m_x.size(); }
+    /// How many points have come since the last clear or change of capacity, the lost ones counted too.
+    std::uint64_t added() const { return m_added; }
     double x(std::size_t index) const { return m_x[slot(index)]; }
     double y(std::size_t index) const { return m_y[slot(index)]; }
     /// Of Y, over all points.

@@ -121,6 +121,11 @@ TEST(StripRaster, FarPointsStayWithinTheImage) {
     EXPECT_GT(light(line, 60, 40), 0) << "and on the way back";
 }
 
+PathPieces thinned(const TraceRing& ring, const QSize& image) {
+    PathCells visited(image, PathCells::kFine);
+    return thinnedPath(ring, kMapX, kMapY, image, 2, visited);
+}
+
 TEST(StripPath, ThinsWithoutLosingWhereThePathWent) {
     TraceRing ring;
     ring.setCapacity(200'000);
@@ -128,7 +133,7 @@ TEST(StripPath, ThinsWithoutLosingWhereThePathWent) {
         const double angle = i * 0.01; // hundreds of laps
         ring.add(50 + 30 * std::cos(angle), 30 + 20 * std::sin(angle));
     }
-    const PathPieces path = thinnedPath(ring, kMapX, kMapY, kSize, 2);
+    const PathPieces path = thinned(ring, kSize);
     EXPECT_LT(path.points.size(), 3000U);
     QImage image(kSize, QImage::Format_RGB32);
     image.fill(Qt::black);
@@ -143,7 +148,7 @@ TEST(StripPath, FarStepsAreCutToTheImage) {
     constexpr double kDashes[] = {3, 2};
     TraceRing ring;
     for (int i = 0; i < 2000; ++i) ring.add(i % 2 == 0 ? -1e300 : 1e300, i * 0.03);
-    const PathPieces path = thinnedPath(ring, kMapX, kMapY, kSize, 2);
+    const PathPieces path = thinned(ring, kSize);
     EXPECT_GT(path.count(), 20U);
     EXPECT_LT(dashed(path, kDashes).count(), 50'000U);
     for (const QPointF& point : path.points)
@@ -155,7 +160,7 @@ TEST(StripPath, DashesStayWhileThePathGrows) {
     TraceRing ring;
     const auto starts = [&] {
         std::vector<double> at;
-        const PathPieces pieces = dashed(thinnedPath(ring, kMapX, kMapY, kSize, 2), kDashes);
+        const PathPieces pieces = dashed(thinned(ring, kSize), kDashes);
         for (std::size_t i = 0; i < pieces.count(); ++i) at.push_back(pieces.piece(i).front().x());
         return at;
     };
@@ -174,7 +179,7 @@ TEST(StripPath, NoiseEndsInBoundedInk) {
     ring.setCapacity(300'000);
     std::mt19937 random(1);
     for (int i = 0; i < 300'000; ++i) ring.add(double(random() % 100), double(random() % 60));
-    const PathPieces path = thinnedPath(ring, kMapX, kMapY, {100, 60}, 2);
+    const PathPieces path = thinned(ring, {100, 60});
     EXPECT_LT(path.points.size(), 30'000U);
 }
 
