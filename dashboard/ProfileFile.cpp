@@ -14,11 +14,20 @@ constexpr int kItemBuffer = 200;
 
 /// Items that a document may declare beyond those that it holds, over all its instruments.
 constexpr qsizetype kSpareItems = 4096;
+/// Items that instruments may take when several of them share a section.
+constexpr qsizetype kSharedItems = 1'000'000;
 
 const QString kTabsSection = QStringLiteral("TABS");
 const QString kCaptionsSection = QStringLiteral("TAB");
 
+/// With as many decimals as its value has and the buffer of a number holds.
 QString twipsText(double twips) {
+    for (int decimals = 4; decimals > 0; --decimals) {
+        QString text = QString::number(twips, 'f', decimals);
+        while (text.endsWith(u'0')) text.chop(1);
+        if (text.endsWith(u'.')) break;
+        if (text.size() < kNumberBuffer) return text;
+    }
     return QString::number(std::llround(twips));
 }
 
@@ -48,12 +57,25 @@ std::optional<double> sizeOf(const IniFile& file, const char* key, const char* f
     return text.isEmpty() ? std::nullopt : std::optional(boundedNumber(text));
 }
 
+/// Up to the last tab that has a caption or an instrument.
+int tabsSeen(const IniFile& file) {
+    const std::vector<int> captions = file.numberedKeys(kCaptionsSection, 0, kMostTabs - 1);
+    const int captioned = captions.empty() ? 0 : captions.back() + 1;
+    const auto holdsInstruments = [&file](int tab) {
+        return std::any_of(kInstrumentKinds.begin(), kInstrumentKinds.end(), [&](const KindInfo& info) {
+            return !file.keys(pageSection(info.kind, tab)).isEmpty();
+        });
+    };
+    for (int tab = kMostTabs; tab-- > captioned;) {
+        if (holdsInstruments(tab)) return tab + 1;
+    }
+    return captioned;
+}
+
 QStringList readCaptions(const IniFile& file) {
     const int declared =
         wholeNumber(file.value(kTabsSection, QStringLiteral("PIC"), QStringLiteral("1"), kNumberBuffer));
-    const std::vector<int> told = file.numberedKeys(kCaptionsSection, 0, kMostTabs - 1);
-    const int seen = told.empty() ? 0 : *std::max_element(told.begin(), told.end()) + 1;
-    const int tabs = std::min(declared, std::max(kTabsUnseen, seen));
+    const int tabs = std::min(declared, std::max(kTabsUnseen, tabsSeen(file)));
     QStringList captions;
     for (int tab = 0; tab < tabs; ++tab)
         captions << file.value(kCaptionsSection, QString::number(tab), QStringLiteral("VX"), kCaptionBuffer);
@@ -63,7 +85,7 @@ QStringList readCaptions(const IniFile& file) {
 /// Reads the instruments of a document, all in one walk.
 class InstrumentReader {
 public:
-    explicit InstrumentReader(const IniFile& file) : m_file(file), m_items(file.keyCount() + kSpareItems) {}
+    explicit InstrumentReader(const IniFile& file) : m_file(file), m_items(file.keyCount() + kSharedItems) {}
 
     std::vector<ProfileInstrument> read() {
         for (const KindInfo& info : kInstrumentKinds) {

@@ -30,7 +30,8 @@ struct Profile {
     std::vector<ProfileInstrument> instruments;
 };
 
-/// Pages are made on a file's word alone up to here, and beyond it as far as the file has captions.
+/// Pages are made on a file's word alone up to here, and beyond it as far as the file has captions or
+/// instruments for them.
 inline constexpr int kTabsUnseen = 256;
 inline constexpr int kMostTabs = 1024;
 inline constexpr int kMostInstruments = 4096;

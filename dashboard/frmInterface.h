@@ -267,8 +267,9 @@ private:
 
     QLineEdit* m_filter;
     Palette* m_palette;
-    FileRequest m_fileDialog; ///< of all profile commands: what one sets stays for the next
-    int m_clearings = 0;      ///< how often all pages were cleared, or the window unloaded
+    FileRequest m_fileDialog;      ///< of all profile commands: what one sets stays for the next
+    int m_clearings = 0;           ///< how often all pages were cleared, or the window unloaded
+    bool m_loadingProfile = false; ///< lets events run, in which nobody may save, load or play
     DragStart m_drag;
     QPointer<Instrument> m_clicked;
     bool m_pasteEnabled = false;

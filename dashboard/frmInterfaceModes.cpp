@@ -29,6 +29,7 @@ void setBackground(QWidget* view, const QColor& colour) {
 } // namespace
 
 void frmInterface::mnuPlayMode_Click() {
+    if (m_loadingProfile) return;
     Q_EMIT propertiesWindowWanted(false);
     if (!OpenDataSource()) {
         CloseDataSource();

@@ -146,9 +146,11 @@ void frmInterface::mnuOptions_Click() {
     frmOptions(*this, window()).exec();
 }
 
-/// The answer may be a window that asks for the pin: it opens when the drag is over.
+/// The answer may be a window that asks for the pin: it opens when the drag is over. The next keys are meant
+/// for what the variable fell on, no longer for the tree.
 void frmInterface::takeDrop(Instrument* target, const QObject* source) {
     if (source != VarTree) return;
+    target->setFocus();
     QTimer::singleShot(0, target, [target, name = DragVariableName] { target->FunctionDrop(name); });
 }
 

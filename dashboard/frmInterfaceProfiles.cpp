@@ -9,6 +9,8 @@
 #include "platform/InPlaceWrite.h"
 #include "variables/GlobalVarsAndTypes.h"
 
+#include <QScopedValueRollback>
+
 namespace vistor {
 
 bool frmInterface::askToSave() {
@@ -19,7 +21,6 @@ bool frmInterface::askToSave() {
 }
 
 void frmInterface::mnuNew_Click() {
-    ++m_clearings;
     mnuCloseAllTabs_Click();
     HasProfilePath = false;
     ProfilePath.clear();
@@ -27,6 +28,7 @@ void frmInterface::mnuNew_Click() {
 }
 
 void frmInterface::mnuLoadConfig_Click() {
+    if (m_loadingProfile) return;
     if (instruments.placedCount() == 0) return LoadVis();
     frmLoadOptions options(this);
     if (options.exec() != QDialog::Accepted) return;
@@ -75,7 +77,7 @@ std::optional<QString> frmInterface::askForFile(std::optional<QString> (*ask)(co
 
 /// A file that cannot be written is passed over; then the old one stands.
 void frmInterface::saveProfile(const QString& path) {
-    if (path.isEmpty()) return;
+    if (path.isEmpty() || m_loadingProfile) return; // half of what is being loaded is no profile
     const Hourglass hourglass;
     IniFile file;
     const Profile profile = currentProfile();
@@ -116,6 +118,7 @@ Profile frmInterface::currentProfile() {
 
 bool frmInterface::LoadProfileFile(const QString& path) {
     const Hourglass hourglass;
+    const QScopedValueRollback loading(m_loadingProfile, true);
     const Profile profile = readProfile(IniFile::load(path));
     takeSize(profile);
     takeCaptions(profile.captions);

@@ -78,6 +78,7 @@ void frmInterface::mnuClearPane_Click() {
 }
 
 void frmInterface::mnuClearAllTabs_Click() {
+    ++m_clearings;
     for (std::size_t number = 0; number < pic.size(); ++number) clearPage(number);
 }
 
@@ -101,6 +102,7 @@ void frmInterface::mnuClosePane_Click() {
 }
 
 void frmInterface::mnuCloseAllTabs_Click() {
+    ++m_clearings;
     const int count = mainTab->Tabs();
     for (int i = 0; i < count; ++i) mnuCloseLastTab_Click();
     mainTab->TabCaption(0, QStringLiteral("VX"));

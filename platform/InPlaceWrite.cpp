@@ -22,6 +22,11 @@ bool writeInPlace(const QString& path, const QByteArray& bytes) {
 }
 
 bool replaceInPlace(const QString& path, const QByteArray& bytes) {
+    if (QFileInfo(path).isFile() && !QFile(path).open(QIODevice::ReadWrite)) {
+        const QString beside = path + QStringLiteral(".new");
+        if (QFile::exists(beside) || !writeInPlace(beside, bytes)) return false;
+        return (QFile::remove(path) && QFile::rename(beside, path)) || (QFile::remove(beside), false);
+    }
     return writeInPlace(path, bytes) && QFile::resize(path, bytes.size());
 }
 

@@ -11,7 +11,8 @@ namespace vistor {
 /// leaves the file as it was. False when the file could not be written.
 bool writeInPlace(const QString& path, const QByteArray& bytes);
 
-/// The same for the whole file: afterwards it holds `bytes` and nothing else.
+/// The same for the whole file: afterwards it holds `bytes` and nothing else. One without write permission is
+/// deleted and made anew, once the new one is whole beside it.
 bool replaceInPlace(const QString& path, const QByteArray& bytes);
 
 } // namespace vistor

@@ -17,7 +17,7 @@ namespace vistor {
 namespace {
 
 constexpr std::string_view kBlanks = " \t";
-constexpr qint64 kLargestFile = 16 * 1024 * 1024;
+constexpr qint64 kLargestFile = 64 * 1024 * 1024;
 
 std::string_view trimmed(std::string_view text) {
     const auto first = text.find_first_not_of(kBlanks);

@@ -21,7 +21,7 @@ class IniFile {
 public:
     IniFile() = default;
 
-    /// The document in a file. A file that is missing, cannot be read or has more than 16 MiB gives an empty
+    /// The document in a file. A file that is missing, cannot be read or has more than 64 MiB gives an empty
     /// one.
     static IniFile load(const QString& path);
     /// The document in bytes of the code page; any bytes are one.

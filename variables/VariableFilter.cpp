@@ -14,7 +14,8 @@ bool holdsAll(const QString& text, const QStringList& words) {
 
 } // namespace
 
-std::vector<bool> linesShown(std::span<const TreeLine> lines, const QString& words) {
+std::vector<bool> linesShown(std::span<const TreeLine> lines, std::span<const QString> physicalNames,
+                             const QString& words) {
     const QStringList wanted = words.simplified().split(u' ', Qt::SkipEmptyParts);
     std::vector<bool> shown(lines.size(), wanted.isEmpty());
     if (wanted.isEmpty()) return shown;
@@ -23,7 +24,7 @@ std::vector<bool> linesShown(std::span<const TreeLine> lines, const QString& wor
         const auto parent = static_cast<std::size_t>(lines[i].parent);
         if (lines[i].kind != LineKind::Variable) {
             shown[i] = shown[parent];
-        } else if (holdsAll(lines[i].text + u' ' + lines[parent].text, wanted)) {
+        } else if (holdsAll(lines[i].text + u' ' + physicalNames[i] + u' ' + lines[parent].text, wanted)) {
             shown[i] = shown[parent] = true;
         }
     }

@@ -137,7 +137,7 @@ void VariableTreeView::setFilter(const QString& words) {
 }
 
 void VariableTreeView::applyFilter() {
-    const std::vector<bool> shown = linesShown(m_lines, m_filter);
+    const std::vector<bool> shown = linesShown(m_lines, m_variables, m_filter);
     for (std::size_t i = 0; i < m_items.size(); ++i) {
         if (m_items[i]->isHidden() == shown[i]) m_items[i]->setHidden(!shown[i]);
     }

@@ -57,6 +57,24 @@ TEST(ProfileFile, IsWrittenInItsOrder) {
     EXPECT_EQ(again.instruments[0].list, QStringList(""));
 }
 
+TEST(ProfileFile, PlacesAreWrittenWithTheDecimalsThatTheirBufferHolds) {
+    struct Case {
+        double twips;
+        const char* text;
+    };
+    for (const Case& c :
+         {Case{1.5, "1.5"}, Case{-0.125, "-0.125"}, Case{7, "7"}, Case{1234.56789, "1234.5679"},
+          Case{-12345.678, "-12345.68"}, Case{123456789.5, "123456790"}, Case{0.00001, "0"}}) {
+        Profile profile;
+        profile.width = 0;
+        profile.captions = QStringList("VX");
+        profile.instruments = {{Kind::Led, 0, 1, c.twips, 0, 0, {"0"}}};
+        const QByteArray text = written(profile);
+        EXPECT_TRUE(text.contains(QByteArray("LEFT=") + c.text + "\n")) << text.constData();
+        EXPECT_EQ(written(parsed(text)).toStdString(), text.toStdString());
+    }
+}
+
 TEST(ProfileFile, EveryValueIsCutToItsBuffer) {
     Profile profile;
     profile.captions = QStringList{QString(40, u'c')};
@@ -149,6 +167,17 @@ TEST(ProfileFile, CountsAreBelievedAsFarAsTheFileHasContent) {
                                   "[b]\nMEM=1\n0=x\n1=y\n");
     ASSERT_EQ(beside.instruments.size(), 2U);
     EXPECT_EQ(beside.instruments[1].list, (QStringList{"x", "y"}));
+
+    // Pages that only instruments tell of.
+    const Profile far = parsed("[TABS]\nPIC=1000\nVXODO=1\n[VXODO/700]\n1=a\n[a]\nLEFT=1\n");
+    EXPECT_EQ(far.captions.size(), 701);
+    EXPECT_EQ(places(far), QStringList("VXODO 700 1 0"));
+    // Each of many that share a section gets the whole of it.
+    QByteArray shared = "[TABS]\nVXLED=500\n[VXLED/0]\n";
+    for (int i = 1; i <= 500; ++i) shared += QByteArray::number(i) + "=a\n";
+    shared += "[a]\nMEM=99\n";
+    for (int i = 0; i < 100; ++i) shared += QByteArray::number(i) + "=x\n";
+    EXPECT_EQ(parsed(shared).instruments.at(499).list, QStringList(QList<QString>(100, "x")));
 
     QByteArray many = "[TABS]\nVXLED=100000\n[VXLED/0]\n";
     for (int i = 1; i <= 100000; ++i) many += QByteArray::number(i) + "=a\n";

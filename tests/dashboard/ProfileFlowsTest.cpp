@@ -62,7 +62,7 @@ protected:
         prompts.files = {path(name)};
         any.mnuSaveAs_Click();
     }
-    /// The instruments of the window, "kind number page x y" each.
+    /// The instruments of the window, "kind number page left top" each.
     static QStringList standing(const frmInterface& any) {
         QStringList all;
         for (const InstrumentElement& e : any.instruments.all()) {
@@ -71,8 +71,8 @@ protected:
                        .arg(QLatin1String(kindInfo(e.kind).className))
                        .arg(e.number)
                        .arg(pageOf(*e.instrument)->number())
-                       .arg(e.instrument->x())
-                       .arg(e.instrument->y());
+                       .arg(e.instrument->leftTwips())
+                       .arg(e.instrument->topTwips());
         }
         return all;
     }
@@ -109,13 +109,15 @@ TEST_F(ProfileFlowsTest, EveryKindComesBackAsItWasWritten) {
     int placed = 0;
     for (const KindInfo& info : kInstrumentKinds) {
         for (const std::size_t page : {std::size_t{0}, std::size_t{1}}) {
-            Instrument* instrument = place(window, info.kind, page, {20 * placed, 10 * placed});
-            if (!instrument) continue;
-            instrument->setSizeTwips(3000 + 150 * placed, 1500 + 15 * placed);
+            Instrument* instrument = place(window, info.kind, page);
+            instrument->moveTwips(301 * placed - 45.5, 150.25 * placed);
+            instrument->setSizeTwips(3000 + 151 * placed, 1500 + 15 * placed);
+            instrument->AssignPin(3, QStringLiteral("OilTemperature")); // leaves a hole
+            instrument->AssignPin(2, std::uint8_t{1}, QStringLiteral("Second, \"quoted\""));
             ++placed;
         }
     }
-    ASSERT_GE(placed, 8);
+    ASSERT_EQ(placed, 18);
     DataSourceDescriptor = QStringLiteral("SER,3,57600");
     saveAs(window, "first.vis");
 
@@ -368,10 +370,27 @@ TEST_F(ProfileFlowsTest, AFullDiskLeavesTheOldFile) {
     EXPECT_TRUE(prompts.messages.empty());
 }
 
+TEST_F(ProfileFlowsTest, AFileWithoutWritePermissionIsReplaced) {
+    const QString target = write("a.vis", "old");
+    QFile::setPermissions(folder.path(), QFile::Permissions(0x7777));
+    QFile::setPermissions(target, QFile::ReadOwner | QFile::ReadUser);
+    const uid_t person = geteuid();
+    const bool everybodysMaster = person == 0; // whom no permission stops
+    ASSERT_EQ(everybodysMaster ? seteuid(65534) : 0, 0);
+    const bool stopped = !QFile(target).open(QIODevice::ReadWrite);
+    const bool replaced = replaceInPlace(target, "new");
+    ASSERT_EQ(everybodysMaster ? seteuid(person) : 0, 0);
+    EXPECT_TRUE(stopped);
+    EXPECT_TRUE(replaced);
+    EXPECT_EQ(read("a.vis"), "new");
+    EXPECT_EQ(QDir(folder.path()).entryList({"*.new"}).size(), 0);
+}
+
 TEST_F(ProfileFlowsTest, EventsInTheMiddleOfALoadDoNoHarm) {
     newTab("Two");
     for (int i = 0; i < 200; ++i) place(window, Kind::AngularGauge, i % 2);
     saveAs(window, "many.vis");
+    const QByteArray whole = read("many.vis");
     const auto during = [this](auto action) {
         window.mnuNew_Click();
         bool inside = false;
@@ -392,6 +411,16 @@ TEST_F(ProfileFlowsTest, EventsInTheMiddleOfALoadDoNoHarm) {
     during([this] { window.mnuNew_Click(); });
     EXPECT_EQ(window.instruments.placedCount(), 0);
     EXPECT_EQ(state(), "0 0 '' 'Untitled'");
+    during([this] { window.mnuCloseAllTabs_Click(); });
+    EXPECT_EQ(window.instruments.placedCount(), 0);
+    during([this] { // what is half there is neither saved nor played, and nothing else is loaded on top
+        window.mnuSaveConfig_Click();
+        window.mnuPlayMode_Click();
+        window.mnuLoadConfig_Click();
+    });
+    EXPECT_FALSE(PlayMode);
+    EXPECT_EQ(read("many.vis"), whole);
+    EXPECT_EQ(window.instruments.placedCount(), 200);
     during([this] { window.mnuCloseLastTab_Click(); });
     EXPECT_EQ(window.mainTab->Tabs(), 1);
     during([this] {

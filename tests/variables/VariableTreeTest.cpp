@@ -166,7 +166,10 @@ TEST(VariableFilter, LeavesVariablesThatHaveAllWords) {
     row(0).Enabled = kFalse16;
     const std::vector<TreeLine> lines = variableTreeLines(VariableTable);
     const auto shown = [&](const char* words) {
-        const std::vector<bool> flags = linesShown(lines, QLatin1String(words));
+        std::vector<QString> names;
+        for (const TreeLine& line : lines)
+            names.push_back(line.row > 0 ? VariableTable[std::size_t(line.row)].PhysicalName : QString());
+        const std::vector<bool> flags = linesShown(lines, names, QLatin1String(words));
         QStringList found;
         for (std::size_t i = 0; i < lines.size(); ++i) {
             if (flags[i] && (lines[i].kind == LineKind::Group || lines[i].kind == LineKind::Smoothing))
@@ -177,6 +180,7 @@ TEST(VariableFilter, LeavesVariablesThatHaveAllWords) {
     EXPECT_EQ(shown("PRESS  oil"), QStringList({"VT_1", "#SMOOTHING#Oil pressure"}));
     EXPECT_EQ(shown("gps"), QStringList({"VT_3", "#SMOOTHING#B2"}));
     EXPECT_EQ(shown("minimum"), QStringList());
+    EXPECT_EQ(shown("p70"), QStringList({"VT_1", "#SMOOTHING#Oil pressure"})) << "its PhysicalName";
     EXPECT_EQ(shown("  ").size(), 9 + 3);
 }
 
