@@ -153,7 +153,7 @@ TEST_F(LayoutSession, APageFromNothing) {
     clock = 1010;
     window.Timer1_Timer();
     EXPECT_GT(readout->inCTRL().properties().number(NumLedValue), 0);
-    EXPECT_GT(static_cast<StripDisplay&>(strip->inCTRL()).highestY(0), 15);
+    EXPECT_GT(static_cast<StripDisplay&>(strip->inCTRL()).highestY(0), 5) << "seconds of the first lap";
     key(Qt::Key_F5, Qt::ShiftModifier);
     EXPECT_FALSE(PlayMode);
     EXPECT_TRUE(prompts.messages.empty()) << qPrintable(prompts.takeWords().join(u'|'));
