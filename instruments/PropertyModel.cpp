@@ -30,10 +30,6 @@ bool isCheckable(const PropertyInfo& property) {
 
 } // namespace
 
-int sectionShownAt(int row, int count, bool countsFromPins) {
-    return countsFromPins ? (row + 1) % count : row;
-}
-
 QString propertyLabel(const PropertyInfo& property) {
     if (property.label != nullptr) return QLatin1String(property.label);
     return QStringLiteral("Property %1").arg(property.number);

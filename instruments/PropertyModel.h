@@ -79,10 +79,6 @@ private:
     std::vector<Node> m_nodes; ///< the root is the first
 };
 
-/// Which section of `count` is shown in a row. Where pins address sections the first row is the section that
-/// pin 1 moves.
-int sectionShownAt(int row, int count, bool countsFromPins);
-
 /// A property's name for a person.
 QString propertyLabel(const PropertyInfo& property);
 

@@ -8,6 +8,7 @@
 #include <QRadialGradient>
 
 #include <algorithm>
+#include <cmath>
 
 namespace vistor {
 namespace {
@@ -102,22 +103,31 @@ void paintReflection(QPainter& painter, const LampLook& look, const QPainterPath
     painter.fillPath(path.intersected(lens), downwards(area, top, bottom));
 }
 
-void paintText(QPainter& painter, const LampLook& look, const QRectF& lens) {
-    if (look.text.isEmpty()) return;
+QFont textFont(int pixels) {
     QFont font;
     font.setBold(true);
-    const QString text = look.text.left(kLongestOnLamp);
-    font.setPixelSize(std::max(qRound(lens.height() * kTextShare), 1));
-    const double wide = QFontMetricsF(font).horizontalAdvance(text);
+    font.setPixelSize(pixels);
+    return font;
+}
+
+void paintText(QPainter& painter, const LampLook& look, const QRectF& lens) {
+    if (look.text.isEmpty()) return;
     const double room = lens.width() * (look.shape == LampShape::Rectangle ? 0.88 : 0.78);
-    if (wide > room) font.setPixelSize(std::max(int(font.pixelSize() * room / wide), 1));
-    if (font.pixelSize() < kSmallestText) return;
-    painter.setFont(font);
+    const double wide = look.textWidth > 0 ? look.textWidth : lampTextWidth(look.text);
+    const double fitting = wide > 0 ? std::floor(room / wide) : room;
+    const int pixels = int(std::min(std::round(lens.height() * kTextShare), fitting));
+    if (pixels < kSmallestText) return;
+    painter.setFont(textFont(pixels));
     painter.setPen(look.lettering);
-    painter.drawText(lens, int(Qt::AlignCenter) | Qt::TextSingleLine, text);
+    painter.drawText(lens, int(Qt::AlignCenter) | Qt::TextSingleLine, look.text.left(kLongestOnLamp));
 }
 
 } // namespace
+
+double lampTextWidth(const QString& text) {
+    constexpr int kMeasured = 100; ///< pixels
+    return QFontMetricsF(textFont(kMeasured)).horizontalAdvance(text.left(kLongestOnLamp)) / kMeasured;
+}
 
 double lampShine(const QSizeF& lamp, bool shaded) {
     return shaded ? sideOf(lamp) * kShineShare : 0;

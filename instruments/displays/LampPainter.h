@@ -19,7 +19,11 @@ struct LampLook {
     QColor ground;    ///< on which it stands: its bezel is made of that
     QColor lettering; ///< of the text on it
     QString text;
+    double textWidth = 0; ///< that it is fitted by, see lampTextWidth; 0: its own
 };
+
+/// How wide a text is, in heights of its font.
+double lampTextWidth(const QString& text);
 
 /// How far a lit lamp's shine reaches around it, in logical pixels.
 double lampShine(const QSizeF& lamp, bool shaded);

@@ -75,6 +75,9 @@ void LedDisplay::layOut() {
     m_pictures.clear();
     m_picturePixels = 0;
     m_rows.clear();
+    m_textWidth = 0;
+    for (int state = 0; state < p.integer(LedStates); ++state)
+        m_textWidth = std::max(m_textWidth, lampTextWidth(p.text(LedStateText, state)));
     for (const LedRowPlace& place : places()) {
         const int index = static_cast<int>(m_rows.size());
         Row row{.place = place,
@@ -102,6 +105,7 @@ LampLook LedDisplay::look(const Row& row, int state, bool lit) const {
     look.ground = p.flag(LedOnPage) ? palette().color(QPalette::Window) : colourOf(p.integer(LedBackColour));
     look.lettering = lit ? mixed(litColour, Qt::black, 0.82) : mixed(look.colour, litColour, 0.5);
     if (state >= 0) look.text = p.text(LedStateText, state);
+    look.textWidth = m_textWidth;
     return look;
 }
 

@@ -48,6 +48,7 @@ private:
     void readLit(std::size_t index) const;
 
     std::vector<Row> m_rows;
+    double m_textWidth = 0;             ///< of the longest text, by which all are fitted
     QHash<quint64, QPixmap> m_pictures; ///< of lamps by row, state and light
     double m_picturePixels = 0;
     mutable std::vector<int> m_lit; ///< kept to spare allocations

@@ -143,10 +143,9 @@ void paintCaption(QPainter& painter, const PropertyStore& p, const LinearLayout&
     if (text.isEmpty() || !font) return;
     painter.setFont(*font);
     painter.setPen(colourOf(p.integer(LinearCaptionColour, i)));
-    const QRectF& room = layout.room;
-    const QPointF place(boundedPlace(p, LinearCaptionX, i) * room.width(),
-                        boundedPlace(p, LinearCaptionY, i) * room.height());
-    paintTextAt(painter, room.topLeft() + place, text, 0.5);
+    const QPointF place = linearTextPlace(layout.room, boundedPlace(p, LinearCaptionX, i),
+                                          boundedPlace(p, LinearCaptionY, i), *font);
+    paintTextAt(painter, place, text, 0.5);
 }
 
 } // namespace

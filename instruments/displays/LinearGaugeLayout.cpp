@@ -126,7 +126,7 @@ public:
     void take(double yShare, const std::optional<QFont>& font) {
         if (!font) return;
         const double half = QFontMetricsF(*font).capHeight() / 2;
-        const double middle = m_whole.top() + yShare * m_whole.height();
+        const double middle = linearTextPlace(m_whole, 0, yShare, *font).y();
         if (yShare < kTextZone) m_left.setTop(std::max(m_left.top(), middle + half));
         if (yShare > 1 - kTextZone) m_left.setBottom(std::min(m_left.bottom(), middle - half));
     }
@@ -184,15 +184,13 @@ PointerPlace pointerOf(const PropertyStore& p, int i, const LinearScale& on) {
 void layOutNumber(LinearLayout& layout, const PropertyStore& p, int i) {
     const auto font = linearFont(p, p.sectionNamed(LinearNumberFont, i), layout.unit);
     if (!p.flag(LinearPointerNumber, i) || !font) return;
-    const QRectF& room = layout.room;
-    layout.numbers.push_back(
-        {.section = i,
-         .at = room.topLeft() + QPointF(boundedPlace(p, LinearNumberX, i) * room.width(),
-                                        boundedPlace(p, LinearNumberY, i) * room.height()),
-         .font = *font,
-         .colour = colourOf(p.integer(LinearNumberColour, i)),
-         .decimals = std::clamp(p.integer(LinearNumberDecimals, i), 0, 6),
-         .unit = p.text(LinearNumberUnit, i).left(kLongestText)});
+    layout.numbers.push_back({.section = i,
+                              .at = linearTextPlace(layout.room, boundedPlace(p, LinearNumberX, i),
+                                                    boundedPlace(p, LinearNumberY, i), *font),
+                              .font = *font,
+                              .colour = colourOf(p.integer(LinearNumberColour, i)),
+                              .decimals = std::clamp(p.integer(LinearNumberDecimals, i), 0, 6),
+                              .unit = p.text(LinearNumberUnit, i).left(kLongestText)});
 }
 
 void layOutPointers(LinearLayout& layout, const PropertyStore& p) {
@@ -210,6 +208,16 @@ void layOutPointers(LinearLayout& layout, const PropertyStore& p) {
 std::optional<QFont> linearFont(const PropertyStore& properties, int section, double unit) {
     return legibleFont(properties, kLinearFont, section, properties.integer(LinearFonts),
                        std::max(unit, kSmallestUnit));
+}
+
+QPointF linearTextPlace(const QRectF& room, double xShare, double yShare, const QFont& font) {
+    constexpr double kEdge = 2; // pixels
+    const QFontMetricsF metrics(font);
+    const double above = metrics.capHeight() / 2 + kEdge;
+    const double below = metrics.capHeight() / 2 + metrics.descent();
+    const double wanted = room.top() + yShare * room.height();
+    const double middle = std::max(std::min(wanted, room.bottom() - below), room.top() + above);
+    return {room.left() + xShare * room.width(), middle};
 }
 
 BarSpan bandSpan(const PropertyStore& p, const LinearScale& scale, int section) {

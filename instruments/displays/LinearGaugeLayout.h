@@ -48,6 +48,9 @@ LinearLayout layOutLinearGauge(const PropertyStore& properties, const QRectF& pa
 
 /// The font of a font section. No value where it would be too small to read.
 std::optional<QFont> linearFont(const PropertyStore& properties, int section, double unit);
+/// Where the middle of a caption or number stands, from its shares of the room: it stays inside from top to
+/// bottom.
+QPointF linearTextPlace(const QRectF& room, double xShare, double yShare, const QFont& font);
 /// How many pixels wide a band is, or a bar.
 BarSpan bandSpan(const PropertyStore& properties, const LinearScale& scale, int section);
 

@@ -36,7 +36,7 @@ void PercentDisplay::readValues(std::vector<double>& values) const {
     const int count = properties().integer(PercentPortions);
     values.resize(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
-        values[static_cast<std::size_t>(i)] = properties().number(PortionValue, i);
+        values[static_cast<std::size_t>(i)] = properties().number(PortionValue, portionAt(i, count));
 }
 
 void PercentDisplay::paintStatic(QPainter& painter) {

@@ -69,14 +69,16 @@ QBrush fillOf(const PercentBar& bar, const QColor& colour, bool shaded) {
 }
 
 void layOutPortions(PercentPlan& plan, const PropertyStore& p) {
-    for (int i = 0; i < p.integer(PercentPortions); ++i) {
-        const QColor colour = colourOf(p.integer(PortionColour, i));
+    const int count = p.integer(PercentPortions);
+    for (int i = 0; i < count; ++i) {
+        const int section = portionAt(i, count);
+        const QColor colour = colourOf(p.integer(PortionColour, section));
         plan.portions.push_back(
             {.fill = fillOf(plan.barOf(static_cast<std::size_t>(i)), colour, p.flag(PercentShading)),
              .colour = colour,
-             .textColour = colourOf(p.integer(PortionTextColour, i)),
-             .text = PortionTextForm(p.choice(PortionText, i)),
-             .name = p.text(PortionName, i).left(kLongestText)});
+             .textColour = colourOf(p.integer(PortionTextColour, section)),
+             .text = PortionTextForm(p.choice(PortionText, section)),
+             .name = p.text(PortionName, section).left(kLongestText)});
     }
 }
 

@@ -21,8 +21,8 @@ struct PercentPlan {
     QRectF panel;
     PanelStyle style;
     PortionRule rule;
-    std::vector<PercentBar> bars; ///< one, or one a portion
-    std::vector<PortionStyle> portions;
+    std::vector<PercentBar> bars;       ///< one, or one a portion
+    std::vector<PortionStyle> portions; ///< in the order of their pins
     QColor track;
     QColor textColour;         ///< off the portions
     std::optional<QFont> font; ///< none: too small to read

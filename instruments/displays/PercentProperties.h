@@ -79,6 +79,11 @@ inline constexpr PanelNumbers kPercentPanel{.back = PercentBackColour,
                                             .captionPlace = PercentCaptionPlace,
                                             .captionColour = PercentCaptionColour};
 
+/// The section of the portion that stands at a place: portions stand in the order of their pins.
+constexpr int portionAt(int place, int count) {
+    return sectionShownAt(place, count, true);
+}
+
 /// The display's properties in the order of the saved list.
 extern const KindTable kPercentTable;
 

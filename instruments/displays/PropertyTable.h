@@ -82,6 +82,12 @@ struct SectionInfo {
     bool countsFromPins = false; ///< pin i addresses it, so that the last pin shows section 0
 };
 
+/// Which section of `count` comes first, second ... for a person. Where pins address sections the first is
+/// the one that pin 1 moves.
+constexpr int sectionShownAt(int row, int count, bool countsFromPins) {
+    return countsFromPins ? (row + 1) % count : row;
+}
+
 /// Where a property lies. Block 0 is the fixed properties, block n the section list n - 1.
 struct PropertyAddress {
     enum class Role : std::uint8_t { None, Field, Count, Selector };

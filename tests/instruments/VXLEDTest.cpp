@@ -156,6 +156,39 @@ TEST(VXLED, LitLampsTakeTheirStatesColour) {
     EXPECT_NE(colourAt(0), colourAt(7)) << "without states lamps still light";
 }
 
+/// How many pixel rows of the first lamp hold lettering, which is dark on a lit lamp.
+int letteringRows(VXLED& led) {
+    const QRect lamp =
+        static_cast<LedDisplay&>(led.inCTRL()).places()[0].at(0).toRect().adjusted(2, 2, -2, -2);
+    const QImage picture = led.inCTRL().grab(lamp).toImage();
+    int rows = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        bool dark = false;
+        for (int x = 0; x < picture.width(); ++x) dark |= picture.pixelColor(x, y).value() < 100;
+        rows += dark ? 1 : 0;
+    }
+    return rows;
+}
+
+TEST(VXLED, TextsOfAllLampsHaveTheSizeThatTheLongestCanHave) {
+    VXLED led(nullptr);
+    led.setSizeTwips(400 * 15, 100 * 15);
+    PropertyStore& p = led.inCTRL().properties();
+    p.setNumber(LedShading, 0);
+    p.setNumber(LedLamps, 2);
+    p.setNumber(LedWidth, 80);
+    p.setNumber(LedHeight, 40);
+    p.setNumber(LedShape, int(LampShape::Rectangle));
+    p.setNumber(LedStateFrom, 1, 2);
+    p.setText(LedStateText, 0, u"OIL");
+    led.refreshValue(1, 1);
+    const int large = letteringRows(led);
+    EXPECT_GT(large, 15);
+    p.setText(LedStateText, 1, u"FUEL PRESSURE LOW");
+    EXPECT_LT(letteringRows(led), large * 2 / 3);
+    EXPECT_GT(letteringRows(led), 5);
+}
+
 TEST(VXLED, PanelTakesTheSizeOfItsLamps) {
     VXLED led(nullptr);
     led.setColour(0x00C864, 0);

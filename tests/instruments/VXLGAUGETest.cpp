@@ -143,6 +143,21 @@ TEST(VXLGAUGE, ScalesLeaveRoomForTextAndBulbs) {
     EXPECT_FALSE(pictureOf(tiny.gauge).isNull());
 }
 
+TEST(VXLGAUGE, TextsStayInsideFromTopToBottom) {
+    QFont font;
+    font.setPixelSize(20);
+    const QFontMetricsF metrics(font);
+    const double half = metrics.capHeight() / 2;
+    const QRectF room(10, 100, 200, 80);
+    EXPECT_EQ(linearTextPlace(room, 0.25, 0.5, font), QPointF(60, 140));
+    for (const double share : {-3.0, 0.0, 0.05})
+        EXPECT_GE(linearTextPlace(room, 0, share, font).y() - half, room.top()) << share;
+    for (const double share : {0.95, 1.0, 3.0})
+        EXPECT_LE(linearTextPlace(room, 0, share, font).y() + half + metrics.descent(), room.bottom())
+            << share;
+    EXPECT_GE(linearTextPlace({0, 0, 50, 4}, 0, 0.5, font).y(), 0) << "no room for it at all";
+}
+
 TEST(VXLGAUGE, ValuesGoToThePointerOfTheirPin) {
     const struct {
         int pointers;

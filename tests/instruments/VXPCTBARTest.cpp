@@ -50,10 +50,10 @@ struct ShownBar {
         for (int i = 0; i < portions; ++i) p.setNumber(PortionText, i, int(PortionTextForm::None));
     }
     void set(std::initializer_list<double> values) {
-        int section = 0;
-        for (const double value : values) p.setNumber(PortionValue, section++, value);
+        std::int16_t pin = 0;
+        for (const double value : values) bar.refreshValue(++pin, float(value));
     }
-    /// Which section's colour stands at a share of the bar that section `in` lies on; -1: none.
+    /// Which portion's colour, by its pin from 0 on, stands at a share of the bar of portion `in`; -1: none.
     int at(double share, std::size_t in = 0) {
         const PercentPlan plan = layOutPercent(p, bar.inCTRL().rect(), Qt::white);
         const QColor seen = pictureOf(bar).pixelColor(plan.barOf(in).middle(share).toPoint());
