@@ -72,7 +72,7 @@ TEST(DeliveredDefinitions, RowsWithAMeaningOfTheirOwn) {
                                                  {31, "GPS longitude [\u00B0]"},
                                                  {204, "Brake pressure front [bar]"},
                                                  {2000, "Fuel used [l]"},
-                                                 {2030, "User channel 10 []"}};
+                                                 {2030, "User channel 8 []"}};
     for (const auto& [number, name] : cases)
         EXPECT_EQ(VariableTable[static_cast<std::size_t>(number)].ConstantName, QString::fromUtf8(name));
     for (int number = 200; number <= 231; ++number) {
@@ -226,10 +226,14 @@ TEST(DeliveredDefinitions, UserFormulasGiveKnownValues) {
                                             {213, 36},  {302, 92.5F}, {303, 91},  {72, 110},  {70, 90}};
     for (const auto& [number, value] : values) LastValue[static_cast<std::size_t>(number)] = value;
     const std::pair<const char*, float> cases[] = {
-        {"FuelUsed", 0.01F},     {"WheelSlip", 10},       {"GearEstimate", 3},     {"CombinedG", 5},
-        {"BrakeBalance", 60},    {"FuelEconomy", 36},     {"LapLoss", 1.5F},       {"OilOverCoolant", 20},
-        {"BrakingTime", 1},      {"FullThrottleTime", 0}, {"MeanWheelSpeed", 105}, {"CornerRadius", 26.227F},
-        {"WheelPower", 1102.9F},
+        {"FuelUsed", 0.01F},     {"WheelSlip", 10},
+        {"GearEstimate", 3},     {"CombinedG", 5},
+        {"BrakeBalance", 60},    {"FuelEconomy", 36},
+        {"LapLoss", 1.5F},       {"OilOverCoolant", 20},
+        {"BrakingTime", 1},      {"FullThrottleTime", 0},
+        {"MeanWheelSpeed", 105}, {"CornerRadius", 26.227F},
+        {"WheelPower", 1102.9F}, {"Warnings", 4 + 8 + 16 + 32},
+        {"DriveState", 2 + 16},
     };
     const auto evaluated = [](const char* name) {
         const int number = FindVariableByPhysicalName(QString::fromUtf8(name));
