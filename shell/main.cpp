@@ -17,7 +17,7 @@ namespace {
 using namespace vistor;
 
 constexpr int kScreenshotDelay = 1000; ///< ms
-constexpr QSize kWindowSize(1440, 900);
+constexpr QSize kWindowSize(1380, 760);
 
 /// A screen smaller than the window's size is filled; without a real screen there is nothing to fill.
 void sizeWindow(frmMain& window) {
