@@ -1,7 +1,7 @@
 #include "dashboard/ControlManager.h"
 
 #include "dashboard/PaneHandles.h"
-#include "dashboard/Twips.h"
+#include "platform/Twips.h"
 
 #include <QEvent>
 #include <QRubberBand>

@@ -1,6 +1,7 @@
 #include "dashboard/OptionsDraft.h"
 
 #include "dashboard/WindowSettings.h"
+#include "instruments/Colours.h"
 #include "instruments/displays/PropertyStore.h"
 #include "variables/SetupVariables.h"
 
@@ -28,9 +29,10 @@ OptionsDraft readOptionsDraft(const IniFile& file) {
     const QString size =
         file.value(section(), QStringLiteral("GRIDSIZE"), QStringLiteral("80"), kNumberBuffer);
     // A label colour that was never chosen shows as the button face here, though the dashboard takes black.
-    const QString label = file.value(section(), QStringLiteral("LABELCOLOUR"), QString(), kColourBuffer);
+    const QString none = QStringLiteral("none");
+    const QString label = file.value(section(), QStringLiteral("LABELCOLOUR"), none, kColourBuffer);
     return {textOfNumber(leadingNumber(size)), window.showGrid == 1, window.snapToGrid == 1,
-            window.backColour, label.isEmpty() ? kButtonFaceColour : window.labelColour};
+            window.backColour, label == none ? kButtonFaceColour : window.labelColour};
 }
 
 void writeOptionsDraft(IniFile& file, const OptionsDraft& draft) {
@@ -43,8 +45,9 @@ void writeOptionsDraft(IniFile& file, const OptionsDraft& draft) {
 
 std::optional<std::int16_t> gridPitchOf(const QString& text) {
     const double number = ParseNumber(QString(text));
-    if (!(number > 0) || number > kLargestPitch) return std::nullopt;
-    return static_cast<std::int16_t>(std::nearbyint(number));
+    const double pitch = std::nearbyint(number);
+    if (!(pitch > 0) || number > kLargestPitch) return std::nullopt;
+    return static_cast<std::int16_t>(pitch);
 }
 
 } // namespace vistor

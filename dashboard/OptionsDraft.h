@@ -17,15 +17,12 @@ struct OptionsDraft {
     std::int32_t labelColour = 0;
 };
 
-/// The colour of button faces, 0x8000000F as a signed number.
-inline constexpr std::int32_t kButtonFaceColour = -2147483633;
-
 /// Reads the five keys, each with the window's own default.
 OptionsDraft readOptionsDraft(const IniFile& file);
 /// Writes them.
 void writeOptionsDraft(IniFile& file, const OptionsDraft& draft);
 
-/// The pitch that a text tells: above 0 and not above 1000, rounded to whole twips. No value for others.
+/// The pitch that a text tells, rounded to whole twips: 1 to 1000. No value for others.
 std::optional<std::int16_t> gridPitchOf(const QString& text);
 
 } // namespace vistor

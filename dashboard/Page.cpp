@@ -1,7 +1,7 @@
 #include "dashboard/Page.h"
 
 #include "dashboard/Palette.h"
-#include "dashboard/Twips.h"
+#include "platform/Twips.h"
 
 #include <QMimeData>
 #include <QMouseEvent>
@@ -15,7 +15,7 @@ QList<int> gridPlaces(int pitch, int extent) {
     QList<int> places;
     if (pitch <= 0) return places;
     // Below a pixel every pixel has a dot already.
-    const int step = std::max(pitch, static_cast<int>(kTwipsOfPixel));
+    const int step = std::max(pitch, static_cast<int>(kTwipsPerPixel));
     for (int twips = 0; toPixels(twips) < extent; twips += step) places.append(toPixels(twips));
     return places;
 }

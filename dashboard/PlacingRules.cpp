@@ -1,6 +1,6 @@
 #include "dashboard/PlacingRules.h"
 
-#include "dashboard/Twips.h"
+#include "platform/Twips.h"
 
 #include <algorithm>
 #include <array>
@@ -52,7 +52,7 @@ PlacedBox boundedBox(PlacedBox box, TwipsPoint screen) {
 /// One coordinate a step further. A box within half a pixel of a line stands on it, since windows stand on
 /// whole pixels.
 float stepped(float place, int direction, bool fine, float origin, const SnapGrid& grid) {
-    constexpr auto kPixel = static_cast<float>(kTwipsOfPixel);
+    constexpr auto kPixel = static_cast<float>(kTwipsPerPixel);
     if (direction == 0) return place;
     const auto way = static_cast<float>(direction);
     if (fine || grid.pitch <= 0) return place + way * kPixel;
@@ -68,7 +68,7 @@ float stepped(float place, int direction, bool fine, float origin, const SnapGri
 } // namespace
 
 TwipsPoint snappedPoint(const SnapGrid& grid, TwipsPoint point) {
-    if (grid.pitch <= 0) return point;
+    if (grid.pitch == 0) return point;
     return {snapped(point.x, grid.left, grid.pitch), snapped(point.y, grid.top, grid.pitch)};
 }
 

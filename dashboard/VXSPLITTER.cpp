@@ -1,7 +1,7 @@
 #include "dashboard/VXSPLITTER.h"
 
-#include "dashboard/Twips.h"
 #include "platform/Prompts.h"
+#include "platform/Twips.h"
 
 #include <QMouseEvent>
 #include <QPainter>

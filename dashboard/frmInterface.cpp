@@ -1,9 +1,9 @@
 #include "dashboard/frmInterface.h"
 
 #include "dashboard/Palette.h"
-#include "dashboard/Twips.h"
 #include "instruments/Instrument.h"
 #include "platform/Events.h"
+#include "platform/Twips.h"
 #include "variables/GlobalVarsAndTypes.h"
 #include "variables/VariableTreeView.h"
 

@@ -16,9 +16,6 @@
 namespace vistor {
 namespace {
 
-/// Number 0x8000000F is the colour of button faces.
-constexpr auto kButtonFace = static_cast<std::int32_t>(0x8000000FU);
-
 void setBackground(QWidget* view, const QColor& colour) {
     QPalette colours = view->palette();
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
@@ -69,15 +66,15 @@ void frmInterface::setCommandsForMode() {
     for (const ModeButton& button : kModeButtons)
         Q_EMIT buttonEnabled(button.number, PlayMode ? button.inPlayMode : button.inEditMode);
     setViewsForMode();
-    if (ShowGrid != 1) return;
-    if (PlayMode)
+    // A grid that was turned off may still stand on other pages than the first.
+    if (PlayMode || ShowGrid != 1)
         ClearGrid();
     else
         DrawGrid();
 }
 
 void frmInterface::setViewsForMode() {
-    const QColor background = PlayMode ? colourOf(kButtonFace) : QColor(Qt::white);
+    const QColor background = PlayMode ? colourOf(kButtonFaceColour) : QColor(Qt::white);
     for (QWidget* view : {static_cast<QWidget*>(trvControl), static_cast<QWidget*>(lvControl),
                           static_cast<QWidget*>(VarTree)}) {
         view->setEnabled(!PlayMode);

@@ -2,11 +2,11 @@
 // while they are moved, sized, deleted and bound.
 #include "dashboard/CustomLibrary.h"
 #include "dashboard/Palette.h"
-#include "dashboard/Twips.h"
 #include "dashboard/frmInterface.h"
 #include "dashboard/frmOptions.h"
 #include "instruments/Instrument.h"
 #include "instruments/VXSTRIP.h"
+#include "platform/Twips.h"
 #include "variables/GlobalVarsAndTypes.h"
 #include "variables/VariableTreeView.h"
 

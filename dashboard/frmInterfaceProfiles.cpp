@@ -1,12 +1,12 @@
 // The open profile: new, open, save, save as, and the layout's way into a file and out of one.
 #include "dashboard/Hourglass.h"
 #include "dashboard/ProfileFile.h"
-#include "dashboard/Twips.h"
 #include "dashboard/frmInterface.h"
 #include "dashboard/frmLoadOptions.h"
 #include "instruments/Instrument.h"
 #include "platform/Events.h"
 #include "platform/InPlaceWrite.h"
+#include "platform/Twips.h"
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QScopedValueRollback>

@@ -2,7 +2,8 @@
 
 #include "dashboard/frmInterface.h"
 #include "instruments/ColourBox.h"
-#include "maths/ConvertUnits.h"
+#include "instruments/Colours.h"
+#include "maths/QtNumberKeys.h"
 #include "platform/Prompts.h"
 #include "variables/GlobalVarsAndTypes.h"
 
@@ -108,13 +109,7 @@ OptionsDraft frmOptions::draft() const {
 
 bool frmOptions::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
-    const auto* pressed = static_cast<QKeyEvent*>(event);
-    const QString typed = pressed->text();
-    const bool command = pressed->modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier);
-    if (command || typed.size() != 1 || !typed[0].isPrint()) return false;
-    auto key = static_cast<std::int16_t>(typed[0].unicode());
-    NumericKeyFilter(key);
-    return key == 0;
+    return refusesKey(*static_cast<QKeyEvent*>(event));
 }
 
 void frmOptions::cmdOk_Click() {

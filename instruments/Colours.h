@@ -8,6 +8,9 @@
 
 namespace vistor {
 
+/// The system colour of button faces, 0x8000000F.
+inline constexpr auto kButtonFaceColour = static_cast<std::int32_t>(0x8000000FU);
+
 /// The colour of a number. A system colour follows the application's palette; an unknown one is its window
 /// colour.
 QColor colourOf(std::int32_t number);

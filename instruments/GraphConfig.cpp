@@ -67,9 +67,10 @@ XYGraphConfig xyGraphConfigOf(const PropertyStore& properties) {
 }
 
 void setXYGraphConfig(PropertyStore& properties, const XYGraphConfig& config) {
+    const XYGraphConfig before = xyGraphConfigOf(properties);
     properties.setNumber(GraphAutoScaleX, config.autoScaleX);
     properties.setNumber(GraphAutoScaleY, config.autoScaleY);
-    if (!config.autoScaleX) {
+    if (config.minimumX != before.minimumX || config.maximumX != before.maximumX) {
         properties.setNumber(StripLength, config.maximumX - config.minimumX);
         properties.setNumber(StripOrigin, config.minimumX);
     }
@@ -79,7 +80,8 @@ void setXYGraphConfig(PropertyStore& properties, const XYGraphConfig& config) {
     properties.setNumber(StripSymbolSize, config.symbolSize);
     properties.setNumber(StripSymbolView, config.symbol);
     properties.setNumber(StripGrid, (config.gridX ? kVertical : 0) + (config.gridY ? kHorizontal : 0));
-    properties.setNumber(StripShowMarker, config.showMarker ? 1 : 0);
+    if (config.showMarker != before.showMarker)
+        properties.setNumber(StripShowMarker, config.showMarker ? 1 : 0);
     properties.setNumber(StripShowNumbersX, config.showNumbersX);
     properties.setNumber(StripShowNumbersY, config.showNumbersY);
     properties.setNumber(GraphFixAspect, config.fixAspect);

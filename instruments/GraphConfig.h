@@ -47,7 +47,8 @@ StripConfig stripConfigOf(const PropertyStore& properties);
 void setStripConfig(PropertyStore& properties, const StripConfig& config);
 
 XYGraphConfig xyGraphConfigOf(const PropertyStore& properties);
-/// An axis that scales itself keeps its ends: the boxes for them could not be changed.
+/// What the window can only show in part, the ends of X as origin and length and the kind of marker, stays to
+/// the last digit while it is not changed.
 void setXYGraphConfig(PropertyStore& properties, const XYGraphConfig& config);
 
 } // namespace vistor

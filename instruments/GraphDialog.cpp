@@ -43,7 +43,7 @@ QComboBox* GraphDialog::addWords(QFormLayout* group, const char* name, const QSt
     auto* list = new QComboBox;
     list->setObjectName(QLatin1String(name));
     for (const char* word : words) list->addItem(QLatin1String(word));
-    list->setCurrentIndex(value >= 0 && value < list->count() ? value : 0);
+    list->setCurrentIndex(value >= 0 && value < list->count() ? value : -1);
     group->addRow(label, list);
     return list;
 }
@@ -97,6 +97,10 @@ void GraphDialog::lockWhileChecked(QCheckBox* check, std::span<QLineEdit* const>
         box->setDisabled(check->isChecked());
         connect(check, &QCheckBox::toggled, box, &QWidget::setDisabled);
     }
+}
+
+int wordIn(const QComboBox* list, int before) {
+    return list->currentIndex() < 0 ? before : list->currentIndex();
 }
 
 double numberIn(const QLineEdit* box) {

@@ -33,6 +33,7 @@ protected:
     /// A group of fields below the others of its column.
     QFormLayout* addGroup(const QString& title);
     QLineEdit* addNumber(QFormLayout* group, const char* name, const QString& label, double value);
+    /// Shows no word where there is none for the value.
     QComboBox* addWords(QFormLayout* group, const char* name, const QString& label,
                         std::span<const char* const> words, int value);
     QCheckBox* addCheck(QFormLayout* group, const char* name, const QString& label, bool value);
@@ -53,6 +54,8 @@ private:
     ColourBox* picTraceCol = nullptr;
 };
 
+/// The word's number in a list; `before` where none was chosen.
+int wordIn(const QComboBox* list, int before);
 /// The number in a box, whatever the locale; 0 for what is none.
 double numberIn(const QLineEdit* box);
 

@@ -2,6 +2,8 @@
 // handle is under the mouse. In: sizes and places in twips. Out: rectangles in twips or in logical pixels.
 #pragma once
 
+#include "platform/Twips.h"
+
 #include <QPainterPath>
 #include <QRect>
 #include <QRectF>
@@ -12,7 +14,6 @@
 
 namespace vistor {
 
-inline constexpr int kTwipsPerPixel = 15;
 inline constexpr int kFrameTwips = 80; ///< the margin on every side
 inline constexpr int kTagTwips = 200;  ///< the band that the tag takes away from the display
 inline constexpr int kHandleCount = 8;

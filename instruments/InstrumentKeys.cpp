@@ -15,8 +15,6 @@
 namespace vistor {
 namespace {
 
-constexpr int kFarthestPixel = 32000; ///< what a window system can place
-
 struct ArrowKey {
     int key;
     int columns;
@@ -25,11 +23,6 @@ struct ArrowKey {
 
 constexpr std::array<ArrowKey, 4> kArrowKeys{
     {{Qt::Key_Left, -1, 0}, {Qt::Key_Right, 1, 0}, {Qt::Key_Up, 0, -1}, {Qt::Key_Down, 0, 1}}};
-
-int nearestPixel(double twips) {
-    const double pixel = twips / kTwipsPerPixel;
-    return qRound(std::clamp(pixel, -double(kFarthestPixel), double(kFarthestPixel)));
-}
 
 /// A number as it was given where it still tells the widget's place, else that place.
 double kept(bool holds, double given, int pixels) {
@@ -56,20 +49,20 @@ double Instrument::heightTwips() const {
 
 void Instrument::moveTwips(double left, double top) {
     m_place = QRectF(left, top, widthTwips(), heightTwips());
-    m_placeAt = QRect(QPoint(nearestPixel(left), nearestPixel(top)), size());
+    m_placeAt = QRect(QPoint(toPixels(left), toPixels(top)), size());
     move(m_placeAt.topLeft());
 }
 
 void Instrument::setSizeTwips(double width, double height) {
     m_place = QRectF(leftTwips(), topTwips(), width, height);
-    m_placeAt = QRect(geometry().topLeft(), QSize(nearestPixel(width), nearestPixel(height)));
+    m_placeAt = QRect(geometry().topLeft(), QSize(toPixels(width), toPixels(height)));
     resize(m_placeAt.size());
     UserControl_Resize();
 }
 
 void Instrument::placeTwips(const QRectF& place) {
-    const QPoint first(nearestPixel(place.left()), nearestPixel(place.top()));
-    const QPoint behind(nearestPixel(place.right()), nearestPixel(place.bottom()));
+    const QPoint first(toPixels(place.left()), toPixels(place.top()));
+    const QPoint behind(toPixels(place.right()), toPixels(place.bottom()));
     m_place = place;
     m_placeAt = QRect(first, QSize(behind.x() - first.x(), behind.y() - first.y()));
     setGeometry(m_placeAt);

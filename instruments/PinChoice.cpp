@@ -3,6 +3,8 @@
 #include "variables/GlobalVarsAndTypes.h"
 #include "variables/SetupVariables.h"
 
+#include <algorithm>
+
 namespace vistor {
 namespace {
 
@@ -53,12 +55,14 @@ QStringList pinGroups() {
 }
 
 QStringList variablesOfGroup(const QString& group) {
-    int type = 0;
-    for (const VariableGroup& known : variableGroups())
-        if (group == QLatin1String(known.text)) type = known.type;
     QStringList names;
+    const auto groups = variableGroups();
+    const auto known = std::find_if(groups.begin(), groups.end(),
+                                    [&](const VariableGroup& g) { return group == QLatin1String(g.text); });
+    if (known == groups.end()) return names;
     for (const VariableDefinition& row : VariableTable)
-        if (row.VariableType == type && row.Enabled && !row.PhysicalName.isEmpty()) names << row.PhysicalName;
+        if (row.VariableType == known->type && row.Enabled && !row.PhysicalName.isEmpty())
+            names << row.PhysicalName;
     return names;
 }
 

@@ -28,9 +28,7 @@ constexpr QSize kSmallest(120, 80);
 /// A key in twips, as logical pixels.
 int pixelsIn(const IniFile& file, const QString& key, int fallbackPixels) {
     const QString fallback = QString::number(fallbackPixels * kTwipsPerPixel);
-    const double twips = leadingNumber(file.value(kSection, key, fallback, kBuffer));
-    constexpr double kFarthest = 32000.0 * kTwipsPerPixel;
-    return qRound(std::clamp(twips, -kFarthest, kFarthest) / kTwipsPerPixel);
+    return toPixels(leadingNumber(file.value(kSection, key, fallback, kBuffer)));
 }
 
 /// Inside the screen that holds most of it, or else the first one.
@@ -96,13 +94,15 @@ void frmProperties::Form_Load() {
     const QSize size(pixelsIn(file, kWidth, kNewWidth), pixelsIn(file, kHeight, kNewHeight));
     const QPoint corner(pixelsIn(file, kLeft, screen.right() - size.width() - kAway),
                         pixelsIn(file, kTop, screen.bottom() - size.height() - kAway));
-    setGeometry(onScreen(QRect(corner, size)));
+    const QRect place = onScreen(QRect(corner, size));
+    resize(place.size());
+    move(place.topLeft());
 }
 
 void frmProperties::Form_Unload() const {
     IniFile file = IniFile::load(SettingsPath);
     const std::pair<const QString&, int> keys[] = {
-        {kWidth, width()}, {kHeight, height()}, {kLeft, geometry().left()}, {kTop, geometry().top()}};
+        {kWidth, width()}, {kHeight, height()}, {kLeft, x()}, {kTop, y()}};
     for (const auto& [key, pixels] : keys)
         file.setValue(kSection, key, QString::number(pixels * kTwipsPerPixel));
     file.save(SettingsPath);
@@ -116,17 +116,17 @@ void frmProperties::closeEvent(QCloseEvent* event) {
 
 void frmProperties::DisplayData(const QStringList& labels, const QStringList& values, const PinTable& pins,
                                 const QString& name) {
-    show(variableRows(pins), labels, values, name);
+    display(variableRows(pins), labels, values, name);
 }
 
 void frmProperties::DisplayGraphData(const QStringList& labels, const QStringList& values,
                                      const PinTable& pins, const QString& name) {
-    show(variableRows(pins), labels, values, name);
+    display(variableRows(pins), labels, values, name);
 }
 
 void frmProperties::DisplayTextData(const QStringList& labels, const QStringList& values,
                                     const QString& name) {
-    show({}, labels, values, name);
+    display({}, labels, values, name);
 }
 
 void frmProperties::ClearAll() {
@@ -134,8 +134,8 @@ void frmProperties::ClearAll() {
     fill({});
 }
 
-void frmProperties::show(PropertyRows rows, const QStringList& labels, const QStringList& values,
-                         const QString& name) {
+void frmProperties::display(PropertyRows rows, const QStringList& labels, const QStringList& values,
+                            const QString& name) {
     setWindowTitle(QStringLiteral("Properties - ") + name);
     const qsizetype count = std::min(labels.size(), values.size());
     for (qsizetype i = 0; i < count; ++i) rows.emplace_back(labels.at(i), values.at(i));
@@ -145,7 +145,6 @@ void frmProperties::show(PropertyRows rows, const QStringList& labels, const QSt
 /// Every move of the mouse tells the same again: only news are written.
 void frmProperties::fill(PropertyRows rows) {
     if (rows == m_rows) return;
-    const bool wider = rows.size() != m_rows.size();
     m_rows = std::move(rows);
     grdProperties->setRowCount(static_cast<int>(m_rows.size()));
     for (int row = 0; row < grdProperties->rowCount(); ++row) {
@@ -153,7 +152,7 @@ void frmProperties::fill(PropertyRows rows) {
         grdProperties->setItem(row, 0, cell(label));
         grdProperties->setItem(row, 1, cell(value));
     }
-    if (wider) grdProperties->resizeColumnToContents(0);
+    grdProperties->resizeColumnToContents(0);
 }
 
 } // namespace vistor

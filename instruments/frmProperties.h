@@ -45,7 +45,8 @@ protected:
 
 private:
     void Form_Load();
-    void show(PropertyRows rows, const QStringList& labels, const QStringList& values, const QString& name);
+    void display(PropertyRows rows, const QStringList& labels, const QStringList& values,
+                 const QString& name);
     void fill(PropertyRows rows);
 
     QTableWidget* grdProperties;

@@ -29,9 +29,9 @@ void frmStripConfig::cmdApply_Click() {
                 .minimumY = numberIn(ConfigValueTxt[1]),
                 .maximumY = numberIn(ConfigValueTxt[2]),
                 .autoScaleY = AutoScaleYChk->isChecked(),
-                .grid = cmbGrid->currentIndex(),
-                .line = cmbLine->currentIndex(),
-                .symbol = cmbSymbol->currentIndex(),
+                .grid = wordIn(cmbGrid, m_config.grid),
+                .line = wordIn(cmbLine, m_config.line),
+                .symbol = wordIn(cmbSymbol, m_config.symbol),
                 .showNumbers = chkShowNum->isChecked(),
                 .colours = colours()};
 }

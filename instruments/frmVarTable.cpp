@@ -49,17 +49,25 @@ void frmVarTable::makeFields() {
     } fields[] = {{cmbPin, "cmbPin", tr("&Pin")},
                   {cmbGroup, "cmbGroup", tr("&Group")},
                   {cmbVariable, "cmbVariable", tr("&Variable")}};
-    for (const auto& field : fields) {
-        field.box->setObjectName(QLatin1String(field.name));
-        field.box->setMaxVisibleItems(kVisibleChoices);
-        field.box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-        field.box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        m_fields->addRow(field.label, field.box);
-    }
+    for (const auto& field : fields) insertField(m_fields->rowCount(), field.label, field.name, field.box);
     m_fields->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
     cmbGroup->addItems(pinGroups());
     cmbGroup->setCurrentIndex(-1);
     connect(cmbGroup, &QComboBox::currentIndexChanged, this, &frmVarTable::cmbGroup_Click);
+}
+
+void frmVarTable::insertField(int row, const QString& label, const char* name, QComboBox* box) {
+    box->setObjectName(QLatin1String(name));
+    box->setMaxVisibleItems(kVisibleChoices);
+    box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_fields->insertRow(row, label, box);
+}
+
+void frmVarTable::addFieldBelowPin(const QString& label, const char* name, QComboBox* box) {
+    insertField(1, label, name, box);
+    setTabOrder(cmbPin, box);
+    setTabOrder(box, cmbGroup);
 }
 
 void frmVarTable::makeButtons() {

@@ -31,13 +31,14 @@ protected:
     virtual PinTable remove(Instrument& instrument, int pin);
     /// Puts a row of the grid into the fields.
     virtual void choose(const PinRow& row);
-    QFormLayout* fields() const { return m_fields; }
+    void addFieldBelowPin(const QString& label, const char* name, QComboBox* box);
     int pinCount() const { return m_pins; }
 
     bool m_showsAxis = false; ///< the grid has a column for it
 
 private:
     void makeFields();
+    void insertField(int row, const QString& label, const char* name, QComboBox* box);
     void makeGrid();
     void makeButtons();
     void fillGrid(const PinTable& table);

@@ -3,16 +3,14 @@
 #include "instruments/Instrument.h"
 
 #include <QComboBox>
-#include <QFormLayout>
 
 namespace vistor {
 
 frmVarTableGraph::frmVarTableGraph(QWidget* parent) : frmVarTable(parent), cmbAxis(new QComboBox) {
     m_showsAxis = true;
-    cmbAxis->setObjectName(QStringLiteral("cmbAxis"));
     cmbAxis->addItems({axisName(0), axisName(1)});
     cmbAxis->setCurrentIndex(1);
-    fields()->insertRow(1, tr("Ax&is"), cmbAxis);
+    addFieldBelowPin(tr("Ax&is"), "cmbAxis", cmbAxis);
 }
 
 std::uint8_t frmVarTableGraph::axis() const {

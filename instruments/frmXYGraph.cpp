@@ -1,7 +1,7 @@
 #include "instruments/frmXYGraph.h"
 
 #include "instruments/displays/StripTable.h"
-#include "maths/ConvertUnits.h"
+#include "maths/QtNumberKeys.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -45,15 +45,10 @@ void frmXYGraph::makeTrace() {
     chkFixAspect = addCheck(trace, "chkFixAspect", tr("&Fix Aspect Ratio 1:1"), m_config.fixAspect);
 }
 
-/// Keys that do not belong to a number are not typed; keys without a sign, such as arrows, pass.
 bool frmXYGraph::eventFilter(QObject* watched, QEvent* event) {
     if (watched != txtSymbolSize || event->type() != QEvent::KeyPress)
         return GraphDialog::eventFilter(watched, event);
-    const QString typed = static_cast<QKeyEvent*>(event)->text();
-    if (typed.isEmpty() || !typed.at(0).isPrint()) return false;
-    auto key = static_cast<std::int16_t>(typed.at(0).unicode());
-    NumericKeyFilter(key);
-    return key == 0;
+    return refusesKey(*static_cast<QKeyEvent*>(event));
 }
 
 void frmXYGraph::cmdApply_Click() {
@@ -65,7 +60,7 @@ void frmXYGraph::cmdApply_Click() {
                 .maximumY = numberIn(txtMaxY),
                 .bufferSize = numberIn(txtBufSize),
                 .symbolSize = numberIn(txtSymbolSize),
-                .symbol = cmbSymbol->currentIndex(),
+                .symbol = wordIn(cmbSymbol, m_config.symbol),
                 .gridX = chkGridX->isChecked(),
                 .gridY = chkGridY->isChecked(),
                 .showMarker = chkShowMarker->isChecked(),

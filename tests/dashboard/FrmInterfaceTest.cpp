@@ -354,6 +354,8 @@ TEST_F(FrmInterfaceTest, GridCommands) {
     window.initGrid(200, 0, 0);
     EXPECT_FALSE(window.pic[0]->hasDrawing());
     EXPECT_TRUE(window.pic[1]->hasDrawing()); // only the first page is cleared
+    window.mnuEditMode_Click();
+    EXPECT_FALSE(window.pic[1]->hasDrawing()) << "until the mode changes";
     EXPECT_EQ(gridPlaces(80, 20), (QList<int>{0, 5, 11, 16}));
     EXPECT_TRUE(gridPlaces(0, 20).isEmpty());
     EXPECT_TRUE(gridPlaces(-80, 20).isEmpty());

@@ -3,6 +3,7 @@
 #include "dashboard/WindowSettings.h"
 #include "dashboard/frmInterface.h"
 #include "instruments/ColourBox.h"
+#include "instruments/Colours.h"
 #include "instruments/Instrument.h"
 #include "tests/ScriptedPrompts.h"
 #include "variables/GlobalVarsAndTypes.h"

@@ -1,6 +1,6 @@
 #include "dashboard/PaneLayout.h"
 
-#include "dashboard/Twips.h"
+#include "platform/Twips.h"
 #include "dashboard/WindowSettings.h"
 
 #include <gtest/gtest.h>

@@ -42,6 +42,10 @@ TEST(frmProperties, ShowsVariablesAndLabels) {
     EXPECT_EQ(rowsOf(window), (QStringList{"Variable(s)=", "1 X=Time", "2 Y=Speed", "Grid=NoGrid"}));
     window.DisplayTextData({"Text"}, {"Oil"}, "Text Tag");
     EXPECT_EQ(rowsOf(window), QStringList{"Text=Oil"});
+    const auto* grid = window.findChild<QTableWidget*>();
+    const int narrow = grid->columnWidth(0);
+    window.DisplayTextData({"A label of quite another length"}, {"Oil"}, "Text Tag");
+    EXPECT_GT(grid->columnWidth(0), 2 * narrow) << "no label is cut off";
     window.ClearAll();
     EXPECT_EQ(rowsOf(window), QStringList());
 }

@@ -120,6 +120,26 @@ TEST(frmXYGraph, EditsTheGraphByKeys) {
     for (const auto& e : expected) EXPECT_EQ(p.number(e.number), e.value) << e.number;
 }
 
+TEST(GraphConfig, WhatWasNotTouchedStaysAsItWas) {
+    for (const Kind kind : {Kind::TimeGraph, Kind::XYGraph}) {
+        const auto graph = makeInstrument(kind, nullptr);
+        graph->show();
+        PropertyStore& p = graph->inCTRL().properties();
+        for (const int number : {StripLineStyle, StripSymbolView}) p.setNumber(number, 77); // of no word
+        if (kind == Kind::TimeGraph) p.setNumber(StripGrid, 9);
+        p.setNumber(StripShowMarker, 2);
+        p.setNumber(StripOrigin, 0.1);
+        p.setNumber(StripLength, 0.2);
+        p.setNumber(GraphAutoScaleX, 0);
+        QStringList before;
+        graph->Serialise(before);
+        inDialog(*graph, [&](QDialog& dialog) { press(dialog, "cmdApply"); });
+        QStringList after;
+        graph->Serialise(after);
+        EXPECT_EQ(after, before);
+    }
+}
+
 TEST(GraphConfig, CancelChangesNothing) {
     for (const Kind kind : {Kind::TimeGraph, Kind::XYGraph}) {
         const auto graph = makeInstrument(kind, nullptr);

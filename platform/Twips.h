@@ -6,16 +6,16 @@
 
 namespace vistor {
 
-inline constexpr double kTwipsOfPixel = 15;
+inline constexpr int kTwipsPerPixel = 15;
 
 /// The nearest pixel, bounded to what a window system can place.
 inline int toPixels(double twips) {
     constexpr double kFarthest = 32000;
-    return static_cast<int>(std::lround(std::clamp(twips / kTwipsOfPixel, -kFarthest, kFarthest)));
+    return static_cast<int>(std::lround(std::clamp(twips / kTwipsPerPixel, -kFarthest, kFarthest)));
 }
 
 inline float toTwips(double pixels) {
-    return static_cast<float>(pixels * kTwipsOfPixel);
+    return static_cast<float>(pixels * kTwipsPerPixel);
 }
 
 } // namespace vistor
