@@ -25,7 +25,7 @@ TEST(PlacingRules, PointsSnapToTheLineBeforeThem) {
         float snapped;
     } cases[] = {
         {{true, 80, 0, 0}, 159, 80},    {{true, 80, 0, 0}, 160, 160},  {{true, 80, 0, 0}, -1, -80},
-        {{true, 1, 0, 0}, 7.5F, 7},     {{true, 0, 0, 0}, 159, 159},   {{true, -80, 0, 0}, 159, 159},
+        {{true, 1, 0, 0}, 7.5F, 7},     {{true, 0, 0, 0}, 159, 159},   {{true, -80, 0, 0}, 159, 160},
         {{true, 80, 30, 30}, 159, 110}, {{true, 80, 30, 30}, 29, -50},
     };
     for (const auto& c : cases)

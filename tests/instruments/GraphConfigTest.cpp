@@ -131,12 +131,13 @@ TEST(GraphConfig, WhatWasNotTouchedStaysAsItWas) {
         p.setNumber(StripOrigin, 0.1);
         p.setNumber(StripLength, 0.2);
         p.setNumber(GraphAutoScaleX, 0);
+        static_cast<StripDisplay&>(graph->inCTRL()).tellVisible();
         QStringList before;
         graph->Serialise(before);
         inDialog(*graph, [&](QDialog& dialog) { press(dialog, "cmdApply"); });
         QStringList after;
         graph->Serialise(after);
-        EXPECT_EQ(after, before);
+        for (qsizetype i = 0; i < before.size(); ++i) EXPECT_EQ(after.value(i), before.value(i)) << i;
     }
 }
 

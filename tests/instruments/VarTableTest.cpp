@@ -150,10 +150,11 @@ TEST(frmVarTableGraph, BindsTheAxesOfTracks) {
         EXPECT_EQ(window.dialog.windowTitle(), "Variable Table : XY Graph");
         EXPECT_EQ(window.headers(), (QStringList{"TRACK", "AXIS", "VARIABLE", "VARIABLE TYPE"}));
         EXPECT_EQ(window.grid().rowCount(), 4);
+        window.list("cmbPin").setFocus();
         QTest::keyClick(&window.list("cmbPin"), Qt::Key_Tab);
-        EXPECT_EQ(QApplication::focusWidget(), &window.list("cmbAxis"));
+        EXPECT_EQ(window.dialog.focusWidget(), &window.list("cmbAxis"));
         QTest::keyClick(&window.list("cmbAxis"), Qt::Key_Tab);
-        EXPECT_EQ(QApplication::focusWidget(), &window.list("cmbGroup"));
+        EXPECT_EQ(window.dialog.focusWidget(), &window.list("cmbGroup"));
         EXPECT_EQ(window.list("cmbAxis").width(), window.list("cmbPin").width());
         window.choose("cmbPin", "2");
         window.choose("cmbGroup", "GPS variables");
