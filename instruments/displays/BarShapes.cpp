@@ -76,8 +76,8 @@ QPolygonF ellipsePart(const BarSpan& whole, double from, double to) {
     return roundedPart(whole, from, to, std::abs(whole.to - whole.from) / 2, whole.width() / 2);
 }
 
-QPainterPath thermometer(const BarSpan& tube, bool roundEnd) {
-    const double sign = tube.to < tube.from ? -1 : 1;
+QPainterPath thermometer(const BarSpan& tube, double direction, bool roundEnd) {
+    const double sign = direction < 0 ? -1 : 1;
     const double radius = kBulbShare * tube.width();
     const double centre = tube.from - sign * radius * kBulbOverlap;
     const double middle = (tube.near + tube.far) / 2;

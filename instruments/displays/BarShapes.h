@@ -32,8 +32,9 @@ double tankDepth(double width);
 QPolygonF roundedPart(const BarSpan& whole, double from, double to, double depth, double corner);
 /// The same of an ellipse that fills the whole bar.
 QPolygonF ellipsePart(const BarSpan& whole, double from, double to);
-/// A tube with its bulb before the start; its other end is rounded or, for a column inside it, flat.
-QPainterPath thermometer(const BarSpan& tube, bool roundEnd);
+/// A tube with its bulb before the start, as seen in the scale's direction (below 0: up or to the left). Its
+/// other end is rounded or, for a column inside it, flat.
+QPainterPath thermometer(const BarSpan& tube, double direction, bool roundEnd);
 /// A drum on its end; `tankEnd` is the lid at `to`.
 QPainterPath tank(const BarSpan& drum);
 QRectF tankEnd(const BarSpan& drum);

@@ -44,7 +44,7 @@ void paintBand(QPainter& painter, const PropertyStore& p, const LinearLayout& la
         painter.drawPolygon(ellipsePart(span, span.from, span.to));
         break;
     case BandStyle::Thermometer:
-        paintVessel(painter, thermometer(span, true), span, colour, shaded);
+        paintVessel(painter, thermometer(span, span.to - span.from, true), span, colour, shaded);
         break;
     case BandStyle::Tank:
         paintTank(painter, span, colour, shaded);

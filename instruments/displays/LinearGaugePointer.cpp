@@ -60,7 +60,8 @@ void LinearPointer::paintBar(QPainter& painter, const BarSpan& bar) const {
     painter.setBrush(m_light);
     switch (m_pointer.form) {
     case BandStyle::Thermometer:
-        painter.drawPath(thermometer(bar, false));
+        // By the scale: a column of no length has no direction of its own.
+        painter.drawPath(thermometer(bar, m_pointer.on.stop - m_pointer.on.start, false));
         break;
     case BandStyle::Tank:
         paintTank(painter, bar);

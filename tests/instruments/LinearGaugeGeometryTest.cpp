@@ -43,7 +43,7 @@ TEST(LinearGaugeGeometry, FormsKeepToTheirBars) {
         EXPECT_EQ(ellipsePart(bar, bar.from, bar.to).boundingRect(), whole);
         EXPECT_EQ(roundedPart(bar, bar.from, bar.to, 5, 5).boundingRect(), whole);
         const double sign = bar.to < bar.from ? -1 : 1;
-        const QRectF vessel = thermometer(bar, true).boundingRect();
+        const QRectF vessel = thermometer(bar, bar.to - bar.from, true).boundingRect();
         EXPECT_EQ(vessel.united(bar.rect(bar.from - sign * bulbReach(20), bar.to)).width(), vessel.width());
         EXPECT_EQ(vessel.united(bar.rect(bar.from - sign * bulbReach(20), bar.to)).height(), vessel.height());
         const double depth = tankDepth(20);

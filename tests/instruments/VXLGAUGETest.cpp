@@ -197,5 +197,22 @@ TEST(VXLGAUGE, MovingPointersLeaveNoTrace) {
     }
 }
 
+TEST(VXLGAUGE, BarsLeaveNoTraceAtTheStartOfTheirScale) {
+    for (int form = 0; form <= int(BandStyle::Tank); ++form)
+        for (int backward = 0; backward <= 1; ++backward) {
+            ShownLinear shown(160, 300);
+            shown.p.setNumber(LinearScaleMin, 40);
+            shown.p.setNumber(LinearBarForm, form);
+            shown.p.setNumber(LinearDirection, backward);
+            shown.gauge.mode(false);
+            shown.gauge.show();
+            QTest::qWait(20);
+            for (const float value : {45.0F, 40.0F, 0.0F, 55.0F}) {
+                shown.gauge.refreshValue(1, value);
+                expectNoTrace(shown.gauge, value);
+            }
+        }
+}
+
 } // namespace
 } // namespace vistor
