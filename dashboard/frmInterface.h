@@ -154,9 +154,9 @@ public:
     /// Asks for a file and loads it. Cancelled, it detaches what is open from its file.
     void LoadVis();
     void loadLastFile(const QString& path);
-    /// Reads a file on top of what stands; one that cannot be read counts as empty. False when an event in
-    /// the middle cleared the pages or unloaded the window: the rest is then left out.
-    bool LoadProfileFile(const QString& path);
+    /// Reads a file on top of what stands; one that cannot be read counts as empty. When an event in the
+    /// middle clears the pages or unloads the window, the rest is left out.
+    void LoadProfileFile(const QString& path);
 
     void mnuNewTab_Click();
     void mnuNewPane_Click();

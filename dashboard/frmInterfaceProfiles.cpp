@@ -14,6 +14,7 @@
 namespace vistor {
 
 bool frmInterface::askToSave() {
+    if (m_loadingProfile) return false; // nobody could save half of it
     const Answer answer =
         MsgBox(QStringLiteral("Do you want to save changes ?"), Icon::Question, Buttons::YesNoCancel);
     if (answer == Answer::Yes) mnuSaveConfig_Click();
@@ -43,24 +44,25 @@ void frmInterface::LoadVis() {
     const auto path = askForFile(OpenFile, "Load Profile...");
     HasProfilePath = path.has_value();
     if (!path) return setWindowTitle(QStringLiteral("Untitled"));
-    ProfilePath = *path;
-    if (!LoadProfileFile(*path)) return;
-    setWindowTitle(*path);
-    ProfileChanged = true;
+    loadLastFile(*path);
+    if (HasProfilePath) ProfileChanged = true;
 }
 
 void frmInterface::loadLastFile(const QString& path) {
     HasProfilePath = true;
     ProfilePath = path;
-    if (LoadProfileFile(path)) setWindowTitle(path);
+    LoadProfileFile(path);
+    if (HasProfilePath) setWindowTitle(path); // unless an event in the middle began a new one
 }
 
 void frmInterface::mnuSaveConfig_Click() {
+    if (m_loadingProfile) return; // half of what is being loaded is no profile
     if (!HasProfilePath) ProfilePath = askForFile(SaveFile, "Save Profile...").value_or(QString());
     saveProfile(ProfilePath);
 }
 
 void frmInterface::mnuSaveAs_Click() {
+    if (m_loadingProfile) return;
     const auto path = askForFile(SaveFile, "Save Profile As...");
     if (!path || path->isEmpty()) return;
     ProfilePath = *path;
@@ -77,7 +79,7 @@ std::optional<QString> frmInterface::askForFile(std::optional<QString> (*ask)(co
 
 /// A file that cannot be written is passed over; then the old one stands.
 void frmInterface::saveProfile(const QString& path) {
-    if (path.isEmpty() || m_loadingProfile) return; // half of what is being loaded is no profile
+    if (path.isEmpty()) return;
     const Hourglass hourglass;
     IniFile file;
     const Profile profile = currentProfile();
@@ -116,7 +118,7 @@ Profile frmInterface::currentProfile() {
     return profile;
 }
 
-bool frmInterface::LoadProfileFile(const QString& path) {
+void frmInterface::LoadProfileFile(const QString& path) {
     const Hourglass hourglass;
     const QScopedValueRollback loading(m_loadingProfile, true);
     const Profile profile = readProfile(IniFile::load(path));
@@ -125,9 +127,7 @@ bool frmInterface::LoadProfileFile(const QString& path) {
     if (ShowGrid == 1 && !PlayMode) DrawGrid();
     DataSourceDescriptor = profile.port;
     Q_EMIT sourceChanged();
-    if (!placeInstruments(profile.instruments)) return false;
-    mainTab->Tab(0);
-    return true;
+    if (placeInstruments(profile.instruments)) mainTab->Tab(0);
 }
 
 void frmInterface::takeSize(const Profile& profile) {

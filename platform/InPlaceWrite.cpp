@@ -23,8 +23,9 @@ bool writeInPlace(const QString& path, const QByteArray& bytes) {
 
 bool replaceInPlace(const QString& path, const QByteArray& bytes) {
     if (QFileInfo(path).isFile() && !QFile(path).open(QIODevice::ReadWrite)) {
-        const QString beside = path + QStringLiteral(".new");
-        if (QFile::exists(beside) || !writeInPlace(beside, bytes)) return false;
+        QString beside = path + QStringLiteral(".new");
+        for (int n = 1; QFile::exists(beside); ++n) beside = path + QStringLiteral(".new%1").arg(n);
+        if (!writeInPlace(beside, bytes)) return false;
         return (QFile::remove(path) && QFile::rename(beside, path)) || (QFile::remove(beside), false);
     }
     return writeInPlace(path, bytes) && QFile::resize(path, bytes.size());
