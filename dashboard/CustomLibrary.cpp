@@ -1,5 +1,6 @@
 #include "dashboard/CustomLibrary.h"
 
+#include "dashboard/ItemList.h"
 #include "dashboard/PaletteEntries.h"
 #include "platform/CodePage.h"
 #include "platform/IniFile.h"
@@ -7,15 +8,12 @@
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace vistor {
 namespace {
 
 constexpr int kKeyBuffer = 50;
-constexpr int kItemBuffer = 200;
 constexpr int kMostNumber = 1 << 30;
-constexpr int kSpareItems = 4096; ///< that a list may declare beyond all that the file holds
 
 const QString kCount = QStringLiteral("CNT");
 const QString kNothing = QStringLiteral("0");
@@ -41,7 +39,7 @@ QString text(const IniFile& file, const QString& section, const QString& key, in
 }
 
 int wholeNumber(const QString& digits, int most) {
-    return static_cast<int>(std::nearbyint(std::clamp(leadingNumber(digits), 0.0, double(most))));
+    return boundedWhole(digits, 0, most);
 }
 
 QString keyAt(const IniFile& file, Kind kind, int number) {
@@ -131,10 +129,7 @@ QStringList customList(const IniFile& file, Kind kind, int number) {
     const int highest =
         wholeNumber(text(file, countSection(kind), QString::number(number), kItemBuffer), kMostNumber);
     const qsizetype count = std::min<qsizetype>(qsizetype{highest} + 1, file.keyCount() + kSpareItems);
-    QStringList list;
-    for (qsizetype item = 0; item < count; ++item)
-        list << text(file, listSection(kind, number), QString::number(item), kItemBuffer);
-    return list;
+    return readItems(file, listSection(kind, number), count);
 }
 
 QString customThumbnail(const IniFile& file, Kind kind, int number) {
@@ -155,8 +150,7 @@ void addCustomEntry(IniFile& file, Kind kind, const QString& key, const QStringL
     file.setValue(typeSection(kind), place, key);
     file.setValue(countSection(kind), place, QString::number(highest));
     setCustomThumbnail(file, kind, number, thumbnail);
-    for (qsizetype item = 0; item < list.size(); ++item)
-        file.setValue(listSection(kind, number), QString::number(item), list.at(item));
+    writeItems(file, listSection(kind, number), list);
 }
 
 bool saveLibrary(const IniFile& file) {

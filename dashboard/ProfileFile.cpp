@@ -1,5 +1,7 @@
 #include "dashboard/ProfileFile.h"
 
+#include "dashboard/ItemList.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -7,13 +9,13 @@ namespace vistor {
 namespace {
 
 constexpr int kNumberBuffer = 10;
+// As far as the buffer of a number holds digits and sign, so that what was read is written alike.
+constexpr double kLeastNumber = -99'999'999;
+constexpr double kMostNumber = 999'999'999;
 constexpr int kPortBuffer = 200;
 constexpr int kCaptionBuffer = 30;
 constexpr int kNameBuffer = 20;
-constexpr int kItemBuffer = 200;
 
-/// Items that a document may declare beyond those that it holds, over all its instruments.
-constexpr qsizetype kSpareItems = 4096;
 /// Items that instruments may take when several of them share a section.
 constexpr qsizetype kSharedItems = 1'000'000;
 
@@ -40,12 +42,11 @@ QString ownSection(const ProfileInstrument& instrument) {
 }
 
 double boundedNumber(const QString& text) {
-    // As far as the buffer of a number holds its digits and sign, so that what was read is written alike.
-    return std::clamp(leadingNumber(text), -99'999'999.0, 999'999'999.0);
+    return std::clamp(leadingNumber(text), kLeastNumber, kMostNumber);
 }
 
 int wholeNumber(const QString& text) {
-    return static_cast<int>(std::nearbyint(boundedNumber(text)));
+    return boundedWhole(text, kLeastNumber, kMostNumber);
 }
 
 double number(const IniFile& file, const QString& section, const char* key) {
@@ -121,8 +122,7 @@ private:
         const qsizetype count = std::clamp<qsizetype>(qsizetype{instrument.highest} + 1, 0, most);
         m_items -= count;
         m_spare -= std::max<qsizetype>(0, count - held);
-        for (qsizetype item = 0; item < count; ++item)
-            instrument.list << m_file.value(section, QString::number(item), QStringLiteral("0"), kItemBuffer);
+        instrument.list = readItems(m_file, section, count);
         instrument.highest = static_cast<int>(count) - 1;
     }
 
@@ -158,8 +158,7 @@ void WriteProfileInstruments(const Profile& profile, IniFile& file) {
     for (const ProfileInstrument& instrument : profile.instruments) {
         const QString section = ownSection(instrument);
         file.setValue(section, QStringLiteral("MEM"), QString::number(instrument.highest));
-        for (qsizetype item = 0; item < instrument.list.size(); ++item)
-            file.setValue(section, QString::number(item), instrument.list.at(item));
+        writeItems(file, section, instrument.list);
     }
 }
 

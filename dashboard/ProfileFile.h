@@ -15,7 +15,7 @@ namespace vistor {
 struct ProfileInstrument {
     Kind kind = Kind::AngularGauge;
     int tab = 0;
-    int index = 0;   ///< its number in its kind's array; in a file no more than a label
+    int index = 0;   ///< its number in its kind's array; of one that was read, its key
     double left = 0; ///< twips, on its page
     double top = 0;
     int highest = 0;  ///< index of the last item, as the instrument gives it

@@ -186,8 +186,7 @@ Page* frmInterface::addPage() {
 }
 
 void frmInterface::showPageInFront() {
-    for (const Page* page : pic)
-        pic[static_cast<std::size_t>(page->number())]->setVisible(page->number() == CurrentTab);
+    for (Page* page : pic) page->setVisible(page->number() == CurrentTab);
 }
 
 void frmInterface::mainTab_Click() {

@@ -182,7 +182,6 @@ TEST_F(PlacingTest, HandlesSizeFromTheCornerThatStays) {
 TEST_F(PlacingTest, AHandleAcrossTheOppositeEdgeTurnsTheInstrumentOver) {
     Instrument* sized = placed(4500, 4500);
     const QPoint corner(300 + 199, 300 + 99);
-    std::vector<QPoint> road = {corner};
     drag({corner, {400, 350}, {301, 301}, {250, 280}, {200, 250}, {180, 240}});
     EXPECT_EQ(box(*sized), (PlacedBox{2700, 3600, 1800, 900})) << "from its own corner to the pointer";
     drag({{181, 241}, {277, 297}, {299, 299}});
