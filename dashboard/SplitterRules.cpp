@@ -13,12 +13,6 @@ bool wantsVertical(int style) {
     return style == kSinglePaneLeft || style == kSinglePaneRight;
 }
 
-SplitterBoxes singlePane(const SplitterState& state) {
-    const SplitterBox all{0, 0, state.width, state.height};
-    const bool first = state.style == kSinglePaneLeft || state.style == kSinglePaneTop;
-    return first ? SplitterBoxes{all, {}, {}} : SplitterBoxes{{}, {}, all};
-}
-
 } // namespace
 
 int limitedBar(int place, int minimum, int extent) {
@@ -54,23 +48,10 @@ void dragBar(SplitterState& state, int move) {
         state.barTop = limitedBar(state.barTop + move, state.minHorizontalSize, state.height);
 }
 
-SplitterBoxes arrange(const SplitterState& state) {
-    if (state.style != kTwoPanes) return singlePane(state);
-    SplitterBoxes boxes;
-    if (state.orientation == kVerticalBar) {
-        const int bar = std::clamp(state.barWidth, 0, state.width);
-        const int left = std::clamp(state.barLeft, 0, state.width - bar);
-        boxes.pane0 = {0, 0, left, state.height};
-        boxes.bar = {left, 0, bar, state.height};
-        boxes.pane1 = {left + bar, 0, state.width - left - bar, state.height};
-    } else {
-        const int bar = std::clamp(state.barHeight, 0, state.height);
-        const int top = std::clamp(state.barTop, 0, state.height - bar);
-        boxes.pane0 = {0, 0, state.width, top};
-        boxes.bar = {0, top, state.width, bar};
-        boxes.pane1 = {0, top + bar, state.width, state.height - top - bar};
-    }
-    return boxes;
+int shownBar(const SplitterState& state) {
+    const bool vertical = state.orientation == kVerticalBar;
+    const int room = vertical ? state.width - state.barWidth : state.height - state.barHeight;
+    return std::clamp(vertical ? state.barLeft : state.barTop, 0, std::max(room, 0));
 }
 
 } // namespace vistor

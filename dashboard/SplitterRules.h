@@ -1,5 +1,5 @@
-// The rules of the two-pane control, without a window: its properties, their limits and where bar and panes
-// stand. Twips throughout.
+// The rules of the two-pane control, without a window: its properties, their limits and where its bar stands.
+// Twips throughout.
 #pragma once
 
 #include <QString>
@@ -43,22 +43,7 @@ QString applyOrientation(SplitterState& state, int orientation);
 /// The bar's place after the mouse moved it.
 void dragBar(SplitterState& state, int move);
 
-struct SplitterBox {
-    int left = 0;
-    int top = 0;
-    int width = 0;
-    int height = 0;
-
-    bool operator==(const SplitterBox&) const = default;
-};
-
-struct SplitterBoxes {
-    SplitterBox pane0; ///< left or top; empty where it is not shown
-    SplitterBox bar;
-    SplitterBox pane1;
-};
-
-/// Where everything stands. A bar that stands outside the control is taken as standing at its edge.
-SplitterBoxes arrange(const SplitterState& state);
+/// Where the bar is shown: its place as far as that lies inside the control.
+int shownBar(const SplitterState& state);
 
 } // namespace vistor

@@ -5,7 +5,10 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QSplitter>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace vistor {
 namespace {
@@ -17,32 +20,28 @@ int whole(float twips) {
     return static_cast<int>(twips);
 }
 
-/// Edges are rounded, not sizes, so that neighbours touch.
-QRect pixelRect(const SplitterBox& box) {
-    const QPoint first(toPixels(box.left), toPixels(box.top));
-    const QPoint behind(toPixels(box.left + box.width), toPixels(box.top + box.height));
-    return {first, behind - QPoint(1, 1)};
-}
-
-void place(QWidget* widget, const SplitterBox& box) {
-    widget->setVisible(box.width > 0 && box.height > 0);
-    widget->setGeometry(pixelRect(box));
+QWidget* addPane(QSplitter& splitter, const char* name) {
+    auto* pane = new QWidget(&splitter);
+    pane->setObjectName(QLatin1String(name));
+    pane->setMinimumSize(1, 1); // the limits are the control's own
+    splitter.addWidget(pane);
+    return pane;
 }
 
 } // namespace
 
 VXSPLITTER::VXSPLITTER(QWidget* parent)
-    : QWidget(parent), m_pane0(new QWidget(this)), m_pane1(new QWidget(this)), m_bar(new QWidget(this)) {
-    m_pane0->setObjectName(QStringLiteral("Pane0"));
-    m_pane1->setObjectName(QStringLiteral("Pane1"));
-    m_bar->setObjectName(QStringLiteral("bar"));
-    m_bar->installEventFilter(this);
+    : QWidget(parent),
+      m_splitter(new QSplitter(this)),
+      m_pane0(addPane(*m_splitter, "Pane0")),
+      m_pane1(addPane(*m_splitter, "Pane1")) {
+    m_splitter->setChildrenCollapsible(false);
+    connect(m_splitter, &QSplitter::splitterMoved, this, &VXSPLITTER::splitterMoved);
     Size(kFirstWidth, kFirstHeight);
     m_state.width = kFirstWidth;
     m_state.height = kFirstHeight;
     m_state.barLeft = kFirstWidth / 2;
     m_state.barTop = kFirstHeight / 2;
-    setPointer();
     Refresh();
 }
 
@@ -64,7 +63,6 @@ void VXSPLITTER::setBorderStyle(int style) {
 
 void VXSPLITTER::setStyle(int style) {
     applyStyle(m_state, style);
-    setPointer();
     Refresh();
 }
 
@@ -104,23 +102,20 @@ void VXSPLITTER::setSplitterOrientation(int orientation) {
         MsgBox(refusal, Icon::None, Buttons::Ok, QStringLiteral("vbuSplitter"));
         return;
     }
-    setPointer();
     Refresh();
 }
 
-void VXSPLITTER::setPointer() {
-    m_bar->setCursor(m_state.orientation == kVerticalBar ? Qt::SplitHCursor : Qt::SplitVCursor);
-}
-
 void VXSPLITTER::Refresh() {
-    const SplitterBoxes boxes = arrange(m_state);
-    place(m_pane0, boxes.pane0);
-    place(m_bar, boxes.bar);
-    place(m_pane1, boxes.pane1);
-    if (m_borderStyle != 0) {
-        const QRect inside = rect().adjusted(1, 1, -1, -1);
-        for (QWidget* part : {m_pane0, m_bar, m_pane1}) part->setGeometry(part->geometry() & inside);
-    }
+    const bool vertical = m_state.orientation == kVerticalBar;
+    const int style = m_state.style;
+    m_splitter->setGeometry(m_borderStyle == 0 ? rect() : rect().adjusted(1, 1, -1, -1));
+    m_splitter->setOrientation(vertical ? Qt::Horizontal : Qt::Vertical);
+    m_splitter->setHandleWidth(toPixels(vertical ? m_state.barWidth : m_state.barHeight));
+    m_pane0->setVisible(style != kSinglePaneRight && style != kSinglePaneBottom);
+    m_pane1->setVisible(style != kSinglePaneLeft && style != kSinglePaneTop);
+    const int extent = vertical ? m_splitter->width() : m_splitter->height();
+    const int bar = toPixels(shownBar(m_state));
+    m_splitter->setSizes({bar, std::max(extent - bar - m_splitter->handleWidth(), 0)});
     update();
 }
 
@@ -147,38 +142,9 @@ void VXSPLITTER::paintEvent(QPaintEvent*) {
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
-bool VXSPLITTER::eventFilter(QObject* watched, QEvent* event) {
-    return (watched == m_bar && barEvent(event)) || QWidget::eventFilter(watched, event);
-}
-
-bool VXSPLITTER::barEvent(QEvent* event) {
-    const bool vertical = m_state.orientation == kVerticalBar;
-    switch (event->type()) {
-    case QEvent::MouseButtonPress: {
-        const auto* mouse = static_cast<QMouseEvent*>(event);
-        if (mouse->button() != Qt::LeftButton) return false;
-        m_dragging = true;
-        const QPoint place = mouse->position().toPoint();
-        m_grip = vertical ? place.x() : place.y();
-        return true;
-    }
-    case QEvent::MouseMove:
-        if (m_dragging) dragTo(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
-        return m_dragging;
-    case QEvent::MouseButtonRelease:
-        m_dragging = false;
-        Refresh();
-        return true;
-    default:
-        return false;
-    }
-}
-
-void VXSPLITTER::dragTo(const QPoint& place) {
-    const QPoint inside = mapFromGlobal(place);
-    const bool vertical = m_state.orientation == kVerticalBar;
-    const int edge = (vertical ? inside.x() : inside.y()) - m_grip;
-    dragBar(m_state, whole(toTwips(edge)) - (vertical ? m_state.barLeft : m_state.barTop));
+/// The bar is put back where it went beyond its limits.
+void VXSPLITTER::splitterMoved(int place) {
+    dragBar(m_state, whole(toTwips(place - toPixels(shownBar(m_state)))));
     Refresh();
 }
 

@@ -1,11 +1,14 @@
 // The control with two panes and a bar between them; it holds the palette. In: its properties and drags of
-// the bar. Out: the places of its children "Pane0" (left or top) and "Pane1", and its surface's mouse events.
+// the bar. Out: the places of its children "Pane0" (left or top) and "Pane1", which a splitter of the toolkit
+// lays out, and its surface's mouse events.
 #pragma once
 
 #include "dashboard/SplitterRules.h"
 
 #include <QColor>
 #include <QWidget>
+
+class QSplitter;
 
 namespace vistor {
 
@@ -65,7 +68,6 @@ Q_SIGNALS:
     void MouseUp(Qt::MouseButton button, const QPoint& place);
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -74,17 +76,13 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
-    bool barEvent(QEvent* event);
-    void dragTo(const QPoint& place);
-    void setPointer();
+    void splitterMoved(int place);
 
     SplitterState m_state;
     int m_borderStyle = 0;
-    bool m_dragging = false;
-    int m_grip = 0; ///< pixels from the bar's edge to where the mouse went down on it
+    QSplitter* m_splitter;
     QWidget* m_pane0;
     QWidget* m_pane1;
-    QWidget* m_bar;
 };
 
 } // namespace vistor

@@ -2,6 +2,7 @@
 #include "dashboard/VXSPLITTER.h"
 #include "tests/ScriptedPrompts.h"
 
+#include <QSplitter>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -44,24 +45,34 @@ TEST(SplitterRules, StyleTurnsTheBarAndKeepsItInside) {
     }
 }
 
-TEST(SplitterRules, PanesFillTheControl) {
+TEST(VXSPLITTER, PanesFillTheControl) {
     struct Case {
-        SplitterState state;
-        SplitterBox pane0, bar, pane1;
+        int style, orientation;
+        int left, top; ///< of the bar, twips
+        QRect pane0, pane1;
     };
     const Case cases[] = {
-        {stateOf(kTwoPanes, kVerticalBar), {0, 0, 1000, 2000}, {1000, 0, 60, 2000}, {1060, 0, 1940, 2000}},
-        {stateOf(kTwoPanes, kHorizontalBar), {0, 0, 3000, 800}, {0, 800, 3000, 60}, {0, 860, 3000, 1140}},
-        {stateOf(kTwoPanes, kVerticalBar, 9999), {0, 0, 2940, 2000}, {2940, 0, 60, 2000}, {3000, 0, 0, 2000}},
-        {stateOf(kTwoPanes, kVerticalBar, -7), {0, 0, 0, 2000}, {0, 0, 60, 2000}, {60, 0, 2940, 2000}},
-        {stateOf(kSinglePaneLeft, kVerticalBar), {0, 0, 3000, 2000}, {}, {}},
-        {stateOf(kSinglePaneBottom, kHorizontalBar), {}, {}, {0, 0, 3000, 2000}},
+        {kTwoPanes, kVerticalBar, 1500, 0, {0, 0, 100, 200}, {104, 0, 296, 200}},
+        {kTwoPanes, kHorizontalBar, 0, 900, {0, 0, 400, 60}, {0, 64, 400, 136}},
+        {kTwoPanes, kVerticalBar, 150, 0, {0, 0, 10, 200}, {14, 0, 386, 200}}, // nearer than a drag may go
+        {kSinglePaneLeft, kVerticalBar, 1500, 0, {0, 0, 400, 200}, {}},
+        {kSinglePaneBottom, kHorizontalBar, 0, 900, {}, {0, 0, 400, 200}},
     };
     for (const Case& c : cases) {
-        const SplitterBoxes boxes = arrange(c.state);
-        EXPECT_EQ(boxes.pane0, c.pane0);
-        EXPECT_EQ(boxes.bar, c.bar);
-        EXPECT_EQ(boxes.pane1, c.pane1);
+        VXSPLITTER splitter;
+        splitter.Size(6000, 3000);
+        splitter.show();
+        splitter.setStyle(c.style);
+        splitter.setSplitterOrientation(c.orientation);
+        splitter.setSplitterLeft(c.left);
+        splitter.setSplitterTop(c.top);
+        for (const auto& [number, place] : {std::pair(0, c.pane0), std::pair(1, c.pane1)}) {
+            EXPECT_EQ(splitter.pane(number)->isVisible(), !place.isEmpty()) << c.left << ' ' << number;
+            if (place.isEmpty()) continue;
+            EXPECT_EQ(splitter.pane(number)->geometry(), place) << c.left;
+        }
+        splitter.Size(7500, 3000);
+        EXPECT_EQ(splitter.SplitterLeft(), c.left) << "only the second pane grows";
     }
 }
 
@@ -95,7 +106,7 @@ TEST(VXSPLITTER, TheBarFollowsTheMouseWithinItsLimits) {
     splitter.Size(6000, 3000);
     splitter.setSplitterLeft(3000);
     splitter.show();
-    auto* bar = splitter.findChild<QWidget*>("bar");
+    QWidget* bar = splitter.findChild<QSplitter*>()->handle(1);
     ASSERT_EQ(bar->x(), 200);
     QTest::mousePress(bar, Qt::LeftButton, {}, QPoint(1, 20));
     QTest::mouseMove(bar, QPoint(1 - 50, 20));
