@@ -19,7 +19,7 @@
 namespace vistor {
 namespace {
 
-constexpr double kLargestTwips = 4096.0 * kTwipsPerPixel;
+constexpr double kLargestTwips = 8192.0 * kTwipsPerPixel;
 constexpr int kTagFontPixels = 11;
 
 /// The size that an item of a list asks for; `before` for an unusable one.

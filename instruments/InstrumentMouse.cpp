@@ -29,7 +29,8 @@ QString shownValue(const PropertyStore& properties, const ShownProperty& shown) 
         return shown.asFlag ? flagWord(choice == 1)
                             : QLatin1String(info->choices.words[static_cast<std::size_t>(choice)]);
     }
-    return isText(info->type) ? properties.text(shown.number) : textOfNumber(properties.number(shown.number));
+    if (isText(info->type)) return properties.text(shown.number);
+    return textOfNumber(properties.number(shown.number), info->live); // samples have 32 bits
 }
 
 /// Painted once for each density of screen.

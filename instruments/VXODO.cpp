@@ -12,9 +12,9 @@ QStringList VXODO::shownLabels() const {
 
 QStringList VXODO::shownValues() const {
     const PropertyStore& p = inCTRL().properties();
-    return {QString::number(inCTRL().width() * kTwipsPerPixel),
-            QString::number(inCTRL().height() * kTwipsPerPixel), textOfNumber(p.number(OdoDigits)),
-            textOfNumber(p.number(OdoDecimals)), textOfNumber(p.number(OdoValue))};
+    return {textOfNumber(displayTwips().width()), textOfNumber(displayTwips().height()),
+            textOfNumber(p.number(OdoDigits)), textOfNumber(p.number(OdoDecimals)),
+            textOfNumber(p.number(OdoValue), true)};
 }
 
 } // namespace vistor

@@ -69,6 +69,7 @@ void frmVXTextTagProp::makeFields() {
                                                       {cmdApply, "cmdApply"}};
     for (const auto& [widget, name] : names) widget->setObjectName(QLatin1String(name));
     txt->setMaxLength(kLongestCaption);
+    m_fontWords->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     for (const char* word : kAlignmentWords) cmbAlign->addItem(QLatin1String(word));
     for (QPushButton* button : {cmdFont, cmdResetForeColour, cmdResetBackColour})
         button->setAutoDefault(false);
@@ -105,6 +106,7 @@ void frmVXTextTagProp::readTag() {
 
 void frmVXTextTagProp::showFont() {
     m_fontWords->setText(fontWords(m_font));
+    m_fontWords->setToolTip(Qt::convertFromPlainText(m_fontWords->text()));
 }
 
 void frmVXTextTagProp::setColours(std::int32_t fore, std::int32_t back) {

@@ -14,8 +14,10 @@ constexpr int kDigits = 10;
 constexpr int kBlankFace = 10;
 constexpr int kMinusFace = 11;
 constexpr int kFaces = 13;
-constexpr double kBend = 0.93;     ///< how much of the half drum is seen
-constexpr double kSeen = 0.74;     ///< digits from the middle of the window to its edge
+constexpr double kBend = 0.93; ///< how much of the half drum is seen
+constexpr double kSeen = 0.74; ///< digits from the middle of the window to its edge
+constexpr double kLargestFace =
+    150'000;                       ///< pixels; larger drums are painted coarser, since all faces are kept
 constexpr double kFaceShare = 0.9; ///< height of a digit's face over that of the window
 
 /// One channel between two of 8 bits, 256 being all of the second.
@@ -33,7 +35,8 @@ QRgb lit(QRgb a, QRgb b, int blend, int share, int shine) {
 } // namespace
 
 DrumPicture::DrumPicture(const DrumLook& look, const QSizeF& size, double ratio)
-    : m_pixels((size * ratio).toSize().expandedTo(QSize(1, 1))), m_ratio(ratio) {
+    : m_ratio(std::min(ratio, std::sqrt(kLargestFace / std::max(size.width() * size.height(), 1.0)))) {
+    m_pixels = (size * m_ratio).toSize().expandedTo(QSize(1, 1));
     m_cell = std::max(qRound(m_pixels.height() * kFaceShare), 1);
     m_lights.resize(static_cast<std::size_t>(m_pixels.height()));
     for (int y = 0; y < m_pixels.height(); ++y) {
@@ -48,7 +51,7 @@ DrumPicture::DrumPicture(const DrumLook& look, const QSizeF& size, double ratio)
         light.share = qRound(256 * std::clamp(0.16 + 0.9 * facing, 0.0, 1.0));
         light.shine = qRound(22 * std::exp(-std::pow((t + 0.34) / 0.26, 2)));
     }
-    paintFaces(look, ratio);
+    paintFaces(look, m_ratio);
 }
 
 void DrumPicture::paintFaces(const DrumLook& look, double ratio) {

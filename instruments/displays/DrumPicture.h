@@ -24,7 +24,7 @@ struct DrumLook {
 class DrumPicture {
 public:
     DrumPicture() = default;
-    /// `size` in logical pixels.
+    /// `size` in logical pixels, `ratio` device pixels to one of them.
     DrumPicture(const DrumLook& look, const QSizeF& size, double ratio);
 
     /// Drums at rest are kept.

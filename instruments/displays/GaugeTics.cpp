@@ -36,17 +36,26 @@ TicRun ticRunOf(const PropertyStore& properties, const TicNumbers& numbers, cons
                   step != 0 ? step : automaticStep(properties, numbers, scale, section));
 }
 
-std::vector<QString> ticTexts(const PropertyStore& properties, const TicNumbers& numbers, const TicRun& run,
-                              int section) {
+TicFormat ticFormat(const PropertyStore& properties, const TicNumbers& numbers, const TicRun& run,
+                    int section) {
     const double asked = properties.number(numbers.divisor, section);
     const double divisor = asked != 0 && std::isfinite(asked) ? asked : 1;
     const int wanted = properties.integer(numbers.decimals, section);
     const int decimals = wanted < 0 ? labelDecimals(run, divisor) : std::min(wanted, kMostDecimals);
     const QString unit =
         numbers.unit != 0 ? properties.text(numbers.unit, section).left(kLongestUnit) : QString();
+    return {divisor, decimals, unit};
+}
+
+QString TicFormat::text(double value) const {
+    return labelText(value / divisor, decimals) + unit;
+}
+
+std::vector<QString> ticTexts(const PropertyStore& properties, const TicNumbers& numbers, const TicRun& run,
+                              int section) {
+    const TicFormat format = ticFormat(properties, numbers, run, section);
     std::vector<QString> texts;
-    for (int tic = 0; tic < run.count; ++tic)
-        texts.push_back(labelText(run.value(tic) / divisor, decimals) + unit);
+    for (int tic = 0; tic < run.count; ++tic) texts.push_back(format.text(run.value(tic)));
     return texts;
 }
 

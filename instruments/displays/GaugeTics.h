@@ -25,6 +25,17 @@ struct TicNumbers {
 TicRun ticRunOf(const PropertyStore& properties, const TicNumbers& numbers, const ValueRange& scale,
                 int section);
 
+/// How the numbers beside a row of tics are written.
+struct TicFormat {
+    double divisor = 1;
+    int decimals = 0;
+    QString unit;
+
+    QString text(double value) const;
+};
+TicFormat ticFormat(const PropertyStore& properties, const TicNumbers& numbers, const TicRun& run,
+                    int section);
+
 /// The numbers beside the tics, one for each.
 std::vector<QString> ticTexts(const PropertyStore& properties, const TicNumbers& numbers, const TicRun& run,
                               int section);

@@ -5,10 +5,13 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
+#include <cmath>
+
 namespace vistor {
 namespace {
 
-/// Beyond this many device pixels a cached picture costs more memory than it is worth.
+/// Device pixels of a cached picture; of a larger display it is coarser.
 constexpr double kLargestPicture = 9e6;
 
 } // namespace
@@ -47,16 +50,20 @@ void InnerDisplay::openPropertySheet() {
     sheet.exec();
 }
 
+double InnerDisplay::staticRatio() const {
+    return std::min(devicePixelRatioF(), std::sqrt(kLargestPicture / (double(width()) * height())));
+}
+
 bool InnerDisplay::staticPictureIsCurrent() const {
-    const double ratio = devicePixelRatioF();
+    const double ratio = staticRatio();
     return m_staticRevision == m_properties.staticRevision() && m_static.devicePixelRatio() == ratio &&
-           m_static.size() == (QSizeF(size()) * ratio).toSize();
+           m_static.size() == (QSizeF(size()) * ratio).toSize().expandedTo(QSize(1, 1));
 }
 
 void InnerDisplay::refreshStaticPicture() {
     if (staticPictureIsCurrent()) return;
-    const double ratio = devicePixelRatioF();
-    const QSize pixels = (QSizeF(size()) * ratio).toSize();
+    const double ratio = staticRatio();
+    const QSize pixels = (QSizeF(size()) * ratio).toSize().expandedTo(QSize(1, 1));
     if (m_static.size() != pixels) m_static = QPixmap(pixels);
     m_static.setDevicePixelRatio(ratio);
     QPainter painter(&m_static);
@@ -70,14 +77,11 @@ void InnerDisplay::paintEvent(QPaintEvent* event) {
     const bool asked = m_paintedRevision == m_properties.revision();
     if (!asked && event->rect() != rect()) update(); // what moved may stand beyond this part
     QPainter painter(this);
-    const QSizeF pixels = QSizeF(size()) * devicePixelRatioF();
-    if (pixels.width() * pixels.height() > kLargestPicture) {
-        painter.setRenderHint(QPainter::Antialiasing);
-        paintStatic(painter);
-    } else {
-        refreshStaticPicture();
+    refreshStaticPicture();
+    if (m_static.devicePixelRatio() == devicePixelRatioF())
         painter.drawPixmap(0, 0, m_static);
-    }
+    else
+        painter.drawPixmap(QRectF(rect()), m_static, QRectF(m_static.rect()));
     painter.setRenderHint(QPainter::Antialiasing);
     paintMoving(painter);
     m_paintedRevision = m_properties.revision();

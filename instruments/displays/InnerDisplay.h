@@ -52,6 +52,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    double staticRatio() const; ///< pixels of the static picture to a logical one
     bool staticPictureIsCurrent() const;
     void refreshStaticPicture();
 

@@ -107,11 +107,23 @@ QFont fittedFont(QFont font, const std::vector<QString>& texts, double room) {
     return font;
 }
 
+/// Every 10th, 100th ... tic of a row whose labels stand so close that no more could find room.
+TicRun withoutCrowd(const TicRun& run, const LinearScale& scale, double height) {
+    if (run.count < 2) return run;
+    const double spacing = std::abs(scale.along(run.value(1)) - scale.along(run.value(0)));
+    int every = 1;
+    while (every < run.count && spacing * 5 * every < height) every *= 10;
+    return {run.start, run.step * every, (run.count + every - 1) / every};
+}
+
 void paintLabels(QPainter& painter, const PropertyStore& p, const LinearLayout& layout,
-                 const LinearScale& scale, const TicRun& run, int i) {
+                 const LinearScale& scale, const TicRun& all, int i) {
     auto font = linearFont(p, p.sectionNamed(LinearTicFont, i), scale.unit);
     if (!font) return;
-    const std::vector<QString> texts = ticTexts(p, kLinearTics, run, i);
+    const TicRun run = withoutCrowd(all, scale, QFontMetricsF(*font).capHeight());
+    const TicFormat format = ticFormat(p, kLinearTics, all, i);
+    std::vector<QString> texts;
+    for (int tic = 0; tic < run.count; ++tic) texts.push_back(format.text(run.value(tic)));
     const double across = scale.across(boundedPlace(p, LinearTicLabelPlace, i));
     const double side = sideOf(p, i);
     const bool turned = p.flag(LinearTicLabelsTurned, i);

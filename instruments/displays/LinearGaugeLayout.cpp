@@ -80,9 +80,12 @@ double labelOverhang(const PropertyStore& p, const LinearScale& scale, int tic) 
     const QFontMetricsF metrics(*font);
     const bool lying = scale.vertical == p.flag(LinearTicLabelsTurned, tic);
     if (!lying) return metrics.capHeight() / 2;
-    const auto texts = ticTexts(p, kLinearTics, ticRunOf(p, kLinearTics, scale.range, tic), tic);
-    if (texts.empty()) return 0;
-    return std::max(metrics.horizontalAdvance(texts.front()), metrics.horizontalAdvance(texts.back())) / 2;
+    const TicRun run = ticRunOf(p, kLinearTics, scale.range, tic);
+    if (run.count == 0) return 0;
+    const TicFormat format = ticFormat(p, kLinearTics, run, tic);
+    return std::max(metrics.horizontalAdvance(format.text(run.value(0))),
+                    metrics.horizontalAdvance(format.text(run.value(run.count - 1)))) /
+           2;
 }
 
 /// What a band or bar of a form takes beyond its start and stop.

@@ -117,6 +117,8 @@ void OdometerDisplay::makePictures() {
                   .font = fontOf(p, kFont, qRound(size / 100 * m_drums.drum.height())),
                   .shaded = p.flag(OdoShading)};
     m_whole = DrumPicture(look, m_drums.drum, devicePixelRatioF());
+    m_decimal = {};
+    if (m_drums.decimals == 0) return;
     // The drums behind the mark have the colours the other way round, as on a car's counter.
     const QColor other = look.ground;
     look.ground = colourOf(p.integer(OdoDecimalDrumColour));
@@ -168,6 +170,7 @@ void OdometerDisplay::paintStatic(QPainter& painter) {
 
 void OdometerDisplay::paintMoving(QPainter& painter) {
     m_painted = shown();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
     for (int i = 0; i < m_painted.count; ++i) {
         DrumPicture& picture = i < m_painted.count - m_painted.decimals ? m_whole : m_decimal;
         painter.drawPixmap(m_drums.at(i).topLeft(), picture.of(m_painted.drums[static_cast<std::size_t>(i)]));
