@@ -10,8 +10,6 @@
 #include "tests/shell/FreshAccount.h"
 #include "variables/GlobalVarsAndTypes.h"
 
-#include <QMenu>
-#include <QMenuBar>
 #include <QTableWidget>
 #include <QTest>
 
@@ -82,161 +80,15 @@ protected:
     frmMain window;
 };
 
-TEST_F(FrmMainTest, MenusStandInOrderWithoutDeadEntries) {
-    open();
-    QStringList heads;
-    QStringList entries;
-    const std::function<void(QMenu*)> walk = [&](QMenu* menu) {
-        for (QAction* action : menu->actions()) {
-            if (action->isSeparator()) continue;
-            entries += action->objectName() + u'=' + action->text();
-            if (action->menu()) walk(action->menu());
-        }
-    };
-    for (QAction* action : window.menuBar()->actions()) {
-        heads += action->objectName() + u'=' + action->text();
-        if (action->objectName() != QLatin1String("mnuAddControl")) walk(action->menu());
-    }
-    EXPECT_EQ(heads, QStringList({"mnuFile=&File", "mnuView=&View", "mnuAddControl=&Add Control",
-                                  "mnuWindow=Window", "mnuHelp=Help"}));
-    EXPECT_EQ(entries, QStringList({"mnuNew=&New",
-                                    "mnuLoadConfig=&Load Profile",
-                                    "mnuSaveConfig=&Save profile",
-                                    "mnuSaveAs=Save Profile &As",
-                                    "mnuLoadVarInfo=Load &Variable Information",
-                                    "mnuSaveVarInfo=Save Variable &Information",
-                                    "mnuRestoreDefaultVar=&Restore Default Variable Information",
-                                    "mnuPlayMode=&Play Mode",
-                                    "mnuEditMode=&Edit Mode",
-                                    "mnuSelectDataSource=Set Data Source",
-                                    "mnuExit=E&xit",
-                                    "mnuOptions=&Options",
-                                    "mnuTagsOn=Labels O&n",
-                                    "mnuTagsOff=Labels O&ff",
-                                    "mnuShowPropertiesWindow=Show &Properties Window",
-                                    "mnuTabControl=Tab Management",
-                                    "mnuNewTab=&Insert New Tab",
-                                    "mnuClearCurrentTab=&Clear Current Tab",
-                                    "mnuClearAllTabs=Clear All &Tabs",
-                                    "mnuCloseLastTab=Close &Last Tab",
-                                    "mnuCloseAllTabs=Cl&ose All Tabs",
-                                    "mnuVXHelp=&Help Index",
-                                    "mnuHelpContents=Help Contents",
-                                    "mnuAbout=&About Us"}));
-    EXPECT_TRUE(window.windowTitle().startsWith(QStringLiteral("Vistor - Version " VISTOR_VERSION)));
-}
-
-TEST_F(FrmMainTest, EveryKindThatCanBeMadeIsOffered) {
-    open();
-    constexpr const char* kOffered[][2] = {
-        {"mnuVXAGauge=Angular Gauge", "mnuDDVXAgauge=Angular Gauge"},
-        {"mnuVXAlphaNume=Alphanumeric", "mnuDDVXAlphaNume=Alphanumeric"},
-        {"mnuVXLED=LED", "mnuDDVXLED=LED"},
-        {"mnuVXLGauge=Linear Gauge", "mnuDDVXLGAUGE=Linear Gauge"},
-        {"mnuVXODO=ODO", "mnuDDVXODO=VX &ODO"},
-        {"mnuVXPCTBAR=Percentage Bar", "mnuDDVXPCTBAR=Percentage Bar"},
-        {"mnuVXSTRIP=Scrolling Time Graph", "mnuDDVXSTRIP=Scrolling Time Graph"},
-        {"mnuVXXYGRAPH=XY Graph", "mnuDDVXXYGRAPH=XY Graph"},
-        {"mnuVXTEXTTAG=Text Tag", "mnuDDVXTEXTTAG=Text Tag"},
-    };
-    const char* menus[] = {"mnuAddControl", "mnuDDAddControl"};
-    for (std::size_t menu = 0; menu < std::size(menus); ++menu) {
-        QStringList expected;
-        std::vector<Kind> kinds;
-        for (std::size_t i = 0; i < std::size(kOffered); ++i) {
-            expected += QLatin1String(kOffered[i][menu]);
-            kinds.push_back(kInstrumentKinds[i].kind);
-        }
-        QStringList entries;
-        std::size_t placed = 0;
-        for (QAction* action : command(menus[menu])->menu()->actions()) {
-            entries += action->objectName() + u'=' + action->text();
-            action->trigger();
-            const InstrumentElement& last = window.dashboard().instruments.all().back();
-            EXPECT_NE(last.number, 0);
-            EXPECT_EQ(last.kind, kinds.at(placed++)) << qPrintable(entries.back());
-        }
-        EXPECT_EQ(entries, expected);
-    }
-    QStringList page;
-    for (QAction* action : command("mnuDropDown")->menu()->actions()) page += action->objectName();
-    EXPECT_EQ(page, QStringList({"mnuDDAddControl", "", "mnuCut", "mnuCopy", "mnuPaste", "mnuDelete",
-                                 "mnuProperties"}));
-    EXPECT_FALSE(command("mnuPaste")->isEnabled());
-}
-
-TEST_F(FrmMainTest, CommandsFollowTheMode) {
+TEST_F(FrmMainTest, TheTimerRunsInPlayModeAlone) {
     open();
     useRun(1);
-    const auto enabledButtons = [this] {
-        QList<int> numbers;
-        for (int number = 1; number <= 18; ++number) {
-            if (window.button(number) && window.button(number)->isEnabled()) numbers += number;
-        }
-        return numbers;
-    };
-    EXPECT_EQ(enabledButtons(), (QList<int>{2, 3, 4, 6, 9, 10, 11, 12, 14, 15, 17, 18}));
-    EXPECT_FALSE(command("mnuEditMode")->isEnabled());
-    window.button(6)->trigger();
-    EXPECT_TRUE(PlayMode);
-    EXPECT_EQ(enabledButtons(), QList<int>{7});
-    for (const char* name : {"mnuPlayMode", "mnuView", "mnuWindow", "mnuSelectDataSource"})
-        EXPECT_FALSE(command(name)->isEnabled()) << name;
-    for (const char* name : {"mnuEditMode", "mnuFile", "mnuExit"})
-        EXPECT_TRUE(command(name)->isEnabled()) << name;
+    EXPECT_TRUE(window.windowTitle().startsWith(QStringLiteral("Vistor - Version " VISTOR_VERSION)));
+    trigger("mnuPlayMode");
     EXPECT_TRUE(window.Timer1.isActive());
-    window.button(7)->trigger();
-    EXPECT_FALSE(PlayMode);
+    trigger("mnuEditMode");
     EXPECT_FALSE(window.Timer1.isActive());
     EXPECT_EQ(window.Timer1.interval(), 0);
-    EXPECT_TRUE(command("mnuView")->isEnabled());
-}
-
-TEST_F(FrmMainTest, TabCommandsAskFirst) {
-    open();
-    struct Case {
-        const char* name;
-        const char* question;
-    };
-    const Case cases[] = {
-        {"mnuClearCurrentTab", "Do you want to clear current tab ?"},
-        {"mnuClearAllTabs", "Do you want to clear all tab(s) ?"},
-        {"mnuCloseLastTab", "Do you want to close last tab ?"},
-        {"mnuCloseAllTabs", "Do you want to close all tab(s) ?"},
-    };
-    const InstrumentArrays& instruments = window.dashboard().instruments;
-    for (const Case& c : cases) {
-        readout("LapTime", window.dashboard().pic.back());
-        prompts.answers = {Answer::No, Answer::Yes};
-        trigger(c.name);
-        EXPECT_EQ(instruments.placedCount(), 1) << c.name;
-        trigger(c.name);
-        EXPECT_EQ(instruments.placedCount(), 0) << c.name;
-        EXPECT_EQ(prompts.takeWords(), QStringList({c.question, c.question}));
-        EXPECT_EQ(prompts.messages.back().icon, Icon::Notice);
-        EXPECT_EQ(prompts.messages.back().buttons, Buttons::YesNo);
-    }
-}
-
-TEST_F(FrmMainTest, ThePopUpMenuActsOnItsInstrument) {
-    open();
-    Instrument* instrument = readout("LapTime", window.dashboard().pic[0]);
-    pumpEvents();
-    QTest::mouseClick(&instrument->inCTRL(), Qt::RightButton);
-    EXPECT_EQ(window.curObject, instrument);
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    ASSERT_TRUE(menu);
-    menu->close();
-    EXPECT_FALSE(command("mnuTag_C")->isChecked());
-    trigger("mnuTag_C");
-    EXPECT_TRUE(instrument->tagIsOn());
-    QTest::mouseClick(&instrument->inCTRL(), Qt::RightButton);
-    EXPECT_TRUE(command("mnuTag_C")->isChecked());
-    QApplication::activePopupWidget()->close();
-    window.dashboard().mnuClearAllTabs_Click();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    trigger("mnuTag_C"); // its instrument is gone
-    EXPECT_FALSE(window.curObject);
 }
 
 TEST_F(FrmMainTest, PropertiesWindowFollowsTheMouseAndTheMode) {
@@ -271,21 +123,6 @@ TEST_F(FrmMainTest, PropertiesWindowFollowsTheMouseAndTheMode) {
     trigger("mnuPlayMode");
     trigger("mnuEditMode");
     EXPECT_FALSE(shown());
-}
-
-TEST_F(FrmMainTest, ATextTagsMenuHasNoEntriesForPins) {
-    open();
-    Instrument* tag = window.dashboard().addInstrument(Kind::TextTag, window.dashboard().pic[0]);
-    Instrument* bound = readout("LapTime", window.dashboard().pic[0]);
-    tag->move(300, 300);
-    tag->show();
-    pumpEvents();
-    for (Instrument* instrument : {bound, tag}) {
-        QTest::mouseClick(&instrument->inCTRL(), Qt::RightButton);
-        QApplication::activePopupWidget()->close();
-        for (const char* name : {"mnuTag_C", "mnuVariables_C"})
-            EXPECT_EQ(command(name)->isVisible(), instrument == bound) << name;
-    }
 }
 
 TEST_F(FrmMainTest, ARunMovesTheReadoutOfThePageInFront) {
