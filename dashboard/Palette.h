@@ -14,6 +14,7 @@
 class QAbstractItemView;
 class QListWidget;
 class QListWidgetItem;
+class QMouseEvent;
 class QTreeWidget;
 class QTreeWidgetItem;
 

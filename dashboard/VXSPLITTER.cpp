@@ -110,11 +110,13 @@ void VXSPLITTER::Refresh() {
     const int style = m_state.style;
     m_splitter->setGeometry(m_borderStyle == 0 ? rect() : rect().adjusted(1, 1, -1, -1));
     m_splitter->setOrientation(vertical ? Qt::Horizontal : Qt::Vertical);
-    m_splitter->setHandleWidth(toPixels(vertical ? m_state.barWidth : m_state.barHeight));
     m_pane0->setVisible(style != kSinglePaneRight && style != kSinglePaneBottom);
     m_pane1->setVisible(style != kSinglePaneLeft && style != kSinglePaneTop);
     const int extent = vertical ? m_splitter->width() : m_splitter->height();
     const int bar = toPixels(shownBar(m_state));
+    // No bar hides both panes, whatever a settings file says.
+    m_splitter->setHandleWidth(
+        std::min(toPixels(vertical ? m_state.barWidth : m_state.barHeight), extent / 2));
     m_splitter->setSizes({bar, std::max(extent - bar - m_splitter->handleWidth(), 0)});
     update();
 }

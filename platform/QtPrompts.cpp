@@ -122,6 +122,8 @@ public:
         QEventLoop loop;
         connect(&m_box, &QDialog::finished, &loop, &QEventLoop::quit);
         m_box.setModal(false);
+        for (QAction* way : m_main->findChildren<QAction*>())
+            if (way->property(kUnderMessages).toBool()) m_box.addAction(way);
         m_box.show();
         m_box.activateWindow();
         loop.exec();
@@ -131,9 +133,11 @@ public:
 
     bool eventFilter(QObject* object, QEvent* event) override {
         if (object == m_main && event->type() == QEvent::Hide) m_box.reject();
-        if (newest != this || !isInput(event->type()) || !object->isWidgetType()) return false;
-        const QWidget* window = static_cast<QWidget*>(object)->window();
-        return window != &m_box && !QApplication::activeModalWidget();
+        if (newest != this || !isInput(event->type()) || QApplication::activeModalWidget()) return false;
+        // Commands get their keys as events of their own; other input comes to widgets in the end.
+        if (!object->isWidgetType())
+            return event->type() == QEvent::Shortcut && !object->property(kUnderMessages).toBool();
+        return static_cast<QWidget*>(object)->window() != &m_box;
     }
 
 private:

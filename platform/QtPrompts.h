@@ -7,8 +7,13 @@ class QWidget;
 
 namespace vistor {
 
+/// Name of a property of actions: true for those of the main window whose shortcuts act while a message
+/// stands.
+inline constexpr const char* kUnderMessages = "underMessages";
+
 /// Asks over the active window. To be put in with setPrompter() by the program. While a message stands the
-/// main window takes no input but can be closed; once it is closed every message is answered at once.
+/// main window takes no input but those shortcuts and can be closed; once it is closed every message is
+/// answered at once.
 class QtPrompts final : public Prompter {
 public:
     Answer message(const MessageRequest& request) override;

@@ -62,7 +62,7 @@ constexpr MenuEntry kEntries[] = {
     {"mnuFile", nullptr, nullptr, nullptr, nullptr},
     {"mnuFile", "mnuPlayMode", "&Play Mode", "play", onDashboard<&frmInterface::mnuPlayMode_Click>, "F5"},
     {"mnuFile", "mnuEditMode", "&Edit Mode", "edit", onDashboard<&frmInterface::mnuEditMode_Click>,
-     "Shift+F5"},
+     "Shift+F5", false, true}, // a script's message comes back at every sample: this is the way out
     {"mnuFile", "mnuSelectDataSource", "Set Data Source", "source",
      onDashboard<&frmInterface::mnuSelectDataSource_Click>},
     {"mnuFile", nullptr, nullptr, nullptr, nullptr},

@@ -28,6 +28,7 @@ struct MenuEntry {
     Operation run;
     const char* keys = ""; ///< its shortcut
     bool checkable = false;
+    bool underMessages = false; ///< its shortcut acts while a message stands
 };
 
 /// Menus before the menus inside them.

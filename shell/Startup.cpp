@@ -3,6 +3,7 @@
 #include "maths/FileSupportFunctions.h"
 #include "maths/VariableFiles.h"
 #include "platform/Folders.h"
+#include "platform/InPlaceWrite.h"
 #include "platform/IniFile.h"
 #include "platform/Prompts.h"
 #include "variables/GlobalVarsAndTypes.h"
@@ -12,6 +13,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+
+#include <cmath>
 
 namespace vistor {
 namespace {
@@ -42,11 +45,12 @@ bool copyDefinitions(const QString& from, const QString& target) {
     if (!FileExists(QString(from))) return false;
     if (QFileInfo(from).canonicalFilePath() == QFileInfo(target).canonicalFilePath()) return true;
     QFile source(from);
+    if (!source.open(QIODevice::ReadOnly)) return true;
+    const QByteArray bytes = source.readAll();
     QSaveFile copied(target); // takes the old file's place in one step, also beside another start
-    if (source.open(QIODevice::ReadOnly) && copied.open(QIODevice::WriteOnly)) {
-        const bool whole = copied.write(source.readAll()) == source.size();
-        if (whole) copied.commit();
-    }
+    if (bytes.size() != source.size()) return true;
+    const bool written = copied.open(QIODevice::WriteOnly) && copied.write(bytes) == bytes.size();
+    if (!written || !copied.commit()) replaceInPlace(target, bytes); // one without write permission
     return true;
 }
 
@@ -120,7 +124,8 @@ void readCarConstants() {
         CarConstants[i] = constant.fixed;
         if (!constant.key) continue;
         const double value = ReadCarConstant(path, QLatin1String(constant.key));
-        CarConstants[i] = static_cast<float>(ParseNumber(QString::number(value, 'g', 15)));
+        const auto single = static_cast<float>(ParseNumber(QString::number(value, 'g', 15)));
+        if (std::isfinite(single)) CarConstants[i] = single;
     }
 }
 

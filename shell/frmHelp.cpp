@@ -110,7 +110,10 @@ bool frmHelp::open(const QString& folder, HelpCommand command) {
     fillContents();
     fillIndex();
     tabs->setCurrentIndex(command == HelpCommand::Contents ? 0 : 1);
-    if (m_history.empty()) showTopic(QLatin1String(kFirstHelpPage), {});
+    if (m_history.empty())
+        showTopic(QLatin1String(kFirstHelpPage), {});
+    else
+        markInContents(m_history[m_place]);
     QWidget::show();
     raise();
     activateWindow();

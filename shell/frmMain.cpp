@@ -79,8 +79,8 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     const Hourglass hourglass;
     const QScopedValueRollback loading(m_loading, true);
     findWorkingFolder();
-    const QString icon = programFolder() + QStringLiteral("User.ico");
-    if (FileExists(QString(icon))) setWindowIcon(QIcon(icon));
+    const QPixmap icon(programFolder() + QStringLiteral("User.ico"));
+    if (!icon.isNull()) setWindowIcon(icon);
     setWindowTitle(mainWindowTitle());
     if (!findDefinitionFile()) return false;
     loadDefinitions();

@@ -2,6 +2,7 @@
 #include "dashboard/Pictures.h"
 #include "dashboard/frmInterface.h"
 #include "platform/Clock.h"
+#include "platform/QtPrompts.h"
 #include "shell/Commands.h"
 #include "shell/frmMain.h"
 #include "variables/GlobalVarsAndTypes.h"
@@ -62,6 +63,7 @@ void frmMain::makeMenu(const MenuHead& head) {
         action->setObjectName(QLatin1String(entry.name));
         action->setShortcut(QKeySequence(QLatin1String(entry.keys)));
         action->setCheckable(entry.checkable);
+        action->setProperty(kUnderMessages, entry.underMessages);
         connect(action, &QAction::triggered, this, [this, run = entry.run] { run(*this); });
         m_commands.insert(action->objectName(), action);
     }

@@ -31,7 +31,8 @@ void frmMain::mnuLoadVarInfo_Click() {
     const Hourglass hourglass;
     loadVariables(*path);
     m_dashboard->takeVariableTable();
-    saveVariables(VariableFilePath);
+    // Where there was no table and the file was none, the working file may still be mended.
+    if (!VariableTable.empty()) saveVariables(VariableFilePath);
 }
 
 void frmMain::mnuSaveVarInfo_Click() {

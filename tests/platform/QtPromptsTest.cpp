@@ -1,5 +1,6 @@
 #include "platform/QtPrompts.h"
 
+#include <QAction>
 #include <QElapsedTimer>
 #include <QMainWindow>
 #include <QMessageBox>
@@ -42,6 +43,36 @@ TEST_F(QtPromptsTest, AMessageKeepsInputToItself) {
     EXPECT_EQ(clicks, 0);
     QTest::mouseClick(&button, Qt::LeftButton);
     EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(QtPromptsTest, AMessageKeepsShortcutsFromTheCommandsBehindIt) {
+    QAction command;
+    command.setShortcut(QKeySequence(QStringLiteral("Ctrl+O")));
+    QObject::connect(&command, &QAction::triggered, [this] { ++clicks; });
+    window.addAction(&command);
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    QTest::keyClick(window.windowHandle(), Qt::Key_O, Qt::ControlModifier);
+    ASSERT_EQ(clicks, 1);
+    QTimer::singleShot(50, [this] {
+        window.activateWindow(); // as a click on its title bar does
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        QTest::keyClick(window.windowHandle(), Qt::Key_O, Qt::ControlModifier);
+        QTest::keyClick(box()->button(QMessageBox::Yes), Qt::Key_N, Qt::AltModifier); // the box's own
+        if (box()->isVisible()) QTest::mouseClick(box()->button(QMessageBox::No), Qt::LeftButton);
+    });
+    EXPECT_EQ(MsgBox(QStringLiteral("Sure?"), Icon::Question, Buttons::YesNo), Answer::No);
+    EXPECT_EQ(clicks, 1);
+    command.setParent(&window);
+    command.setProperty(kUnderMessages, true);
+    QTimer::singleShot(50, [this] {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(box()));
+        QTest::keyClick(box()->windowHandle(), Qt::Key_O, Qt::ControlModifier);
+        QTest::mouseClick(box()->button(QMessageBox::No), Qt::LeftButton);
+    });
+    EXPECT_EQ(MsgBox(QStringLiteral("Sure?"), Icon::Question, Buttons::YesNo), Answer::No);
+    EXPECT_EQ(clicks, 2) << "the one that is the way out";
+    command.setParent(nullptr);
 }
 
 TEST_F(QtPromptsTest, TheWindowCanBeClosedUnderAMessageThatAlwaysComesBack) {

@@ -131,6 +131,7 @@ TEST_F(HelpWindowTest, ContentsAndIndexLeadToTheirPlaces) {
     ASSERT_TRUE(help.open(pages, HelpCommand::Index));
     EXPECT_EQ(help.tabs->currentIndex(), 1);
     EXPECT_EQ(title(), "Two") << "the page that was open stays";
+    EXPECT_EQ(help.contents->currentItem(), help.contents->topLevelItem(1)->child(1));
     ASSERT_EQ(help.index->count(), 3);
     EXPECT_EQ(help.index->item(2)->text(), "Beta");
     QTest::keyClicks(help.indexFilter, "ALPHABET");
