@@ -94,7 +94,7 @@ void paintWords(QPainter& painter) {
     line(painter, 130, 14, QColor(kAccent), QStringLiteral("Version " VISTOR_VERSION));
     line(painter, 153, 13, QColor(kDim), QStringLiteral("Telemetry dashboard for motorsport"));
     line(painter, 194, 11, QColor(kDim),
-         QStringLiteral("Uses Qt %1 (GNU LGPL 3), its charts (GNU GPL 3),").arg(QLatin1String(qVersion())));
+         QStringLiteral("Uses Qt %1 (GNU LGPL 3), Qt Charts (GPL 3),").arg(QLatin1String(qVersion())));
     line(painter, 210, 11, QColor(kDim), QStringLiteral("muParser (BSD 2-Clause), Expat (MIT)"));
 }
 
