@@ -1,7 +1,7 @@
 #include "dashboard/PaneLayout.h"
 
-#include "platform/Twips.h"
 #include "dashboard/WindowSettings.h"
+#include "platform/Twips.h"
 
 #include <gtest/gtest.h>
 
