@@ -117,6 +117,8 @@ Q_SIGNALS:
     void propertiesShown(const QString& kind, const QStringList& labels, const QStringList& values);
 
 protected:
+    /// A press on the display: the right button asks for the menu in edit mode.
+    virtual void displayPressed(Qt::MouseButton button, const QPoint& place);
     /// The pin table changed; nobody else has been told yet.
     virtual void pinsChanged() {}
     /// The display's size as the layout asks for it, before it is rounded to pixels.
@@ -140,7 +142,6 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    void displayPressed(Qt::MouseButton button, const QPoint& place);
     void displayMoved();
     void refreshCaption();
     void paintFrame(QPainter& painter) const;

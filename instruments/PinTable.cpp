@@ -106,7 +106,7 @@ bool PinTable::lastRowEmpty() const {
 }
 
 void PinTable::remove(int pin, int column) {
-    if (pin < 1 || column >= nameColumns() || !inside(pin, column)) return;
+    if (pin < 1 || column < 0 || column >= nameColumns()) return;
     const bool last = pin == upperBound();
     set(pin, {}, column);
     while (last && lastRowEmpty()) resize(upperBound() - 1); // row 0 is never empty

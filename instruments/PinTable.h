@@ -46,7 +46,7 @@ public:
     /// 1 or above 8000 changes nothing.
     void assign(int pin, const QString& name, int column = 0);
     /// Unbinds a pin: the last one goes with all empty ones before it, another one leaves a hole. The count
-    /// goes down. A pin outside the table changes nothing.
+    /// goes down, to 0 at the least, also for a pin that was empty or lies beyond the table.
     void remove(int pin, int column = 0);
 
 private:

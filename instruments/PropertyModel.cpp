@@ -18,10 +18,10 @@ QString colourWords(std::int32_t number) {
     return number < 0 ? QStringLiteral("System colour") : colourOf(number).name().toUpper();
 }
 
-/// Where a number names no section, the one that stands in for it.
+/// Where a number names no word or section, the one that stands in for it.
 int chosenValue(const PropertyInfo& property, const PropertyStore& store, int index) {
     return property.editor == Editor::Section ? store.sectionNamed(property.number, index)
-                                              : store.integer(property.number, index);
+                                              : store.choice(property.number, index);
 }
 
 bool isCheckable(const PropertyInfo& property) {
@@ -54,6 +54,9 @@ QString propertyWords(const PropertyInfo& property, const PropertyStore& store, 
         return choiceWords(property, store).value(value, QString::number(value));
     }
     if (isCheckable(property)) return {};
+    const bool sample =
+        property.type == PropertyType::Double && property.number == store.table().parts().values.value;
+    if (sample) return textOfNumber(store.number(property.number, index), true); // it came with 32 bits
     return store.item(property.number, index);
 }
 

@@ -6,11 +6,20 @@
 #include <QPointer>
 
 namespace vistor {
+
 VXTEXTTAG::VXTEXTTAG(QWidget* parent) : Instrument(Kind::TextTag, new TextTagDisplay, parent) {}
+
+TextTagDisplay& VXTEXTTAG::lbl() {
+    return static_cast<TextTagDisplay&>(inCTRL());
+}
+
+void VXTEXTTAG::lbl_MouseDown(Qt::MouseButton button, const QPoint& place) {
+    Instrument::displayPressed(button, place);
+}
 
 void VXTEXTTAG::AssignProperties(const QString& caption, const FontChoice& font, std::uint8_t alignment,
                                  std::int32_t foreColour, std::int32_t backColour) {
-    PropertyStore& p = inCTRL().properties();
+    PropertyStore& p = lbl().properties();
     p.setText(TagCaption, caption);
     p.setText(TagFontName, font.family);
     p.setNumber(TagFontSize, font.size);
@@ -21,7 +30,7 @@ void VXTEXTTAG::AssignProperties(const QString& caption, const FontChoice& font,
     p.setNumber(TagAlignment, alignment);
     p.setNumber(TagForeColour, foreColour);
     p.setNumber(TagBackColour, backColour);
-    inCTRL().redraw();
+    lbl().redraw();
 }
 
 void VXTEXTTAG::mnuProperties_Click() {

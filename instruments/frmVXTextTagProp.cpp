@@ -20,7 +20,8 @@ constexpr int kLongestCaption = 199; ///< what a profile keeps
 constexpr int kDialogWidth = 380;
 
 QString fontWords(const FontChoice& font) {
-    QString words = QStringLiteral("%1, %2 pt").arg(font.family).arg(double(font.size));
+    const QString family = font.family.isEmpty() ? QFont().family() : font.family;
+    QString words = QStringLiteral("%1, %2 pt").arg(family).arg(double(font.size));
     if (font.bold) words += QObject::tr(", bold");
     if (font.italic) words += QObject::tr(", italic");
     return words;
@@ -38,7 +39,7 @@ QHBoxLayout* pairOf(QWidget* wide, QWidget* button) {
 frmVXTextTagProp::frmVXTextTagProp(VXTEXTTAG& tag)
     : QDialog(tag.window()),
       VXControl(tag),
-      m_page(tag.inCTRL().palette()),
+      m_page(tag.lbl().palette()),
       txt(new QLineEdit),
       cmbAlign(new QComboBox),
       cmdFont(new QPushButton(tr("&Font..."))),
@@ -90,11 +91,10 @@ void frmVXTextTagProp::makeFields() {
 }
 
 void frmVXTextTagProp::readTag() {
-    const PropertyStore& p = VXControl.inCTRL().properties();
+    const PropertyStore& p = VXControl.lbl().properties();
     txt->setText(p.text(TagCaption));
     cmbAlign->setCurrentIndex(p.choice(TagAlignment));
-    const QString& family = p.text(TagFontName);
-    m_font = {.family = family.isEmpty() ? QFont().family() : family,
+    m_font = {.family = p.text(TagFontName),
               .size = float(p.number(TagFontSize)),
               .bold = p.flag(TagBold),
               .italic = p.flag(TagItalic),
@@ -128,8 +128,14 @@ void frmVXTextTagProp::cmdResetBackColour_Click() {
 }
 
 void frmVXTextTagProp::cmdApply_Click() {
-    VXControl.AssignProperties(txt->text(), m_font, static_cast<std::uint8_t>(cmbAlign->currentIndex()),
-                               picForeColour->colour(), picBackColour->colour());
+    // What the entries cannot show is kept where nobody touched them.
+    const PropertyStore& p = VXControl.lbl().properties();
+    const QString caption = txt->isModified() ? txt->text() : p.text(TagCaption);
+    const int stored = p.integer(TagAlignment);
+    const bool keeps = cmbAlign->currentIndex() == p.choice(TagAlignment) && stored >= 0 && stored <= 0xFF;
+    const int alignment = keeps ? stored : cmbAlign->currentIndex();
+    VXControl.AssignProperties(caption, m_font, static_cast<std::uint8_t>(alignment), picForeColour->colour(),
+                               picBackColour->colour());
     accept();
 }
 

@@ -26,11 +26,6 @@ double turned(double value, const DrumForm& form, int decimals) {
     return std::nearbyint(digits / kSmallestTurn) * kSmallestTurn;
 }
 
-double held(double digits, int drums, bool rollOver) {
-    const double all = powerOfTen(drums);
-    return rollOver ? std::fmod(digits, all) : std::min(digits, all - 1);
-}
-
 DrumRow filled(const DrumForm& form, Drum drum) {
     DrumRow row;
     row.count = std::clamp(form.digits, 1, kMostDrums);
@@ -53,16 +48,24 @@ int setDigits(DrumRow& row, double digits, int drums) {
     return std::min(used, drums);
 }
 
+/// The last number that the drums have, which 16 of them tell finer than a double does.
+int setNines(DrumRow& row, int drums) {
+    std::fill_n(row.drums.begin() + (row.count - drums), drums, Drum{Drum::Face::Digit, 9});
+    return drums;
+}
+
 } // namespace
 
 DrumRow drumRow(double value, const DrumForm& form) {
     DrumRow row = filled(form, {});
     const double digits = turned(value, form, row.decimals);
-    const bool endless = std::isinf(value) && !form.rollOver;
-    if (!std::isfinite(digits) && !endless) return filled(form, {Drum::Face::Minus, 0});
+    if (std::isnan(digits) || (std::isinf(digits) && form.rollOver))
+        return filled(form, {Drum::Face::Minus, 0});
     const bool negative = value < 0 && digits > 0;
     const int drums = row.count - (negative ? 1 : 0);
-    int used = setDigits(row, held(digits, drums, form.rollOver), drums);
+    const double all = powerOfTen(drums);
+    const bool atEnd = !form.rollOver && digits >= all - 1;
+    int used = atEnd ? setNines(row, drums) : setDigits(row, std::fmod(digits, all), drums);
     if (form.leadingZeros) used = drums;
     for (int i = 0; i < row.count - used; ++i) row.drums[static_cast<std::size_t>(i)] = {};
     if (negative) row.drums[static_cast<std::size_t>(row.count - used - 1)] = {Drum::Face::Minus, 0};

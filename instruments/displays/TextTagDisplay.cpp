@@ -62,10 +62,10 @@ int pixelsOf(double points) {
 constinit const KindTable kTextTagTable{kParts};
 
 QColor tagColour(std::int32_t number, const QPalette& page) {
-    if (number >= 0) return colourOf(number);
-    constexpr int kTextColours[] = {7, 8, 18};
-    const bool isText = std::ranges::find(kTextColours, number & 0xFF) != std::end(kTextColours);
-    return page.color(isText ? QPalette::WindowText : QPalette::Window);
+    constexpr std::int32_t kWindowText = static_cast<std::int32_t>(0x80000008U);
+    if (number == kTagPageColour) return page.color(QPalette::Window);
+    if (number == kTagLabelColour || number == kWindowText) return page.color(QPalette::WindowText);
+    return colourOf(number);
 }
 
 TextTagDisplay::TextTagDisplay(QWidget* parent) : InnerDisplay(kTextTagTable, parent) {}

@@ -26,7 +26,8 @@ inline constexpr std::int32_t kTagLabelColour = static_cast<std::int32_t>(0x8000
 /// The display's properties in the order of the saved list.
 extern const KindTable kTextTagTable;
 
-/// The colour of a number. A system colour is one of the page's two, as the palette has them.
+/// The colour of a number. The system colours of labels and of what lies behind them are the page's own two,
+/// as the palette has them; others are those of all instruments.
 QColor tagColour(std::int32_t number, const QPalette& page);
 
 class TextTagDisplay final : public InnerDisplay {

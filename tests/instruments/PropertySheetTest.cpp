@@ -175,6 +175,14 @@ TEST(PropertySheet, WhatTheDisplayTellsIsOnlyShown) {
               "none");
 }
 
+TEST(PropertySheet, ShowsValuesAsEveryWindowDoes) {
+    PropertyStore start(kSampleTable);
+    start.setNumber(14, 7); // none of the words
+    start.setNumber(32, 0, 87.3F);
+    EXPECT_EQ(propertyWords(*kSampleTable.info(14), start, 0), "First");
+    EXPECT_EQ(propertyWords(*kSampleTable.info(32), start, 0), "87.3");
+}
+
 TEST(PropertySheet, CancelGoesBackToTheLastApply) {
     const struct {
         bool apply;

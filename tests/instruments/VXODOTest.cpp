@@ -64,6 +64,7 @@ TEST(OdometerDrums, DrumsFollowTheValue) {
         {kInfinite, ends, "99999.9"},
         {-kInfinite, ends, "-9999.9"},
         {kInfinite, usual, "-----.-"},
+        {1e300, {.digits = 16, .decimals = 15, .rollOver = false}, "9.999999999999999"},
         {std::nan(""), usual, "-----.-"},
         {54.3, bare, "   54.3"},
         {-54.3, bare, "  -54.3"},

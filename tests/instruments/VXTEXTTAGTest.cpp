@@ -98,6 +98,41 @@ TEST(VXTEXTTAG, CancelChangesNothingAndResetGoesBackToThePage) {
     EXPECT_EQ(tag.inCTRL().grab().toImage().pixelColor(1, 1), colourOf(0x00C864)) << "the page's colour";
 }
 
+TEST(VXTEXTTAG, ApplyKeepsWhatTheDialogCannotShow) {
+    VXTEXTTAG tag(nullptr);
+    tag.AssignProperties(QString(250, u'x'), {.family = {}, .size = 9}, 7, kTagLabelColour, 0xFFFFFF);
+    const QStringList before = listOf(tag);
+    inDialog(tag, [](QDialog& dialog) {
+        QTest::mouseClick(&part<QPushButton>(dialog, "cmdApply"), Qt::LeftButton);
+    });
+    EXPECT_EQ(listOf(tag), before);
+
+    tag.AssignProperties("a", {.family = QString(199, u'W'), .size = 9}, 0, 0, 0);
+    inDialog(tag, [](QDialog& dialog) { EXPECT_LT(dialog.sizeHint().width(), 600); });
+}
+
+TEST(VXTEXTTAG, OnlyTheColoursOfLabelsStandForThePage) {
+    constexpr auto kHighlight = static_cast<std::int32_t>(0x8000000DU);
+    QPalette page;
+    page.setColor(QPalette::Window, Qt::yellow);
+    page.setColor(QPalette::WindowText, Qt::blue);
+    EXPECT_EQ(tagColour(kTagPageColour, page), QColor(Qt::yellow));
+    EXPECT_EQ(tagColour(kTagLabelColour, page), QColor(Qt::blue));
+    EXPECT_EQ(tagColour(kHighlight, page), colourOf(kHighlight));
+}
+
+TEST(VXTEXTTAG, RightPressAsksForTheMenuInEditMode) {
+    VXTEXTTAG tag(nullptr);
+    QSignalSpy menu(&tag, &Instrument::menuWanted);
+    for (const bool play : {false, true}) {
+        PlayMode = play;
+        for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton})
+            QTest::mouseClick(&tag.lbl(), button);
+    }
+    PlayMode = false;
+    EXPECT_EQ(menu.count(), 1);
+}
+
 /// The middle of what is written, as a share of the width.
 double middleOfInk(VXTEXTTAG& tag) {
     const QImage picture = tag.inCTRL().grab().toImage();
