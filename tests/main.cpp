@@ -2,7 +2,9 @@
 #include "acquisition/DataSource.h"
 #include "platform/Clock.h"
 #include "platform/Folders.h"
+#include "platform/Notices.h"
 #include "platform/Prompts.h"
+#include "platform/WholeFile.h"
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QApplication>
@@ -19,6 +21,9 @@ class FreshGlobals final : public testing::EmptyTestEventListener {
         vistor::setClock({});
         vistor::setPrompter(nullptr);
         vistor::setProgramFolder({});
+        vistor::setNoticeListener({});
+        vistor::clearNotices();
+        vistor::failFileCall(0);
         vistor::ResetGlobals();
     }
 };
