@@ -1,6 +1,6 @@
 #include "dashboard/Thumbnails.h"
 
-#include "platform/Folders.h"
+#include "platform/Scratch.h"
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QFile>
@@ -17,16 +17,22 @@ bool isPlainBitmapName(const QString& name) {
     return plain && !name.startsWith(u'.') && name.endsWith(QLatin1String(".bmp"), Qt::CaseInsensitive);
 }
 
+bool isOwnFile(const QString& path) {
+    const QFileInfo info(path);
+    return !path.isEmpty() && info.isFile() && !info.isSymLink();
+}
+
 } // namespace
 
 QString thumbnailPath(const QString& name) {
-    const QString folder = bitmapFolder(WorkingFolder);
-    return folder.isEmpty() || !isPlainBitmapName(name) ? QString() : folder + name;
+    if (!isPlainBitmapName(name)) return {};
+    const QString folder = scratchFolder(WorkingFolder);
+    return folder.isEmpty() ? QString() : folder + name;
 }
 
 QPixmap loadThumbnail(const QString& name) {
     const QString path = thumbnailPath(name);
-    if (path.isEmpty() || !QFileInfo(path).isFile()) return {};
+    if (!isOwnFile(path)) return {};
     QImageReader reader(path, "bmp");
     const QSize size = reader.size();
     if (!size.isValid() || size.width() > kLargestSide || size.height() > kLargestSide) return {};
@@ -35,7 +41,7 @@ QPixmap loadThumbnail(const QString& name) {
 
 void deleteThumbnail(const QString& name) {
     const QString path = thumbnailPath(name);
-    if (!path.isEmpty() && QFileInfo(path).isFile()) QFile::remove(path);
+    if (isOwnFile(path)) QFile::remove(path);
 }
 
 } // namespace vistor

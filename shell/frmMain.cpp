@@ -10,6 +10,7 @@
 #include "platform/Events.h"
 #include "platform/Folders.h"
 #include "platform/Prompts.h"
+#include "platform/Scratch.h"
 #include "shell/Startup.h"
 #include "shell/frmHelp.h"
 #include "shell/frmStartSplash.h"
@@ -94,7 +95,7 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     showDashboard();
     const QString last = lastLayout();
     setTimer(kTickMilliseconds);
-    deleteScratchBitmaps();
+    deleteForsakenScratch(WorkingFolder);
     splash.close();
     pumpEvents();
     m_dashboard->GenerateIcons();
@@ -149,7 +150,7 @@ bool frmMain::shutDown() {
     }
     if (m_properties) m_properties->Form_Unload();
     showProperties(false);
-    deleteScratchBitmaps();
+    deleteScratchFolder();
     m_loaded = false;
     return true;
 }
