@@ -41,6 +41,8 @@ public:
     void removeKey(const QString& section, const QString& key);
     void removeSection(const QString& section);
 
+    /// The names of the sections that can be found, in lower case, in no order.
+    QStringList sections() const { return m_names.keys(); }
     /// The keys of a section in lower case, in no order; none where there is no such section.
     QStringList keys(const QString& section) const;
     /// Those of them that are whole numbers within two limits, ascending: what trying each would find.
