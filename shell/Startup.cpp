@@ -143,14 +143,6 @@ QString offerLayout(const QString& last) {
     return MsgBox(question, Icon::None, Buttons::YesNo) == Answer::Yes ? path : QString();
 }
 
-void deleteScratchBitmaps() {
-    const QString path = bitmapFolder(WorkingFolder);
-    if (path.isEmpty()) return;
-    const QDir folder(path);
-    for (const QString& name : folder.entryList({QStringLiteral("*.bmp")}, QDir::Files))
-        QFile::remove(folder.filePath(name));
-}
-
 QString mainWindowTitle() {
     return QStringLiteral("Vistor - Version " VISTOR_VERSION);
 }

@@ -10,6 +10,7 @@
 #include "platform/Events.h"
 #include "platform/Folders.h"
 #include "platform/Prompts.h"
+#include "platform/Scratch.h"
 #include "platform/WholeFile.h"
 #include "shell/Startup.h"
 #include "shell/frmHelp.h"
@@ -98,7 +99,7 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     showDashboard();
     const QString last = lastLayout();
     setTimer(kTickMilliseconds);
-    deleteScratchBitmaps();
+    deleteForsakenScratch(WorkingFolder);
     splash.close();
     pumpEvents();
     m_dashboard->GenerateIcons();
@@ -153,7 +154,7 @@ bool frmMain::shutDown() {
     }
     if (m_properties) m_properties->Form_Unload();
     showProperties(false);
-    deleteScratchBitmaps();
+    deleteScratchFolder();
     m_loaded = false;
     return true;
 }
