@@ -70,7 +70,7 @@ KindTabs tabsOfKinds(const IniFile& file) {
         const auto kind = slash < 0 ? std::nullopt : kindOf(section.left(slash).toUpper());
         const int tab = section.mid(slash + 1).toInt();
         if (!kind || tab < 0 || tab >= kMostTabs) continue;
-        if (section != pageSection(*kind, tab).toLower() || file.keys(section).isEmpty()) continue;
+        if (section != pageSection(*kind, tab).toLower() || !file.hasKeys(section)) continue;
         found.at(static_cast<std::size_t>(*kind)).push_back(tab);
     }
     for (std::vector<int>& tabs : found) std::sort(tabs.begin(), tabs.end());

@@ -3,6 +3,7 @@
 #include "acquisition/StreamDecoder.h"
 #include "fuzz/Harness.h"
 #include "maths/LoadAndSaveVariableDefinitions.h"
+#include "platform/CodePage.h"
 #include "tools/CsvImport.h"
 
 #include <QBuffer>
@@ -18,9 +19,8 @@ constexpr std::size_t kLargestRun = 1 << 20;
 
 const Definitions& delivered() {
     static const Definitions definitions = [] {
-        const auto bytes = readDefinitionFile(QStringLiteral(VISTOR_SOURCE_DIR "/OtherFiles/VistorVars.cfg"));
-        if (!bytes) std::abort();
-        return *readDefinitions({bytes->constData(), static_cast<std::size_t>(bytes->size())});
+        const auto file = readDefinitionFile(QStringLiteral(VISTOR_SOURCE_DIR "/OtherFiles/VistorVars.cfg"));
+        return readDefinitions(viewOf(file.bytes)).value();
     }();
     return definitions;
 }

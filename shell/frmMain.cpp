@@ -11,6 +11,7 @@
 #include "platform/Folders.h"
 #include "platform/Prompts.h"
 #include "platform/Scratch.h"
+#include "platform/WholeFile.h"
 #include "shell/Startup.h"
 #include "shell/frmHelp.h"
 #include "shell/frmStartSplash.h"
@@ -26,6 +27,8 @@
 
 namespace vistor {
 namespace {
+
+constexpr qint64 kLargestIcon = 16 << 20; ///< bytes
 
 bool isYes(const char* question) {
     return MsgBox(QLatin1String(question), Icon::Notice, Buttons::YesNo) == Answer::Yes;
@@ -80,7 +83,8 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     const Hourglass hourglass;
     const QScopedValueRollback loading(m_loading, true);
     findWorkingFolder();
-    const QPixmap icon(programFolder() + QStringLiteral("User.ico"));
+    QPixmap icon;
+    icon.loadFromData(readWholeFile(programFolder() + QStringLiteral("User.ico"), kLargestIcon).bytes);
     if (!icon.isNull()) setWindowIcon(icon);
     setWindowTitle(mainWindowTitle());
     if (!findDefinitionFile()) return false;
