@@ -10,7 +10,7 @@
 #include <cstdlib>
 
 /// What the toolkit's libraries keep to the end is no leak.
-extern "C" inline const char* __lsan_default_suppressions() {
+extern "C" inline __attribute__((used)) const char* __lsan_default_suppressions() {
     return "leak:libfontconfig\nleak:libQt6Gui\nleak:libQt6Widgets\n";
 }
 

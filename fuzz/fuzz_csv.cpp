@@ -3,6 +3,7 @@
 #include "acquisition/StreamDecoder.h"
 #include "fuzz/Harness.h"
 #include "maths/LoadAndSaveVariableDefinitions.h"
+#include "platform/CodePage.h"
 #include "tools/CsvImport.h"
 
 #include <QBuffer>
@@ -18,8 +19,12 @@ constexpr std::size_t kLargestRun = 1 << 20;
 
 const Definitions& delivered() {
     static const Definitions definitions = [] {
+<<<<<<< HEAD
         const FileBytes file =
             readDefinitionFile(QStringLiteral(VISTOR_SOURCE_DIR "/OtherFiles/VistorVars.cfg"));
+=======
+        const auto file = readDefinitionFile(QStringLiteral(VISTOR_SOURCE_DIR "/OtherFiles/VistorVars.cfg"));
+>>>>>>> fuzz
         return readDefinitions(viewOf(file.bytes)).value();
     }();
     return definitions;

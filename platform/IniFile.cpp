@@ -221,6 +221,7 @@ void IniFile::eachKey(const QByteArray& section, const std::function<bool(std::s
 }
 
 QStringList IniFile::sections() const {
+<<<<<<< HEAD
     QSet<QByteArray> names;
     m_text->eachSection([&](IniText::Place head) {
         const QByteArray name = foldedName(headName(m_text->lineAt(head)));
@@ -232,6 +233,17 @@ QStringList IniFile::sections() const {
     QStringList list;
     for (const QByteArray& name : names) list += QString::fromUtf8(name);
     return list;
+=======
+    QStringList names;
+    for (const Place head : m_text->sections()) {
+        const QByteArray name = foldedName(headName(m_text->lineAt(head)));
+        const Edits* const edits = editsOf(name);
+        if (!edits || !edits->dropped) names += QString::fromUtf8(name);
+    }
+    for (auto it = m_edits.constBegin(); it != m_edits.constEnd(); ++it)
+        if (!it->head.isEmpty()) names += QString::fromUtf8(it.key());
+    return names;
+>>>>>>> fuzz
 }
 
 QStringList IniFile::keys(const QString& section) const {

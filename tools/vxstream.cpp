@@ -156,11 +156,14 @@ int dump(const QCommandLineParser& parser, const QStringList& files) {
     return std::cout.good() ? kDone : kFailed;
 }
 
+QString deliveredDefinitions() {
+    return deliveredFolder() + QStringLiteral("VistorVars.cfg");
+}
+
 /// Those that were named, else the delivered ones where they are there.
 std::optional<Definitions> definitionsAt(const QString& named) {
-    const QString delivered = deliveredFolder() + QStringLiteral("VistorVars.cfg");
-    if (named.isEmpty() && !QFile::exists(delivered)) return Definitions();
-    const FileBytes file = readDefinitionFile(named.isEmpty() ? delivered : named);
+    const FileBytes file = readDefinitionFile(named.isEmpty() ? deliveredDefinitions() : named);
+    if (named.isEmpty() && file.missing) return Definitions();
     return readDefinitions(viewOf(file.bytes));
 }
 
@@ -170,13 +173,16 @@ int fromCsv(const QCommandLineParser& parser, const QStringList& files) {
         return complain(QStringLiteral("name one table to read, and --out"), kMisused);
     const QString named = parser.value(QStringLiteral("definitions"));
     const auto definitions = definitionsAt(named);
-    if (!definitions) return complain(QStringLiteral("%1: no definition file").arg(named));
+    if (!definitions)
+        return complain(
+            QStringLiteral("%1: no definition file").arg(named.isEmpty() ? deliveredDefinitions() : named));
     QFile in;
     const QString unread = openPlainFile(in, files.constFirst());
     if (!unread.isEmpty()) return complain(QStringLiteral("%1: %2").arg(files.constFirst(), unread));
     const CsvOptions options{parser.value(QStringLiteral("time")), parser.isSet(QStringLiteral("from-zero"))};
     const CsvResult result = importCsv(in, options, *definitions);
-    if (!result.error.isEmpty()) return complain(QStringLiteral("%1: %2").arg(in.fileName(), result.error));
+    if (!result.error.isEmpty())
+        return complain(QStringLiteral("%1: %2").arg(files.constFirst(), result.error));
     QString error;
     return saveFile(out, result.run, error) ? kDone : complain(error);
 }
