@@ -72,7 +72,7 @@ TEST_F(Vxstream, NamesComeFromTheDefinitions) {
     const QString delivered = QStringLiteral(VISTOR_SOURCE_DIR "/OtherFiles/VistorVars.cfg");
     const QStringList common = {QStringLiteral("from-csv"), path("in.csv"), QStringLiteral("--out"),
                                 path("a.run"), QStringLiteral("--definitions")};
-    for (const QStringList& arguments : {common + QStringList{delivered}, common.first(4)}) {
+    for (const QStringList& arguments : {common + QStringList{delivered}, common.mid(0, 4)}) {
         EXPECT_EQ(run(arguments).errors, "") << "the delivered definitions are taken unasked";
         EXPECT_TRUE(QFile::exists(path("a.run")));
     }
@@ -108,10 +108,10 @@ TEST_F(Vxstream, Complaints) {
         {args("simulate --port /dev/null --baud 5000"), 1,
          QStringLiteral("vxstream: 5000 bits per second is no speed of a line\n")},
         {args("simulate --laps 1 --out /nowhere/a.run"), 1,
-         QStringLiteral("vxstream: /nowhere/a.run: there is no such file or folder\n")},
+         QStringLiteral("vxstream: /nowhere/a.run: No such file or directory\n")},
         {args("dump"), 2, QStringLiteral("vxstream: name one file to dump\n")},
         {args("dump /nowhere/a.run"), 1,
-         QStringLiteral("vxstream: /nowhere/a.run: there is no such file or folder\n")},
+         QStringLiteral("vxstream: /nowhere/a.run: No such file or directory\n")},
         {args("from-csv in.csv"), 2, QStringLiteral("vxstream: name one table to read, and --out\n")},
         {{QStringLiteral("from-csv"), csv, QStringLiteral("--out"), path("a.run")},
          1,
