@@ -37,14 +37,16 @@ double turnOf(double angle) {
     return std::abs(turned) > 90 ? turned + 180 : turned;
 }
 
-void paintMarks(QPainter& painter, const PropertyStore& p, const TicRow& row, int i) {
+void paintMarks(QPainter& painter, const PropertyStore& p, const DialLayout& layout, const TicRow& row,
+                int i) {
     const double radius = row.on.place.radius;
     const double inner = std::min(usualSize(p, TicInnerRadius, i), 3.0) * radius;
     const double outer = std::min(usualSize(p, TicOuterRadius, i), 3.0) * radius;
     const double width = std::max(std::min(usualSize(p, TicWidth, i), 1.0) * radius, 1.0);
     std::vector<QLineF> marks;
     for (int tic = 0; tic < row.run.count; ++tic) marks.emplace_back(row.at(inner, tic), row.at(outer, tic));
-    paintTicMarks(painter, marks, p.integer(TicShape, i), width, colourOf(p.integer(TicColour, i)));
+    paintTicMarks(painter, marks, p.integer(TicShape, i), width,
+                  legibleOn(colourOf(p.integer(TicColour, i)), groundOf(p, layout)));
 }
 
 /// To where numbers inside a row may reach: the nearest tics beyond their place.
@@ -93,8 +95,8 @@ std::vector<TicLabel> labelsOf(const PropertyStore& p, const TicRow& row, int i,
 /// Smaller where long numbers would move far from their tics.
 QFont fittedFont(const PropertyStore& p, const TicRow& row, int i, QFont font) {
     constexpr int kSmallest = 8;
-    constexpr double kNearest = 0.8; ///< of the limit, what the longest number leaves free towards its tics
-    const double room = labelLimit(p, row, i) * (1 - kNearest) * 2;
+    constexpr double kWidest = 0.4; ///< of the way from the centre to the tics
+    const double room = labelLimit(p, row, i) * kWidest;
     if (!std::isfinite(room)) return font;
     double widest = 0;
     for (const QString& text : ticTexts(p, kTics, row.run, i))
@@ -122,7 +124,7 @@ void paintTics(QPainter& painter, const PropertyStore& properties, const DialLay
     row.on = layout.scaleAt(properties.integer(TicScale, section));
     const DialScale& scale = row.on.scale;
     row.run = ticRunOf(properties, kTics, {scale.startValue, scale.stopValue}, section);
-    paintMarks(painter, properties, row, section);
+    paintMarks(painter, properties, layout, row, section);
     if (properties.flag(TicLabels, section)) paintLabels(painter, properties, layout, row, section);
 }
 

@@ -62,8 +62,8 @@ double sharpPlace(double along, double width) {
     return std::round(along - width / 2) + width / 2;
 }
 
-void paintMarks(QPainter& painter, const PropertyStore& p, const LinearScale& scale, const TicRun& run,
-                int i) {
+void paintMarks(QPainter& painter, const PropertyStore& p, const QColor& ground, const LinearScale& scale,
+                const TicRun& run, int i) {
     const double near = scale.across(boundedPlace(p, LinearTicNear, i));
     const double far = scale.across(boundedPlace(p, LinearTicFar, i));
     const double share = p.flag(LinearTicLabels, i) ? kMajorWidth : kMinorWidth;
@@ -75,7 +75,7 @@ void paintMarks(QPainter& painter, const PropertyStore& p, const LinearScale& sc
     }
     const int form = p.integer(LinearTicShape, i);
     const double size = form == int(TicForm::Line) ? width : 2 * width;
-    paintTicMarks(painter, marks, form, size, colourOf(p.integer(LinearTicColour, i)));
+    paintTicMarks(painter, marks, form, size, legibleOn(colourOf(p.integer(LinearTicColour, i)), ground));
 }
 
 /// Labels end or begin at their place, so that they never run into their tics. -1: they lie before it.
@@ -141,7 +141,7 @@ void paintLabels(QPainter& painter, const PropertyStore& p, const LinearLayout& 
 void paintTics(QPainter& painter, const PropertyStore& p, const LinearLayout& layout, int i) {
     const LinearScale scale = layout.scaleAt(p.sectionNamed(LinearTicScale, i));
     const TicRun run = ticRunOf(p, kLinearTics, scale.range, i);
-    paintMarks(painter, p, scale, run, i);
+    paintMarks(painter, p, layout.style.back, scale, run, i);
     if (p.flag(LinearTicLabels, i)) paintLabels(painter, p, layout, scale, run, i);
 }
 

@@ -26,7 +26,7 @@ struct DrumForm {
     int decimals = 0;
     bool leadingZeros = true;
     bool smooth = true;   ///< the last drum turns with the value; else it steps
-    bool rollOver = true; ///< upwards beyond its drums the counter begins again; else it rests at its end
+    bool rollOver = true; ///< beyond its drums the counter begins again; else it rests at its end
 };
 
 struct DrumRow {
@@ -39,7 +39,7 @@ struct DrumRow {
 
 /// The drums for a value. A drum turns on while the one to its right goes from 9 to 0. The sign takes a drum,
 /// the first one or that before the first digit. What is not a number shows a dash on each, and so does one
-/// below 0 that the drums beside its sign do not hold: no counter runs round there.
+/// below 0 beyond the drums of a counter that rolls over: none runs round that way.
 DrumRow drumRow(double value, const DrumForm& form);
 
 /// Drums side by side with a gap for the decimal mark.

@@ -62,12 +62,13 @@ private:
     bool m_down = false;
 };
 
-/// The line of a run in pixels, thinned to what differs within a pixel of X. Its places run from the edge of
-/// a cell, so that the same points make the same line wherever they stand.
+/// The line of a run in pixels, from the first point to the last one within each pixel of X. What sticks out
+/// on the way there by `tall` or more becomes a peak. Places run from the edge of a cell, so that the same
+/// points make the same line wherever they stand.
 class LineInOrder {
 public:
-    LineInOrder(const AxisMap& x, const AxisMap& y, double shift, double left, double right)
-        : m_x(x), m_y(y), m_shift(shift), m_left(left), m_right(right) {}
+    LineInOrder(const AxisMap& x, const AxisMap& y, double shift, double left, double right, double tall)
+        : m_x(x), m_y(y), m_shift(shift), m_left(left), m_right(right), m_tall(tall) {}
 
     bool block(double x0, double x1, const Extremes& y) {
         const double from = at(x0);
@@ -91,6 +92,7 @@ public:
     }
 
     std::vector<QPointF> line;
+    PathPieces peaks; ///< upright, without distances
 
 private:
     double at(double x) const { return m_x(x) + m_shift; }
@@ -102,14 +104,16 @@ private:
         m_last = {x, y};
         m_seen.take(y);
     }
-    /// The pixel's first point, what sticks out on the way, the last one.
     void flush() {
         if (!m_open) return;
         line.push_back(m_first);
-        const bool upward = std::abs(m_first.y() - m_seen.low) > std::abs(m_first.y() - m_seen.high);
-        for (const double y : {upward ? m_seen.high : m_seen.low, upward ? m_seen.low : m_seen.high})
-            if (y != line.back().y()) line.emplace_back(m_last.x(), y);
         if (m_last != line.back()) line.push_back(m_last);
+        const auto [low, high] = std::minmax(m_first.y(), m_last.y());
+        if (low - m_seen.low > m_tall || m_seen.high - high > m_tall) {
+            peaks.starts.push_back(peaks.points.size());
+            peaks.points.insert(peaks.points.end(),
+                                {QPointF(m_last.x(), m_seen.low), QPointF(m_last.x(), m_seen.high)});
+        }
         m_open = false;
         m_seen = {};
     }
@@ -119,6 +123,7 @@ private:
     double m_shift;
     double m_left;
     double m_right;
+    double m_tall;
     bool m_open = false;
     QPointF m_first;
     QPointF m_last;
@@ -140,6 +145,10 @@ public:
             from = between;
         }
         step(from, to);
+    }
+    void append(const PathPieces& more) {
+        for (const std::size_t start : more.starts) pieces.starts.push_back(pieces.points.size() + start);
+        pieces.points.insert(pieces.points.end(), more.points.begin(), more.points.end());
     }
     void close() {
         append(m_ink > kMostInk * m_cell ? m_open : dashed(m_open, m_dashes));
@@ -170,10 +179,6 @@ private:
         m_open.starts.push_back(m_open.points.size());
         m_open.distances.push_back(distance);
         m_open.points.push_back(place);
-    }
-    void append(const PathPieces& more) {
-        for (const std::size_t start : more.starts) pieces.starts.push_back(pieces.points.size() + start);
-        pieces.points.insert(pieces.points.end(), more.points.begin(), more.points.end());
     }
 
     QRectF m_seen;
@@ -206,13 +211,14 @@ PathPieces dashedInOrder(const TraceRing& ring, const PointRun& run, const AxisM
     const double past = std::fmod(x.origin * x.factor - x.offset, cell);
     const double shift = std::isfinite(past) ? past : 0;
     const QRectF seen = QRectF(QPointF(shift, 0), QSizeF(image)).adjusted(-pen, -pen, pen, pen);
-    LineInOrder walker(x, y, shift, std::floor(seen.left() / cell) * cell, seen.right());
+    LineInOrder walker(x, y, shift, std::floor(seen.left() / cell) * cell, seen.right(), 2 * pen);
     ring.walk(run, walker);
     if (walker.line.empty()) return {};
     CellCutter cutter(seen, cell, dashes);
     if (walker.line.size() == 1) walker.line.push_back(walker.line.front() + QPointF(0, 0.01)); // a dot
     for (std::size_t i = 0; i + 1 < walker.line.size(); ++i) cutter.line(walker.line[i], walker.line[i + 1]);
     cutter.close();
+    cutter.append(walker.peaks);
     for (QPointF& point : cutter.pieces.points) point.rx() -= shift;
     return std::move(cutter.pieces);
 }

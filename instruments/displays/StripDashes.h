@@ -12,7 +12,8 @@ PathPieces dashed(const PathPieces& path, std::span<const double> dashes);
 
 /// A run whose X never falls, in dashes along its line. They begin anew in every cell of X, so that they stay
 /// on their data while those scroll. Where a line goes up and down so often within a cell that its dashes
-/// would run together, and within a pixel, it is solid: nothing that sticks out is lost.
+/// would run together it is solid, and so is what sticks out by twice `pen` or more within a pixel: nothing
+/// is lost in a gap.
 PathPieces dashedInOrder(const TraceRing& ring, const PointRun& run, const AxisMap& x, const AxisMap& y,
                          const QSize& image, double pen, std::span<const double> dashes);
 

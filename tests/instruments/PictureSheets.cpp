@@ -39,7 +39,8 @@ void setUp(Instrument& instrument, int variant) {
     PropertyStore& p = instrument.inCTRL().properties();
     const bool graph = instrument.kind() == Kind::TimeGraph || instrument.kind() == Kind::XYGraph;
     for (int pin = 1; pin <= (graph ? 3 : 1); ++pin)
-        for (const std::uint8_t axis : {0, 1}) instrument.AssignPin(pin, axis, QStringLiteral("EngineSpeed"));
+        for (const auto axis : {std::uint8_t{0}, std::uint8_t{1}})
+            instrument.AssignPin(pin, axis, QStringLiteral("EngineSpeed"));
     if (graph) {
         p.setNumber(StripTraceCount, 3);
         p.setNumber(StripLength, instrument.kind() == Kind::XYGraph ? 100 : 20);

@@ -89,14 +89,15 @@ private:
     void fillOne(PropertyStore& p, const PropertyInfo& info, int index) {
         const auto role = p.table().find(info.number).role;
         if (info.type == PropertyType::Empty || role != PropertyAddress::Role::Field) return;
-        if (isText(info.type))
-            oneIn(3) ? p.setText(info.number, index, text()) : void();
-        else if (info.choices.words.size() > 0 && !oneIn(5))
+        if (isText(info.type)) {
+            if (oneIn(3)) p.setText(info.number, index, text());
+        } else if (info.choices.words.size() > 0 && !oneIn(5)) {
             p.setNumber(info.number, index, below(static_cast<int>(info.choices.words.size())));
-        else if (info.high > info.low && oneIn(2))
+        } else if (info.high > info.low && oneIn(2)) {
             p.setNumber(info.number, index, std::uniform_real_distribution(info.low, info.high)(m_random));
-        else if (!oneIn(3))
+        } else if (!oneIn(3)) {
             p.setNumber(info.number, index, number());
+        }
     }
 
     std::mt19937 m_random;
@@ -121,7 +122,8 @@ void paintList(unsigned seed) {
     const auto instrument = makeInstrument(kind, nullptr);
     instrument->Deserialise(list);
     for (int pin = 1; pin < 6; ++pin)
-        for (const std::uint8_t axis : {0, 1}) instrument->AssignPin(pin, axis, QStringLiteral("Oil"));
+        for (const auto axis : {std::uint8_t{0}, std::uint8_t{1}})
+            instrument->AssignPin(pin, axis, QStringLiteral("Oil"));
     InnerDisplay& display = instrument->inCTRL();
     for (int picture = 0; picture < 3; ++picture) {
         const double ratio = display.devicePixelRatioF();
