@@ -189,9 +189,18 @@ void frmInterface::showPageInFront() {
     for (Page* page : pic) page->setVisible(page->number() == CurrentTab);
 }
 
+/// What stands behind gets no values until it comes to the front.
+void frmInterface::interruptHidden() {
+    for (const InstrumentElement& element : instruments.all()) {
+        const Page* page = pageOf(*element.instrument);
+        if (page && page->number() != CurrentTab) element.instrument->interruptData();
+    }
+}
+
 void frmInterface::mainTab_Click() {
     CurrentTab = static_cast<std::int16_t>(mainTab->Tab());
     showPageInFront();
+    interruptHidden();
 }
 
 void frmInterface::mainTab_MouseDown(Qt::MouseButton button, const QPoint& place) {

@@ -227,6 +227,7 @@ private:
     Page* addPage();
     void fitPage(Page* page, int highest);
     void showPageInFront();
+    void interruptHidden();
     void clearPage(std::size_t number);
     /// A new tab at the end with its page, in front.
     void appendTab(const QString& caption);

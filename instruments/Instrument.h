@@ -62,6 +62,8 @@ public:
     virtual void refreshValue(std::int16_t pin, std::uint8_t axis, float value);
     /// Forgets stored points; only graphs have any.
     virtual void ClearCurrentData();
+    /// From here on it gets no values for a while: no line leads over that time. Only graphs draw any.
+    virtual void interruptData();
 
     void TagOn(bool on);
     void mnuTag_Click();
