@@ -1,9 +1,8 @@
 #include "maths/ConfigPairs.h"
 
+#include "platform/CodePage.h"
 #include "platform/NumberText.h"
 #include "variables/SetupVariables.h"
-
-#include <QStringDecoder>
 
 #include <algorithm>
 #include <optional>
@@ -12,7 +11,6 @@
 namespace vistor {
 namespace {
 
-constexpr std::string_view kMark = "\xEF\xBB\xBF";
 constexpr std::string_view kBlanks = " \t";
 
 struct Item {
@@ -81,7 +79,7 @@ std::vector<Item> itemsOf(std::string_view line) {
 }
 
 QString wordsOf(std::string_view text) {
-    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+    return fromCodePage(text);
 }
 
 /// A value without the unit that follows it.
@@ -124,21 +122,9 @@ private:
 
 } // namespace
 
-QByteArray configBytes(const QByteArray& file) {
-    const auto encoding = QStringDecoder::encodingForData(file);
-    if (!encoding || *encoding == QStringDecoder::Utf8) return file;
-    return QByteArray(kMark.data(), kMark.size()) + QString(QStringDecoder(*encoding)(file)).toUtf8();
-}
-
 std::vector<ConfigPair> configPairs(const QByteArray& bytes) {
-    std::string_view rest(bytes.constData(), static_cast<std::size_t>(bytes.size()));
-    if (rest.starts_with(kMark)) rest.remove_prefix(kMark.size());
     PairReader reader(bytes);
-    while (!rest.empty()) {
-        const std::size_t end = std::min(rest.find_first_of("\r\n"), rest.size());
-        reader.take(rest.substr(0, end));
-        rest.remove_prefix(std::min(end + 1, rest.size()));
-    }
+    for (std::string_view rest = viewOf(bytes); !rest.empty();) reader.take(takeLine(rest));
     return std::move(reader.pairs);
 }
 
@@ -149,7 +135,7 @@ QByteArray withConfigNumber(const QByteArray& bytes, const QString& key, double 
     if (known != pairs.end()) return QByteArray(bytes).replace(known->place, known->length, text);
     const QByteArray lineEnd = bytes.contains("\r\n") ? "\r\n" : "\n";
     const bool broken = !bytes.isEmpty() && !bytes.endsWith('\n') && !bytes.endsWith('\r');
-    return bytes + (broken ? lineEnd : QByteArray()) + key.toLatin1() + ',' + text + lineEnd;
+    return bytes + (broken ? lineEnd : QByteArray()) + toCodePage(key) + ',' + text + lineEnd;
 }
 
 } // namespace vistor

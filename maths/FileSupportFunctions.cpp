@@ -1,6 +1,7 @@
 #include "maths/FileSupportFunctions.h"
 
 #include "maths/ConfigPairs.h"
+#include "platform/CodePage.h"
 #include "platform/Folders.h"
 #include "platform/Notices.h"
 #include "platform/WholeFile.h"
@@ -34,7 +35,7 @@ double ReadConfigValue(const QString& path, const QString& key) {
         notify(QStringLiteral("%1 cannot be read: %2.").arg(cleaned, file.problem));
         return 0;
     }
-    for (const ConfigPair& pair : configPairs(configBytes(file.bytes)))
+    for (const ConfigPair& pair : configPairs(unmarked(file.bytes)))
         if (pair.key == key) return pair.number;
     return 0;
 }

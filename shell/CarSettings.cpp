@@ -2,6 +2,7 @@
 
 #include "maths/ConfigPairs.h"
 #include "maths/ConvertUnits.h"
+#include "platform/CodePage.h"
 #include "platform/Notices.h"
 #include "platform/WholeFile.h"
 #include "shell/Startup.h"
@@ -63,13 +64,13 @@ QString carFile() {
 }
 
 CarNumbers readCarNumbers() {
-    return numbersIn(configBytes(readWholeFile(carFile(), kLargestCarFile).bytes));
+    return numbersIn(unmarked(readWholeFile(carFile(), kLargestCarFile).bytes));
 }
 
 QString writeCarNumbers(const CarNumbers& numbers) {
     const FileBytes file = readWholeFile(carFile(), kLargestCarFile);
     if (!file.problem.isEmpty() && !file.missing) return file.problem; // what could not be read is not lost
-    QByteArray bytes = configBytes(file.bytes);
+    QByteArray bytes = unmarked(file.bytes);
     const CarNumbers before = numbersIn(bytes);
     for (std::size_t i = 0; i < kCarSettings; ++i)
         if (numbers[i] && numbers[i] != before[i])

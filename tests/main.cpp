@@ -5,6 +5,7 @@
 #include "platform/Notices.h"
 #include "platform/Prompts.h"
 #include "platform/QtPlainTexts.h"
+#include "platform/Scratch.h"
 #include "platform/WholeFile.h"
 #include "variables/GlobalVarsAndTypes.h"
 
@@ -22,6 +23,7 @@ class FreshGlobals final : public testing::EmptyTestEventListener {
         vistor::setClock({});
         vistor::setPrompter(nullptr);
         vistor::setProgramFolder({});
+        vistor::deleteScratchFolder();
         vistor::setNoticeListener({});
         vistor::clearNotices();
         vistor::failFileCall(0);
