@@ -19,12 +19,7 @@ constexpr std::size_t kLargestRun = 1 << 20;
 
 const Definitions& delivered() {
     static const Definitions definitions = [] {
-<<<<<<< HEAD
-        const FileBytes file =
-            readDefinitionFile(QStringLiteral(VISTOR_SOURCE_DIR "/OtherFiles/VistorVars.cfg"));
-=======
         const auto file = readDefinitionFile(QStringLiteral(VISTOR_SOURCE_DIR "/OtherFiles/VistorVars.cfg"));
->>>>>>> fuzz
         return readDefinitions(viewOf(file.bytes)).value();
     }();
     return definitions;

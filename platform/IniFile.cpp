@@ -221,19 +221,6 @@ void IniFile::eachKey(const QByteArray& section, const std::function<bool(std::s
 }
 
 QStringList IniFile::sections() const {
-<<<<<<< HEAD
-    QSet<QByteArray> names;
-    m_text->eachSection([&](IniText::Place head) {
-        const QByteArray name = foldedName(headName(m_text->lineAt(head)));
-        if (const Edits* const edits = editsOf(name); !edits || !edits->dropped) names.insert(name);
-    });
-    for (auto it = m_edits.constBegin(); it != m_edits.constEnd(); ++it) {
-        if (!it.value().head.isEmpty()) names.insert(it.key());
-    }
-    QStringList list;
-    for (const QByteArray& name : names) list += QString::fromUtf8(name);
-    return list;
-=======
     QStringList names;
     for (const Place head : m_text->sections()) {
         const QByteArray name = foldedName(headName(m_text->lineAt(head)));
@@ -243,7 +230,6 @@ QStringList IniFile::sections() const {
     for (auto it = m_edits.constBegin(); it != m_edits.constEnd(); ++it)
         if (!it->head.isEmpty()) names += QString::fromUtf8(it.key());
     return names;
->>>>>>> fuzz
 }
 
 QStringList IniFile::keys(const QString& section) const {

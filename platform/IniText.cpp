@@ -180,20 +180,12 @@ IniText::Place IniText::section(const QByteArray& name) const {
     return find(heads(), viewOf(name));
 }
 
-<<<<<<< HEAD
-void IniText::eachSection(const std::function<void(Place)>& take) const {
-    const std::uint32_t mask = (std::uint32_t{1} << m_placeBits) - 1;
-    for (const std::uint32_t slot : heads().slots) {
-        if (slot != kEmpty) take(slot & mask);
-    }
-=======
 std::vector<IniText::Place> IniText::sections() const {
     const std::uint32_t mask = (std::uint32_t{1} << m_placeBits) - 1;
     std::vector<Place> places;
     for (const std::uint32_t slot : heads().slots)
         if (slot != kEmpty) places.push_back(slot & mask);
     return places;
->>>>>>> fuzz
 }
 
 IniText::Section& IniText::known(Place head) const {

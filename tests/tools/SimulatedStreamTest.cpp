@@ -190,12 +190,12 @@ TEST(SimulatedStream, DamageLosesFramesAndNothingElse) {
 
     const auto channels = byChannel(readAll(simulateRunFile({.laps = 1, .dropOut = true})));
     const auto longest = [&channels](int channel) {
-        double longest = 0, before = 0;
+        double gap = 0, before = 0;
         for (const auto& [time, value] : channels.at(channel)) {
-            longest = std::max(longest, time - before);
+            gap = std::max(gap, time - before);
             before = time;
         }
-        return longest;
+        return gap;
     };
     EXPECT_GT(longest(2), 0.5);
     EXPECT_LT(longest(2), 2.6);
