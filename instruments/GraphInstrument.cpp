@@ -57,7 +57,7 @@ PinTable GraphInstrument::curVarTable() const {
 }
 
 void GraphInstrument::refreshValue(std::int16_t pin, std::uint8_t axis, float value) {
-    if (pin < 1 || static_cast<std::size_t>(pin) >= m_tracks.size()) return;
+    if (!hasPin(pin) || static_cast<std::size_t>(pin) >= m_tracks.size()) return;
     Track& track = m_tracks[static_cast<std::size_t>(pin)];
     (axis == 0 ? track.x : track.y) = {value, true, true};
     if (!track.x.waiting || !track.y.waiting) return;

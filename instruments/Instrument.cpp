@@ -100,7 +100,10 @@ PinTable Instrument::curVarTable() const {
 void Instrument::refreshValue(std::int16_t pin, float value) {
     PropertyStore& properties = m_display->properties();
     const KindTable::Parts& parts = properties.table().parts();
-    if (parts.values.selector != kNoNumber) properties.setNumber(parts.values.selector, pin);
+    if (parts.values.selector != kNoNumber) {
+        if (!hasPin(pin)) return; // the selector would wrap round to another's needle
+        properties.setNumber(parts.values.selector, pin);
+    }
     properties.setNumber(parts.values.value, value);
     m_display->call(parts.methods.redraw);
 }

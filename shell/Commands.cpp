@@ -93,6 +93,7 @@ constexpr MenuEntry kEntries[] = {
 
     {"mnuWindow", "mnuShowPropertiesWindow", "Show &Properties Window", "properties",
      onMain<&frmMain::mnuShowPropertiesWindow_Click>, "", true},
+    {"mnuWindow", "carNumbers", "&Car...", nullptr, onMain<&frmMain::editCar>},
 
     {"mnuTabControl", "mnuNewTab", "&Insert New Tab", "newtab", onDashboard<&frmInterface::mnuNewTab_Click>},
     {"mnuTabControl", "mnuClearCurrentTab", "&Clear Current Tab", "cleartab",

@@ -12,6 +12,7 @@
 #include "platform/Prompts.h"
 #include "platform/Scratch.h"
 #include "platform/WholeFile.h"
+#include "shell/CarDialog.h"
 #include "shell/Startup.h"
 #include "shell/frmHelp.h"
 #include "shell/frmStartSplash.h"
@@ -89,8 +90,8 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     setWindowTitle(mainWindowTitle());
     if (!findDefinitionFile()) return false;
     loadDefinitions();
+    readDecimalSeparator(); // before any text is read as a number
     readIgnitionPulses();
-    readDecimalSeparator();
     frmStartSplash splash;
     m_helpFolder = deliveredFolder() + QStringLiteral("help/");
     splash.show();
@@ -109,6 +110,7 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     if (!wanted.isEmpty()) m_dashboard->loadLastFile(wanted);
     readCarConstants();
     createFormulaEvaluators();
+    tellMissingCarNumbers();
     m_loaded = true;
     if (m_closeWanted) QTimer::singleShot(0, this, &QWidget::close);
     return true;
@@ -182,6 +184,10 @@ void frmMain::mnuCloseAllTabs_Click() {
 void frmMain::openHelp(HelpCommand command) {
     if (!m_help) m_help = new frmHelp(this);
     m_help->open(m_helpFolder, command);
+}
+
+void frmMain::editCar() {
+    CarDialog(this).exec();
 }
 
 void frmMain::mnuVXHelp_Click() {

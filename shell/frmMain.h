@@ -51,6 +51,8 @@ public:
     void mnuVXHelp_Click();
     void mnuHelpContents_Click();
     void mnuAbout_Click();
+    /// Opens the window of the car's numbers, modally.
+    void editCar();
     /// Shows or hides the properties window, as the entry is checked now.
     void mnuShowPropertiesWindow_Click();
 

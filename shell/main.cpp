@@ -1,6 +1,7 @@
 // The program's entry: command line, look, main window.
 #include "dashboard/ReadoutValues.h"
 #include "dashboard/frmInterface.h"
+#include "platform/QtPlainTexts.h"
 #include "platform/QtPrompts.h"
 #include "shell/Appearance.h"
 #include "shell/Options.h"
@@ -83,6 +84,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     const QApplication application(argc, argv);
+    keepTextsPlain();
     applyAppearance();
     return run(options);
 }

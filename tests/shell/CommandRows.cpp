@@ -119,8 +119,8 @@ CommandRow adding(const char* menu, const char* name, const char* caption) {
 }
 template <int dialog>
 bool opens(Session& s) {
-    constexpr const char* kDialogs[] = {"FrmSelectInput", "frmOptions", "frmStartSplash", "PropertySheet",
-                                        "frmVarTable"};
+    constexpr const char* kDialogs[] = {"FrmSelectInput", "frmOptions",  "frmStartSplash",
+                                        "PropertySheet",  "frmVarTable", "CarDialog"};
     return s.opened(kDialogs[dialog]);
 }
 
@@ -160,6 +160,7 @@ const CommandRow kRows[] = {
 
     {"mnuWindow", "mnuShowPropertiesWindow", "Show &Properties Window", Enabled::Edit, nullptr,
      showsProperties},
+    {"mnuWindow", "carNumbers", "&Car...", Enabled::Edit, nullptr, opens<5>},
     {"mnuWindow", "mnuTabControl", "Tab Management"},
     {"mnuTabControl", "mnuNewTab", "&Insert New Tab", Enabled::Edit, namesOne, hasNewTab},
     {"mnuTabControl", "mnuClearCurrentTab", "&Clear Current Tab", Enabled::Edit, yes, clearedTab},
