@@ -19,8 +19,6 @@
 namespace vistor {
 namespace {
 
-constexpr int kPathBuffer = 200;
-
 constexpr double kFewestPulses = 0.1;
 constexpr double kMostPulses = 20;
 
@@ -131,7 +129,7 @@ void readCarConstants() {
 
 QString lastLayout() {
     return readIniValue(SettingsPath, QStringLiteral("VXVISTOR"), QStringLiteral("LASTFILE"), QString(),
-                        kPathBuffer);
+                        kLongestPath);
 }
 
 QString offerLayout(const QString& last) {

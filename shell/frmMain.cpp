@@ -10,6 +10,7 @@
 #include "platform/Events.h"
 #include "platform/Folders.h"
 #include "platform/Prompts.h"
+#include "shell/RecentFiles.h"
 #include "shell/Startup.h"
 #include "shell/frmHelp.h"
 #include "shell/frmStartSplash.h"
@@ -73,6 +74,10 @@ void frmMain::connectDashboard() {
     connect(m_dashboard, &frmInterface::timerWanted, this, &frmMain::setTimer);
     connect(m_dashboard, &frmInterface::sourceChanged, this, &frmMain::renewStatus);
     connect(m_dashboard, &frmInterface::unloaded, this, &frmMain::close);
+    connect(m_dashboard, &frmInterface::profileOpened, this, [this](const QString& path) {
+        m_dashboard->LastProfilePath.clear();
+        keepRecent(withRecentFile(readRecentFiles(SettingsPath), path));
+    });
 }
 
 bool frmMain::MDIForm_Load(const QString& profile) {
@@ -93,6 +98,7 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     DoEvents();
     showDashboard();
     const QString last = lastLayout();
+    m_dashboard->LastProfilePath = last;
     setTimer(kTickMilliseconds);
     deleteScratchBitmaps();
     splash.close();
@@ -104,6 +110,7 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     if (!wanted.isEmpty()) m_dashboard->loadLastFile(wanted);
     readCarConstants();
     createFormulaEvaluators();
+    m_dashboard->tellOfLostWork();
     m_loaded = true;
     if (m_closeWanted) QTimer::singleShot(0, this, &QWidget::close);
     return true;
