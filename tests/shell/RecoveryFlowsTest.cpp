@@ -6,6 +6,7 @@
 #include "platform/IniFile.h"
 #include "platform/Notices.h"
 #include "tests/shell/CommandSession.h"
+#include "variables/VariableEdits.h"
 
 #include <QElapsedTimer>
 #include <QListWidget>
@@ -203,8 +204,8 @@ TEST_F(RecoveryFlowsTest, TablesAreKeptBeforeOthersTakeTheirPlace) {
     };
     restore();
     EXPECT_TRUE(copies().empty()) << "the delivered table can be restored";
-    VariableTable[2].BaseName = QStringLiteral("Revs");
-    tableChanged();
+    VariableTableEdit[2].BaseName = QStringLiteral("Revs");
+    commitVariableEdits();
     s.page.keepEveryMinute();
     s.page.keepEveryMinute();
     ASSERT_EQ(copies().size(), 1U);
