@@ -64,7 +64,7 @@ std::optional<RecoveryReason> reasonNamed(const QString& name) {
     return static_cast<RecoveryReason>(found - kReasons.begin());
 }
 
-bool isPlainFile(const QString& path) {
+bool isOwnFile(const QString& path) {
     const QFileInfo info(path);
     return info.isFile() && !info.isSymLink();
 }
@@ -167,7 +167,7 @@ std::vector<RecoveryCopy> recoveryCopies(const QString& folder) {
     while (walk.hasNext()) {
         walk.next();
         const auto copy = readRecoveryName(walk.fileName());
-        if (copy && isPlainFile(walk.filePath())) copies.push_back(*copy);
+        if (copy && isOwnFile(walk.filePath())) copies.push_back(*copy);
     }
     std::sort(copies.begin(), copies.end(), [](const RecoveryCopy& a, const RecoveryCopy& b) {
         return a.time != b.time ? a.time > b.time : recoveryName(a) > recoveryName(b);
@@ -220,14 +220,14 @@ FileBytes readRecovery(const QString& folder, const RecoveryCopy& copy) {
 
 QByteArray readRecoveryPicture(const QString& folder, const RecoveryCopy& copy) {
     const QString path = folder + recoveryPictureName(copy);
-    return isPlainFile(path) ? readWholeFile(path, kLargestPicture).bytes : QByteArray();
+    return isOwnFile(path) ? readWholeFile(path, kLargestPicture).bytes : QByteArray();
 }
 
 bool deleteRecovery(const QString& folder, const RecoveryCopy& copy) {
     const QString path = folder + recoveryName(copy);
     const QString picture = folder + recoveryPictureName(copy);
-    if (isPlainFile(picture)) QFile::remove(picture);
-    return !isPlainFile(path) || QFile::remove(path);
+    if (isOwnFile(picture)) QFile::remove(picture);
+    return !isOwnFile(path) || QFile::remove(path);
 }
 
 QString reasonInWords(RecoveryReason reason) {

@@ -131,7 +131,7 @@ void frmInterface::storeSettings() {
                          ControlManager1->paneBox(kPagesPane)});
     file.setValue(QStringLiteral("VXVISTOR"), QStringLiteral("LASTFILE"),
                   ProfilePath.isEmpty() ? LastProfilePath : ProfilePath);
-    file.save(SettingsPath);
+    file.saveOrTell(SettingsPath, QStringLiteral("The settings"));
 }
 
 void frmInterface::mnuExit_Click() {

@@ -64,7 +64,7 @@ bool writeRecentFiles(const QString& settings, const QStringList& files) {
         else
             file.removeKey(kSection, keyOf(number));
     }
-    return file.save(settings);
+    return file.saveOrTell(settings, QStringLiteral("The list of recent files"));
 }
 
 QString recentCaption(const QString& path, int number) {

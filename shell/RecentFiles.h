@@ -15,7 +15,7 @@ QStringList withRecentFile(QStringList files, const QString& path);
 /// The list as it stands in a settings file, the newest first.
 QStringList readRecentFiles(const QString& settings);
 /// Puts a list in the place of that in a settings file; an empty one takes its keys away. False when the file
-/// cannot be written.
+/// cannot be written, which is told.
 bool writeRecentFiles(const QString& settings, const QStringList& files);
 
 /// The caption of a menu's entry, number `number` from 1: file and folder as plain text of bounded length.

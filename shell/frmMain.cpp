@@ -10,6 +10,8 @@
 #include "platform/Events.h"
 #include "platform/Folders.h"
 #include "platform/Prompts.h"
+#include "platform/Scratch.h"
+#include "platform/WholeFile.h"
 #include "shell/RecentFiles.h"
 #include "shell/Startup.h"
 #include "shell/frmHelp.h"
@@ -26,6 +28,8 @@
 
 namespace vistor {
 namespace {
+
+constexpr qint64 kLargestIcon = 16 << 20; ///< bytes
 
 bool isYes(const char* question) {
     return MsgBox(QLatin1String(question), Icon::Notice, Buttons::YesNo) == Answer::Yes;
@@ -84,7 +88,8 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     const Hourglass hourglass;
     const QScopedValueRollback loading(m_loading, true);
     findWorkingFolder();
-    const QPixmap icon(programFolder() + QStringLiteral("User.ico"));
+    QPixmap icon;
+    icon.loadFromData(readWholeFile(programFolder() + QStringLiteral("User.ico"), kLargestIcon).bytes);
     if (!icon.isNull()) setWindowIcon(icon);
     setWindowTitle(mainWindowTitle());
     if (!findDefinitionFile()) return false;
@@ -100,7 +105,7 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     const QString last = lastLayout();
     m_dashboard->LastProfilePath = last;
     setTimer(kTickMilliseconds);
-    deleteScratchBitmaps();
+    deleteForsakenScratch(WorkingFolder);
     splash.close();
     pumpEvents();
     m_dashboard->GenerateIcons();
@@ -156,7 +161,7 @@ bool frmMain::shutDown() {
     }
     if (m_properties) m_properties->Form_Unload();
     showProperties(false);
-    deleteScratchBitmaps();
+    deleteScratchFolder();
     m_loaded = false;
     return true;
 }

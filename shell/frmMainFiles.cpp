@@ -6,6 +6,7 @@
 #include "dashboard/frmRecover.h"
 #include "platform/Notices.h"
 #include "platform/Prompts.h"
+#include "platform/Scratch.h"
 #include "shell/RecentFiles.h"
 #include "shell/Startup.h"
 #include "shell/frmMain.h"
@@ -54,10 +55,7 @@ void frmMain::openRecent(const QString& path) {
 }
 
 void frmMain::keepRecent(const QStringList& files) {
-    if (files == readRecentFiles(SettingsPath) || writeRecentFiles(SettingsPath, files)) return;
-    notify(QStringLiteral("The list of recent files cannot be written to \"%1\". Look at that folder's "
-                          "permissions and room.")
-               .arg(SettingsPath));
+    if (files != readRecentFiles(SettingsPath)) writeRecentFiles(SettingsPath, files);
 }
 
 void frmMain::mnuClearRecent_Click() {
@@ -89,7 +87,7 @@ void frmMain::recoverVariables(const RecoveryCopy& copy) {
 void frmMain::endBySignal() {
     m_dashboard->storeForEnd();
     CloseDataSource();
-    deleteScratchBitmaps();
+    deleteScratchFolder();
 }
 
 } // namespace vistor
