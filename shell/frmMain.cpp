@@ -13,6 +13,7 @@
 #include "platform/Scratch.h"
 #include "platform/WholeFile.h"
 #include "shell/CarDialog.h"
+#include "shell/RecentFiles.h"
 #include "shell/Startup.h"
 #include "shell/frmHelp.h"
 #include "shell/frmStartSplash.h"
@@ -78,6 +79,10 @@ void frmMain::connectDashboard() {
     connect(m_dashboard, &frmInterface::timerWanted, this, &frmMain::setTimer);
     connect(m_dashboard, &frmInterface::sourceChanged, this, &frmMain::renewStatus);
     connect(m_dashboard, &frmInterface::unloaded, this, &frmMain::close);
+    connect(m_dashboard, &frmInterface::profileOpened, this, [this](const QString& path) {
+        m_dashboard->LastProfilePath.clear();
+        keepRecent(withRecentFile(readRecentFiles(SettingsPath), path));
+    });
 }
 
 bool frmMain::MDIForm_Load(const QString& profile) {
@@ -99,6 +104,7 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     DoEvents();
     showDashboard();
     const QString last = lastLayout();
+    m_dashboard->LastProfilePath = last;
     setTimer(kTickMilliseconds);
     deleteForsakenScratch(WorkingFolder);
     splash.close();
@@ -111,6 +117,7 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     readCarConstants();
     createFormulaEvaluators();
     tellMissingCarNumbers();
+    m_dashboard->tellOfLostWork();
     m_loaded = true;
     if (m_closeWanted) QTimer::singleShot(0, this, &QWidget::close);
     return true;

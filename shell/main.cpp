@@ -2,6 +2,7 @@
 #include "dashboard/ReadoutValues.h"
 #include "dashboard/frmInterface.h"
 #include "platform/QtPlainTexts.h"
+#include "platform/EndSignals.h"
 #include "platform/QtPrompts.h"
 #include "shell/Appearance.h"
 #include "shell/Options.h"
@@ -58,6 +59,10 @@ int run(const Options& options) {
     if (!options.exitAfter) setPrompter(&prompts);
     frmMain window;
     sizeWindow(window);
+    const EndSignals signals([&window] { window.endBySignal(); });
+    const auto store = [&window] { window.dashboard().storeForEnd(); };
+    QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, &window, store, Qt::DirectConnection);
+    QObject::connect(qGuiApp, &QCoreApplication::aboutToQuit, &window, store);
     if (!window.MDIForm_Load(options.profile)) return 1;
     window.dashboard().mainTab->Tab(options.tab - 1);
     if (!options.source.isEmpty()) DataSourceDescriptor = options.source;
