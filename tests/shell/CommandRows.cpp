@@ -121,7 +121,7 @@ template <int dialog>
 bool opens(Session& s) {
     constexpr const char* kDialogs[] = {"FrmSelectInput", "frmOptions", "frmStartSplash", "PropertySheet",
                                         "frmVarTable"};
-    return s.opened(kDialogs[dialog]);
+    return QTest::qWaitFor([&s] { return s.opened(kDialogs[dialog]); }, 30); // one may come without a loop
 }
 
 const CommandRow kRows[] = {
@@ -177,6 +177,11 @@ const CommandRow kRows[] = {
      [](Session& s) { return showsHelp(s, 1); }},
     {"mnuHelp", "mnuHelpContents", "Help Contents", Enabled::Both, nullptr,
      [](Session& s) { return showsHelp(s, 0); }},
+    {"mnuHelp", "notices", "&Notices...", Enabled::Both, nullptr,
+     [](Session& s) {
+         const auto* list = s.window.findChild<QDialog*>("noticeList");
+         return list && list->isVisible();
+     }},
     {"mnuHelp", "mnuAbout", "&About Us", Enabled::Both, nullptr, opens<2>},
 
     {"mnuDropDown", "mnuDDAddControl", "&Add Control"},
