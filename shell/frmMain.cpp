@@ -10,6 +10,7 @@
 #include "platform/Events.h"
 #include "platform/Folders.h"
 #include "platform/Prompts.h"
+#include "shell/NoticeLine.h"
 #include "shell/Startup.h"
 #include "shell/frmHelp.h"
 #include "shell/frmStartSplash.h"
@@ -32,7 +33,7 @@ bool isYes(const char* question) {
 
 } // namespace
 
-frmMain::frmMain() : m_dashboard(new frmInterface) {
+frmMain::frmMain() : m_dashboard(new frmInterface), m_notices(new NoticeLine(this)) {
     setObjectName(QStringLiteral("frmMain"));
     makeMenus();
     makeToolbar();
@@ -40,10 +41,7 @@ frmMain::frmMain() : m_dashboard(new frmInterface) {
     connectDashboard();
     Timer1.setTimerType(Qt::PreciseTimer);
     connect(&Timer1, &QTimer::timeout, this, &frmMain::Timer1_Timer);
-    m_refresh = [this](const QString& name, float value) {
-        ++m_updates;
-        m_dashboard->refreshControls(name, value);
-    };
+    m_refresh = [this](const QString& name, float value) { m_dashboard->refreshControls(name, value); };
 }
 
 frmMain::~frmMain() = default;
@@ -188,7 +186,13 @@ void frmMain::mnuHelpContents_Click() {
 }
 
 void frmMain::mnuAbout_Click() {
-    frmStartSplash(this).exec();
+    auto* about = new frmStartSplash(this);
+    about->setAttribute(Qt::WA_DeleteOnClose);
+    about->open(); // without a loop of its own, which would hold up whatever is under way
+}
+
+void frmMain::showNotices() {
+    m_notices->openList();
 }
 
 void frmMain::openMenu(const QString& name, const QPoint& place) {
