@@ -5,10 +5,10 @@
 #include "maths/FileSupportFunctions.h"
 #include "platform/Notices.h"
 #include "platform/Prompts.h"
+#include "platform/WholeFile.h"
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QStringList>
 #include <QtEndian>
 
@@ -59,9 +59,9 @@ QString openRunFile(QString path) {
     const QString problem = runFileProblem(path);
     if (!problem.isEmpty()) return problem;
     FileExists(path); // cleans it
-    auto file = std::make_unique<QFile>(path);
-    if (!file->open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return QStringLiteral("\"%1\" cannot be read: %2.").arg(path, file->errorString());
+    auto file = std::make_unique<QFile>();
+    const QString unopened = openPlainFile(*file, path);
+    if (!unopened.isEmpty()) return unopened;
     runFile = std::move(file);
     RunFileHandle = 1;
     return {};
@@ -154,10 +154,10 @@ bool openKind(SourceKind kind, const QStringList& fields, QString& problem) {
 
 bool IsRunFile(const QString& path) {
     QString cleaned = path;
-    if (!FileExists(cleaned) || !QFileInfo(cleaned).isFile()) return false; // no folder, pipe or device
-    QFile file(cleaned);
+    if (!FileExists(cleaned)) return false;
+    QFile file;
     uchar head[8] = {};
-    if (!file.open(QIODevice::ReadOnly) ||
+    if (!openPlainFile(file, cleaned).isEmpty() ||
         file.read(reinterpret_cast<char*>(head), sizeof head) != sizeof head)
         return false;
     const auto mark = qFromLittleEndian<std::int32_t>(head);
@@ -176,9 +176,9 @@ QString runFileProblem(const QString& path) {
     if (!info.exists())
         return name + QStringLiteral("is not there. Was it moved, or is its disk missing?") + choose;
     if (!info.isFile()) return name + QStringLiteral("is a folder or a device, no file.") + choose;
-    QFile file(cleaned);
-    if (!file.open(QIODevice::ReadOnly))
-        return name + QStringLiteral("cannot be read: %1.").arg(file.errorString()) + choose;
+    QFile file;
+    const QString unopened = openPlainFile(file, cleaned);
+    if (!unopened.isEmpty()) return name + QStringLiteral("cannot be read: %1.").arg(unopened) + choose;
     if (!IsRunFile(cleaned))
         return name + QStringLiteral("is no recording: it does not begin as one.") + choose;
     return {};

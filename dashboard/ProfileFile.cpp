@@ -63,9 +63,8 @@ int tabsSeen(const IniFile& file) {
     const std::vector<int> captions = file.numberedKeys(kCaptionsSection, 0, kMostTabs - 1);
     const int captioned = captions.empty() ? 0 : captions.back() + 1;
     const auto holdsInstruments = [&file](int tab) {
-        return std::any_of(kInstrumentKinds.begin(), kInstrumentKinds.end(), [&](const KindInfo& info) {
-            return !file.keys(pageSection(info.kind, tab)).isEmpty();
-        });
+        return std::any_of(kInstrumentKinds.begin(), kInstrumentKinds.end(),
+                           [&](const KindInfo& info) { return file.hasKeys(pageSection(info.kind, tab)); });
     };
     for (int tab = kMostTabs; tab-- > captioned;) {
         if (holdsInstruments(tab)) return tab + 1;

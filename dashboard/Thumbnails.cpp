@@ -1,6 +1,7 @@
 #include "dashboard/Thumbnails.h"
 
 #include "platform/Folders.h"
+#include "platform/WholeFile.h"
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QFile>
@@ -26,8 +27,9 @@ QString thumbnailPath(const QString& name) {
 
 QPixmap loadThumbnail(const QString& name) {
     const QString path = thumbnailPath(name);
-    if (path.isEmpty() || !QFileInfo(path).isFile()) return {};
-    QImageReader reader(path, "bmp");
+    QFile file;
+    if (path.isEmpty() || !openPlainFile(file, path).isEmpty()) return {};
+    QImageReader reader(&file, "bmp");
     const QSize size = reader.size();
     if (!size.isValid() || size.width() > kLargestSide || size.height() > kLargestSide) return {};
     return QPixmap::fromImageReader(&reader);

@@ -28,7 +28,7 @@ struct MadeThumbnail {
 };
 
 /// The library is read again: another window of the program may have changed it meanwhile. One that cannot
-/// be written keeps its old names, and says nothing about it at every start.
+/// be written keeps its old names.
 void keepThumbnails(const std::vector<MadeThumbnail>& made) {
     if (made.empty()) return;
     IniFile library = IniFile::load(LibraryPath);
@@ -36,7 +36,7 @@ void keepThumbnails(const std::vector<MadeThumbnail>& made) {
         if (customNumber(library, thumbnail.kind, thumbnail.entry.key) == thumbnail.entry.number)
             setCustomThumbnail(library, thumbnail.kind, thumbnail.entry.number, thumbnail.name);
     }
-    library.save(LibraryPath);
+    library.saveOrTell(LibraryPath, QStringLiteral("The names of the custom instruments' pictures"));
 }
 
 } // namespace

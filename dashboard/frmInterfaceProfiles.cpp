@@ -5,8 +5,8 @@
 #include "dashboard/frmLoadOptions.h"
 #include "instruments/Instrument.h"
 #include "platform/Events.h"
-#include "platform/InPlaceWrite.h"
 #include "platform/Twips.h"
+#include "platform/WholeFile.h"
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QScopedValueRollback>
@@ -85,7 +85,7 @@ void frmInterface::saveProfile(const QString& path) {
     const Profile profile = currentProfile();
     WriteProfileLayout(profile, file);
     WriteProfileInstruments(profile, file);
-    replaceInPlace(path, file.toBytes());
+    writeWholeFile(path, file.toBytes());
     HasProfilePath = true;
     setWindowTitle(path);
     ProfileChanged = false;

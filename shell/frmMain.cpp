@@ -10,6 +10,7 @@
 #include "platform/Events.h"
 #include "platform/Folders.h"
 #include "platform/Prompts.h"
+#include "platform/WholeFile.h"
 #include "shell/NoticeLine.h"
 #include "shell/Startup.h"
 #include "shell/frmHelp.h"
@@ -26,6 +27,8 @@
 
 namespace vistor {
 namespace {
+
+constexpr qint64 kLargestIcon = 16 << 20; ///< bytes
 
 bool isYes(const char* question) {
     return MsgBox(QLatin1String(question), Icon::Notice, Buttons::YesNo) == Answer::Yes;
@@ -77,7 +80,8 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     const Hourglass hourglass;
     const QScopedValueRollback loading(m_loading, true);
     findWorkingFolder();
-    const QPixmap icon(programFolder() + QStringLiteral("User.ico"));
+    QPixmap icon;
+    icon.loadFromData(readWholeFile(programFolder() + QStringLiteral("User.ico"), kLargestIcon).bytes);
     if (!icon.isNull()) setWindowIcon(icon);
     setWindowTitle(mainWindowTitle());
     if (!findDefinitionFile()) return false;

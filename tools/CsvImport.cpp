@@ -1,6 +1,7 @@
 #include "tools/CsvImport.h"
 
 #include "acquisition/StreamEncoder.h"
+#include "platform/CodePage.h"
 
 #include <algorithm>
 #include <charconv>
@@ -128,8 +129,8 @@ private:
     }
 
     bool resolve(Column& column) {
-        const QString name = column.head.section(QLatin1Char('['), 0, 0).trimmed().toUpper();
-        const QString time = m_options.timeColumn.section(QLatin1Char('['), 0, 0).trimmed().toUpper();
+        const QString name = foldedCase(column.head.section(QLatin1Char('['), 0, 0).trimmed());
+        const QString time = foldedCase(m_options.timeColumn.section(QLatin1Char('['), 0, 0).trimmed());
         bool isNumber = false;
         const int number = name.toInt(&isNumber);
         if (name == (time.isEmpty() ? QStringLiteral("TIME") : time))
@@ -212,7 +213,7 @@ private:
 ChannelNames channelNames(std::span<const VariableDefinition> table) {
     ChannelNames names;
     for (std::size_t row = 1; row < std::min<std::size_t>(table.size(), kNoVariable); ++row) {
-        const QString name = table[row].PhysicalName.trimmed().toUpper();
+        const QString name = foldedCase(table[row].PhysicalName.trimmed());
         if (!name.isEmpty() && !names.contains(name)) names.insert(name, static_cast<int>(row));
     }
     return names;
