@@ -1,5 +1,8 @@
 #include "platform/QtPrompts.h"
 
+#include "platform/Events.h"
+#include "platform/Notices.h"
+
 #include <QApplication>
 #include <QColorDialog>
 #include <QEventLoop>
@@ -86,6 +89,7 @@ QFont toolkitFont(const FontChoice& choice) {
 
 /// The arrow instead of a busy program's hourglass, for as long as a dialog waits for the person.
 struct Arrow {
+    InputReleased released; // also when the question comes out of work that holds the person's input
     Arrow() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
     ~Arrow() { QApplication::restoreOverrideCursor(); }
 };
@@ -168,8 +172,19 @@ QString toolkitFilter(const QString& filter) {
     return entries.join(QStringLiteral(";;"));
 }
 
+bool QtPrompts::toldBesideDialog(const MessageRequest& request) {
+    QWidget* dialog = QApplication::activeModalWidget();
+    if (!inputIsHeld() || !dialog || request.buttons != Buttons::Ok) return false;
+    if (dialog != m_dialog) m_told.clear();
+    m_dialog = dialog;
+    if (!m_told.contains(request.text)) notify(request.text);
+    m_told.insert(request.text);
+    return true;
+}
+
 Answer QtPrompts::message(const MessageRequest& request) {
     if (m_windowClosed) return Answer::Cancel;
+    if (toldBesideDialog(request)) return Answer::Ok;
     const Arrow arrow;
     QMessageBox box(toolkitIcon(request.icon),
                     request.title.isEmpty() ? QApplication::applicationName() : request.title, request.text,

@@ -109,6 +109,7 @@ constexpr MenuEntry kEntries[] = {
     {"mnuHelp", "mnuVXHelp", "&Help Index", "help", onMain<&frmMain::mnuVXHelp_Click>},
     {"mnuHelp", "mnuHelpContents", "Help Contents", "contents", onMain<&frmMain::mnuHelpContents_Click>,
      "F1"},
+    {"mnuHelp", "notices", "&Notices...", nullptr, onMain<&frmMain::showNotices>}, // in both modes
     {"mnuHelp", nullptr, nullptr, nullptr, nullptr},
     {"mnuHelp", "mnuAbout", "&About Us", "mark", onMain<&frmMain::mnuAbout_Click>},
 

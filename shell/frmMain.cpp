@@ -13,6 +13,7 @@
 #include "platform/Scratch.h"
 #include "platform/WholeFile.h"
 #include "shell/CarDialog.h"
+#include "shell/NoticeLine.h"
 #include "shell/RecentFiles.h"
 #include "shell/Startup.h"
 #include "shell/frmHelp.h"
@@ -38,7 +39,7 @@ bool isYes(const char* question) {
 
 } // namespace
 
-frmMain::frmMain() : m_dashboard(new frmInterface) {
+frmMain::frmMain() : m_dashboard(new frmInterface), m_notices(new NoticeLine(this)) {
     setObjectName(QStringLiteral("frmMain"));
     makeMenus();
     makeToolbar();
@@ -46,10 +47,7 @@ frmMain::frmMain() : m_dashboard(new frmInterface) {
     connectDashboard();
     Timer1.setTimerType(Qt::PreciseTimer);
     connect(&Timer1, &QTimer::timeout, this, &frmMain::Timer1_Timer);
-    m_refresh = [this](const QString& name, float value) {
-        ++m_updates;
-        m_dashboard->refreshControls(name, value);
-    };
+    m_refresh = [this](const QString& name, float value) { m_dashboard->refreshControls(name, value); };
 }
 
 frmMain::~frmMain() = default;
@@ -206,7 +204,13 @@ void frmMain::mnuHelpContents_Click() {
 }
 
 void frmMain::mnuAbout_Click() {
-    frmStartSplash(this).exec();
+    auto* about = new frmStartSplash(this);
+    about->setAttribute(Qt::WA_DeleteOnClose);
+    about->open(); // without a loop of its own, which would hold up whatever is under way
+}
+
+void frmMain::showNotices() {
+    m_notices->openList();
 }
 
 void frmMain::openMenu(const QString& name, const QPoint& place) {

@@ -1,8 +1,12 @@
 // The program's entry: command line, look, main window.
 #include "dashboard/ReadoutValues.h"
 #include "dashboard/frmInterface.h"
+<<<<<<< ours
 #include "platform/QtPlainTexts.h"
 #include "platform/EndSignals.h"
+=======
+#include "platform/Notices.h"
+>>>>>>> theirs
 #include "platform/QtPrompts.h"
 #include "shell/Appearance.h"
 #include "shell/Options.h"
@@ -58,6 +62,7 @@ int run(const Options& options) {
     QtPrompts prompts;
     if (!options.exitAfter) setPrompter(&prompts);
     frmMain window;
+    if (options.exitAfter) setNoticeListener({}); // nobody is there to read the line: to the error stream
     sizeWindow(window);
     const EndSignals signals([&window] { window.endBySignal(); });
     const auto store = [&window] { window.dashboard().storeForEnd(); };

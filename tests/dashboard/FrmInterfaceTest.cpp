@@ -254,7 +254,8 @@ TEST_F(FrmInterfaceTest, ModesFreezeAndFreeTheLayout) {
     open();
     Instrument* instrument = placed(window.pic[0]);
     useRunFile();
-    LastValue[2] = SampleTime[2] = 3;
+    LastValue[2] = 3;
+    SampleTime[2] = 3;
     SampleDistance[2] = 4;
     QSignalSpy timer(&window, &frmInterface::timerWanted);
     QSignalSpy commands(&window, &frmInterface::commandEnabled);

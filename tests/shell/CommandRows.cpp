@@ -123,7 +123,7 @@ bool opens(Session& s) {
     constexpr const char* kDialogs[] = {"FrmSelectInput", "frmOptions",  "frmStartSplash",
                                         "PropertySheet",  "frmVarTable", "CarDialog",
                                         "frmRecover"};
-    return s.opened(kDialogs[dialog]);
+    return QTest::qWaitFor([&s] { return s.opened(kDialogs[dialog]); }, 30); // one may come without a loop
 }
 
 const CommandRow kRows[] = {
@@ -135,7 +135,7 @@ const CommandRow kRows[] = {
      [](Session& s) {
          return wasSaved(s) && s.prompts.fileRequests.back().title == QLatin1String("Save Profile As...");
      }},
-    {"mnuFile", "mnuRecover", "Re&cover...", Enabled::Edit, nullptr, opens<5>},
+    {"mnuFile", "mnuRecover", "Re&cover...", Enabled::Edit, nullptr, opens<6>},
     {"mnuFile", "mnuLoadVarInfo", "Load &Variable Information", Enabled::Edit, otherTable,
      [](Session&) { return VariableTable[2].BaseName == QLatin1String("Revs"); }},
     {"mnuFile", "mnuSaveVarInfo", "Save Variable &Information", Enabled::Edit, savesTo,
@@ -186,6 +186,11 @@ const CommandRow kRows[] = {
      [](Session& s) { return showsHelp(s, 1); }},
     {"mnuHelp", "mnuHelpContents", "Help Contents", Enabled::Both, nullptr,
      [](Session& s) { return showsHelp(s, 0); }},
+    {"mnuHelp", "notices", "&Notices...", Enabled::Both, nullptr,
+     [](Session& s) {
+         const auto* list = s.window.findChild<QDialog*>("noticeList");
+         return list && list->isVisible();
+     }},
     {"mnuHelp", "mnuAbout", "&About Us", Enabled::Both, nullptr, opens<2>},
 
     {"mnuDropDown", "mnuDDAddControl", "&Add Control"},
