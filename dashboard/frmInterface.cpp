@@ -20,6 +20,7 @@ constexpr int kNarrowest = 60;      ///< twips that a page is narrower than the 
 constexpr int kLowest = 360;        ///< and lower
 constexpr int kHighestDrag = 12200; ///< twips; beyond it a page does not follow while a border is dragged
 constexpr int kNoLimit = 1 << 24;
+constexpr QSize kLeastSize(480, 320); ///< pixels; room for all panes
 
 template <class View>
 View* named(View* view, const char* name) {
@@ -42,6 +43,7 @@ frmInterface::frmInterface(QWidget* parent)
       m_palette(new Palette(trvControl, lvControl)) {
     setObjectName(QStringLiteral("frmInterface"));
     setWindowTitle(QStringLiteral("Untitled"));
+    setMinimumSize(kLeastSize);
     makePanes();
     addPage();
     mainTab->TabCaption(0, QStringLiteral("VX"));
@@ -139,6 +141,10 @@ void frmInterface::closeEvent(QCloseEvent* event) {
     if (wasLoaded && event->isAccepted()) Q_EMIT unloaded();
 }
 
+void frmInterface::resizeEvent(QResizeEvent*) {
+    if (!outerWindow().isMinimized()) m_outerSize = outerWindow().size();
+}
+
 void frmInterface::ArrangeSplitter() {
     const IniFile file = IniFile::load(SettingsPath);
     for (int pane = 0; pane < kPaneCount; ++pane) {
@@ -196,6 +202,7 @@ void frmInterface::mainTab_Click() {
 
 void frmInterface::mainTab_MouseDown(Qt::MouseButton button, const QPoint& place) {
     if (PlayMode || button != Qt::RightButton) return;
+    mainTab->Tab(mainTab->tabAt(place)); // the menu's entries act on the one in front
     Q_EMIT commandEnabled(QStringLiteral("mnuClosePane"), mainTab->Tab() == mainTab->Tabs() - 1);
     Q_EMIT menuWanted(QStringLiteral("mnuDropDown2"), place);
 }

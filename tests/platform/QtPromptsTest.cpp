@@ -84,5 +84,57 @@ TEST_F(QtPromptsTest, TheWindowCanBeClosedUnderAMessageThatAlwaysComesBack) {
     EXPECT_LT(clock.elapsed(), 5000);
 }
 
+TEST_F(QtPromptsTest, MinimisingAnswersNothing) {
+    bool stood = false;
+    QTimer::singleShot(50, [&] {
+        for (QWidget* gone : {static_cast<QWidget*>(&window), static_cast<QWidget*>(box())}) {
+            QHideEvent hidden;
+            QSpontaneKeyEvent::setSpontaneous(&hidden); // as a window system tells it
+            qApp->notify(gone, &hidden);
+        }
+        QTimer::singleShot(0, [&] {
+            stood = box() && box()->isVisible();
+            QTest::mouseClick(box()->button(QMessageBox::Yes), Qt::LeftButton);
+        });
+    });
+    EXPECT_EQ(MsgBox(QStringLiteral("Save?"), Icon::Question, Buttons::YesNoCancel), Answer::Yes);
+    EXPECT_TRUE(stood);
+}
+
+TEST_F(QtPromptsTest, ABoxWithoutAButtonPressedIsCancelled) {
+    const std::pair<Buttons, Answer> cases[] = {
+        {Buttons::YesNoCancel, Answer::Cancel}, {Buttons::YesNo, Answer::No}, {Buttons::Ok, Answer::Ok}};
+    for (const bool overAnother : {false, true}) {
+        QDialog other(&window);
+        other.setModal(true);
+        other.setVisible(overAnother);
+        for (const auto& [buttons, answer] : cases) {
+            QTimer::singleShot(0, [] {
+                for (QWidget* any : QApplication::topLevelWidgets())
+                    if (auto* asked = qobject_cast<QMessageBox*>(any)) asked->done(0);
+            });
+            EXPECT_EQ(MsgBox(QStringLiteral("Save?"), Icon::Question, buttons), answer);
+        }
+    }
+    window.close();
+    window.show();
+    for (const auto& [buttons, answer] : cases) {
+        QTimer::singleShot(50, [this] { window.close(); });
+        EXPECT_EQ(MsgBox(QStringLiteral("Save?"), Icon::Question, buttons), answer);
+        window.show();
+    }
+}
+
+TEST(ToolkitFilter, EveryFileNeedsNoEnding) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"vis Files|*.vis", "vis Files (*.vis)"},
+        {"Run analysis files (*.run )|*.run|Show All Files (*.*)|*.*",
+         "Run analysis files (*.run);;Show All Files (*)"},
+        {"Pictures|*.png;*.bmp", "Pictures (*.png *.bmp)"},
+        {"Some|*.a; *.* ", "Some (*.a *)"},
+    };
+    for (const auto& [given, shown] : cases) EXPECT_EQ(toolkitFilter(QLatin1String(given)), shown);
+}
+
 } // namespace
 } // namespace vistor

@@ -10,6 +10,7 @@
 #include "tests/shell/FreshAccount.h"
 #include "variables/GlobalVarsAndTypes.h"
 
+#include <QMdiSubWindow>
 #include <QTableWidget>
 #include <QTest>
 
@@ -193,6 +194,56 @@ TEST_F(FrmMainTest, CancellingTheCloseStaysInEditMode) {
     trigger("mnuExit");
     EXPECT_FALSE(window.isVisible());
     EXPECT_EQ(prompts.takeWords().size(), 3); // the main window's own end asks nothing again
+}
+
+TEST_F(FrmMainTest, TheInnerWindowHasASensibleSizeInEveryState) {
+    open();
+    useRun(1);
+    auto& frame = *qobject_cast<QMdiSubWindow*>(window.dashboard().parentWidget());
+    const QString profile = root.filePath("a.vis");
+    prompts.files = {profile};
+    window.dashboard().mnuSaveAs_Click();
+    const auto stored = [&] {
+        prompts.files = {profile};
+        window.dashboard().mnuSaveAs_Click();
+        const IniFile file = IniFile::load(profile);
+        return QSize(qRound(leadingNumber(file.value("TABS", "WIDTH", {}, 10)) / 15),
+                     qRound(leadingNumber(file.value("TABS", "HEIGHT", {}, 10)) / 15));
+    };
+    frame.showMinimized();
+    pumpEvents();
+    const QSize minimised = frame.size();
+    EXPECT_GT(stored().width(), 900) << "not that of the stub, " << minimised.width();
+    frame.showNormal();
+    pumpEvents();
+    EXPECT_GT(frame.width(), 600);
+    EXPECT_GT(frame.height(), 400);
+    frame.resize(900, 500);
+    pumpEvents();
+    EXPECT_EQ(stored(), QSize(900, 500));
+    frame.showMinimized();
+    pumpEvents();
+    EXPECT_EQ(stored(), QSize(900, 500));
+
+    const auto canMinimise = [&] { return frame.windowFlags().testFlag(Qt::WindowMinimizeButtonHint); };
+    EXPECT_TRUE(canMinimise());
+    trigger("mnuPlayMode");
+    pumpEvents();
+    EXPECT_FALSE(canMinimise());
+    EXPECT_FALSE(frame.isMinimized()) << "a dashboard that plays is seen";
+    EXPECT_TRUE(window.dashboard().isVisible());
+    EXPECT_EQ(frame.size(), QSize(900, 500));
+    trigger("mnuEditMode");
+    EXPECT_TRUE(canMinimise());
+
+    frame.resize(10, 10); // as small as a file or a hand makes it
+    pumpEvents();
+    window.dashboard().ProfileChanged = false;
+    EXPECT_TRUE(window.close());
+    for (const TwipsBox& box : readWindowSettings(IniFile::load(working("vxvis.cfg"))).boxes) {
+        EXPECT_GT(box.width, 0);
+        EXPECT_GT(box.height, 0);
+    }
 }
 
 TEST(SourceInWords, TellsEachKind) {
