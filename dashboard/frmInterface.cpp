@@ -142,7 +142,9 @@ void frmInterface::closeEvent(QCloseEvent* event) {
 }
 
 void frmInterface::resizeEvent(QResizeEvent*) {
-    if (!outerWindow().isMinimized()) m_outerSize = outerWindow().size();
+    if (outerWindow().isMinimized()) return;
+    m_outerSize = outerWindow().size();
+    m_outerMaximised = outerWindow().isMaximized();
 }
 
 void frmInterface::ArrangeSplitter() {

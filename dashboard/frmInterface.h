@@ -285,7 +285,9 @@ private:
     int m_clearings = 0;           ///< how often all pages were cleared, or the window unloaded
     bool m_loadingProfile = false; ///< lets events run, in which nobody may save, load or play
     DragStart m_drag;
-    QSize m_outerSize; ///< of the window with its frame when it last was not minimised
+    // The window with its frame when it last was not minimised.
+    QSize m_outerSize;
+    bool m_outerMaximised = false;
     QPointer<Instrument> m_clicked;
     bool m_pasteEnabled = false;
     bool m_loaded = false;

@@ -78,7 +78,8 @@ void frmInterface::setCommandsForMode() {
 void frmInterface::allowMinimising(bool allowed) {
     QWidget* frame = parentWidget();
     if (!frame) return;
-    if (!allowed && frame->isMinimized()) frame->setWindowState(frame->windowState() & ~Qt::WindowMinimized);
+    if (!allowed && frame->isMinimized())
+        frame->setWindowState(m_outerMaximised ? Qt::WindowMaximized : Qt::WindowNoState);
     frame->setWindowFlag(Qt::WindowMinimizeButtonHint, allowed);
 }
 

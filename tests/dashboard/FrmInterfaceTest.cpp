@@ -115,19 +115,22 @@ TEST_F(FrmInterfaceTest, CloseAsksOnlyAboutChanges) {
     struct Case {
         bool changed;
         Answer answer;
+        std::optional<QString> file; ///< to which it is saved
         bool closes;
     };
     const Case cases[] = {
-        {false, Answer::Cancel, true},
-        {true, Answer::Cancel, false},
-        {true, Answer::No, true},
-        {true, Answer::Yes, true},
+        {false, Answer::Cancel, {}, true},
+        {true, Answer::Cancel, {}, false},
+        {true, Answer::No, {}, true},
+        {true, Answer::Yes, {}, false},
+        {true, Answer::Yes, folder.filePath("a.vis"), true},
     };
     for (const Case& c : cases) {
         QFile::remove(SettingsPath);
         window.Form_Load();
         window.ProfileChanged = c.changed;
         prompts.answers = {c.answer};
+        prompts.files = {c.file};
         EXPECT_EQ(window.Form_Unload(), c.closes);
         EXPECT_EQ(prompts.takeWords().value(0),
                   c.changed ? QString("Do you want to save changes ?") : QString());

@@ -41,7 +41,7 @@ const QByteArray kSmall = "[TABS]\nWIDTH=15000\nHEIGHT=9000\nPIC=2\nVXLED=2\nVXT
                           "[VXTEXTTAG/1]\n1=VXTEXTTAG/1/1\n[VXTEXTTAG/1/1]\nLEFT=0\nTOP=0\nMEM=1\n0=a\n1=b\n";
 
 TEST_F(ProfileReadingTest, DamageIsToldInWords) {
-    const auto with = [](const char* part, const char* other) {
+    const auto with = [](const char* part, const QByteArray& other) {
         QByteArray text = kSmall;
         EXPECT_TRUE(text.contains(part)) << part;
         return text.replace(part, other);

@@ -214,6 +214,9 @@ TEST_F(FrmMainTest, TheInnerWindowHasASensibleSizeInEveryState) {
     pumpEvents();
     const QSize minimised = frame.size();
     EXPECT_GT(stored().width(), 900) << "not that of the stub, " << minimised.width();
+    trigger("mnuPlayMode");
+    EXPECT_TRUE(frame.isMaximized()) << "as before it was minimised";
+    trigger("mnuEditMode");
     frame.showNormal();
     pumpEvents();
     EXPECT_GT(frame.width(), 600);
