@@ -3,10 +3,10 @@
 #include "acquisition/Serial_API.h"
 #include "maths/FileSupportFunctions.h"
 #include "platform/Prompts.h"
+#include "platform/WholeFile.h"
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QStringList>
 #include <QtEndian>
 
@@ -42,8 +42,8 @@ void sayNotBuilt() {
 
 bool openRunFile(QString path) {
     if (!FileExists(path) || !IsRunFile(path)) return false; // the path is cleaned on the way
-    auto file = std::make_unique<QFile>(path);
-    if (!file->open(QIODevice::ReadOnly)) return false;
+    auto file = std::make_unique<QFile>();
+    if (!openPlainFile(*file, path).isEmpty()) return false;
     runFile = std::move(file);
     RunFileHandle = 1;
     return true;
@@ -81,10 +81,10 @@ void readFile(std::vector<std::uint8_t>& bytes) {
 
 bool IsRunFile(const QString& path) {
     QString cleaned = path;
-    if (!FileExists(cleaned) || !QFileInfo(cleaned).isFile()) return false; // no folder, pipe or device
-    QFile file(cleaned);
+    if (!FileExists(cleaned)) return false;
+    QFile file;
     uchar head[8] = {};
-    if (!file.open(QIODevice::ReadOnly) ||
+    if (!openPlainFile(file, cleaned).isEmpty() ||
         file.read(reinterpret_cast<char*>(head), sizeof head) != sizeof head)
         return false;
     const auto mark = qFromLittleEndian<std::int32_t>(head);

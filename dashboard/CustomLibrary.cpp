@@ -94,14 +94,13 @@ void emptyPlace(IniFile& file, Kind kind, int number) {
 } // namespace
 
 QString customKey(Kind kind, const QString& name) {
-    QString kept = name.toLower();
+    QString kept = foldedCase(name);
     std::replace_if(
         kept.begin(), kept.end(), [](QChar c) { return c == u'\n' || c == u'\r' || c == u'\t'; }, u' ');
     kept.truncate(kept.indexOf(QChar(u'\0')) < 0 ? kept.size() : kept.indexOf(QChar(u'\0')));
     kept = kept.trimmed();
     if (kept.isEmpty()) return {};
-    const QByteArray bytes = toCodePage(QLatin1Char(paletteLetter(kind)) + kept).left(kKeyBuffer - 1);
-    return fromCodePage({bytes.constData(), static_cast<std::size_t>(bytes.size())}).trimmed();
+    return cutText(QLatin1Char(paletteLetter(kind)) + kept, kKeyBuffer - 1).trimmed();
 }
 
 std::vector<CustomEntry> customEntries(const IniFile& file, Kind kind) {

@@ -3,6 +3,7 @@
 #include "dashboard/ItemList.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <iterator>
 
@@ -60,27 +61,39 @@ std::optional<double> sizeOf(const IniFile& file, const char* key, const char* f
     return text.isEmpty() ? std::nullopt : std::optional(boundedNumber(text));
 }
 
-/// Up to the last tab that has a caption or an instrument.
-int tabsSeen(const IniFile& file) {
-    const std::vector<int> captions = file.numberedKeys(kCaptionsSection, 0, kMostTabs - 1);
-    const int captioned = captions.empty() ? 0 : captions.back() + 1;
-    const auto holdsInstruments = [&file](int tab) {
-        return std::any_of(kInstrumentKinds.begin(), kInstrumentKinds.end(), [&](const KindInfo& info) {
-            return !file.keys(pageSection(info.kind, tab)).isEmpty();
-        });
-    };
-    for (int tab = kMostTabs; tab-- > captioned;) {
-        if (holdsInstruments(tab)) return tab + 1;
+/// For each kind the tabs, ascending, on which a file has instruments of it.
+using KindTabs = std::array<std::vector<int>, kInstrumentKinds.size()>;
+
+/// Asks for the sections that there are: most of the pages that a file may have it has not.
+KindTabs tabsOfKinds(const IniFile& file) {
+    KindTabs found;
+    for (const QString& section : file.sections()) {
+        const qsizetype slash = section.indexOf(u'/');
+        const auto kind = slash < 0 ? std::nullopt : kindOf(section.left(slash).toUpper());
+        const int tab = section.mid(slash + 1).toInt();
+        if (!kind || tab < 0 || tab >= kMostTabs) continue;
+        if (section != pageSection(*kind, tab).toLower() || !file.hasKeys(section)) continue;
+        found.at(static_cast<std::size_t>(*kind)).push_back(tab);
     }
-    return captioned;
+    for (std::vector<int>& tabs : found) std::sort(tabs.begin(), tabs.end());
+    return found;
 }
 
 int declaredTabs(const IniFile& file) {
     return wholeNumber(file.value(kTabsSection, QStringLiteral("PIC"), QStringLiteral("1"), kNumberBuffer));
 }
 
-QStringList readCaptions(const IniFile& file) {
-    const int tabs = std::min(declaredTabs(file), std::max(kTabsUnseen, tabsSeen(file)));
+/// Up to the last tab that has a caption or an instrument.
+int tabsSeen(const IniFile& file, const KindTabs& pages) {
+    const std::vector<int> captions = file.numberedKeys(kCaptionsSection, 0, kMostTabs - 1);
+    int seen = captions.empty() ? 0 : captions.back() + 1;
+    for (const std::vector<int>& tabs : pages)
+        if (!tabs.empty()) seen = std::max(seen, tabs.back() + 1);
+    return seen;
+}
+
+QStringList readCaptions(const IniFile& file, const KindTabs& pages) {
+    const int tabs = std::min(declaredTabs(file), std::max(kTabsUnseen, tabsSeen(file, pages)));
     QStringList captions;
     for (int tab = 0; tab < tabs; ++tab)
         captions << file.value(kCaptionsSection, QString::number(tab), QStringLiteral("VX"), kCaptionBuffer);
@@ -93,13 +106,13 @@ public:
     InstrumentReader(const IniFile& file, int tabs)
         : m_file(file), m_tabs(std::max(1, tabs)), m_items(file.keyCount() + kSharedItems) {}
 
-    std::vector<ProfileInstrument> read() {
+    std::vector<ProfileInstrument> read(const KindTabs& pages) {
         for (const KindInfo& info : kInstrumentKinds) {
             const int count = wholeNumber(m_file.value(kTabsSection, QLatin1String(info.className),
                                                        QStringLiteral("0"), kNumberBuffer));
             m_last = 0;
-            // Where none is counted, only a tab that is there could show one.
-            for (int tab = 0; tab < (count > 0 ? kMostTabs : m_tabs); ++tab) readPage(info.kind, tab, count);
+            for (const int tab : pages.at(static_cast<std::size_t>(info.kind)))
+                readPage(info.kind, tab, count);
             m_lost += std::max(0, count - m_last);
         }
         return std::move(m_found);
@@ -204,17 +217,18 @@ void WriteProfileInstruments(const Profile& profile, IniFile& file) {
 bool isProfile(const IniFile& file) {
     const QString sections[] = {kTabsSection, kCaptionsSection, kSystemSection};
     return std::any_of(std::begin(sections), std::end(sections),
-                       [&](const QString& section) { return !file.keys(section).isEmpty(); });
+                       [&](const QString& section) { return file.hasKeys(section); });
 }
 
 Profile readProfile(const IniFile& file) {
     Profile profile;
+    const KindTabs pages = tabsOfKinds(file);
     profile.width = sizeOf(file, "WIDTH", "0");
     profile.height = sizeOf(file, "HEIGHT", "");
-    profile.captions = readCaptions(file);
+    profile.captions = readCaptions(file, pages);
     profile.port = file.value(kSystemSection, QStringLiteral("PORT"), QString(), kPortBuffer);
     InstrumentReader reader(file, static_cast<int>(profile.captions.size()));
-    profile.instruments = reader.read();
+    profile.instruments = reader.read(pages);
     profile.damage = damageInWords(lostTabs(file, profile), reader.lost(), reader.incomplete());
     return profile;
 }

@@ -128,7 +128,7 @@ void frmInterface::storeSettings() {
                         {ControlManager1->paneBox(kPalettePane), bar, ControlManager1->paneBox(kVariablePane),
                          ControlManager1->paneBox(kPagesPane)});
     file.setValue(QStringLiteral("VXVISTOR"), QStringLiteral("LASTFILE"), ProfilePath);
-    file.save(SettingsPath);
+    file.saveOrTell(SettingsPath, QStringLiteral("The settings"));
 }
 
 void frmInterface::mnuExit_Click() {

@@ -128,7 +128,7 @@ public:
     void mnuProperties_Click();
     void mnuOptions_Click();
 
-    /// Makes the bitmaps of the palette anew, all of them, and shows them.
+    /// Makes the bitmaps of the palette's types anew and shows them.
     void GenerateIcons();
 
     void RebuildSubscriptions();

@@ -119,8 +119,8 @@ bool frmInterface::saveProfile(const QString& path) {
     WriteProfileInstruments(profile, file);
     const QString problem = writeWholeFile(path, file.toBytes());
     if (!problem.isEmpty()) {
-        notify(QStringLiteral("%1 was not saved: %2. The layout is still unsaved; save it under another name "
-                              "or in another folder.")
+        notify(QStringLiteral("The layout could not be saved to %1: %2. It is still unsaved; save it under "
+                              "another name or in another folder.")
                    .arg(path, problem));
         return false;
     }

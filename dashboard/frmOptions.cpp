@@ -124,7 +124,7 @@ void frmOptions::cmdOk_Click() {
     m_dashboard.initGrid(*pitch, chosen.showGrid ? 1 : 0, chosen.snapToGrid ? 1 : 0);
     IniFile file = IniFile::load(SettingsPath);
     writeOptionsDraft(file, chosen);
-    file.save(SettingsPath);
+    file.saveOrTell(SettingsPath, QStringLiteral("The settings"));
     m_dashboard.setCurBackColour(chosen.backColour, chosen.labelColour);
     accept();
 }

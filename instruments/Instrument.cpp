@@ -7,10 +7,9 @@
 #include "instruments/frmPinAssignmentGraph.h"
 #include "instruments/frmVarTableGraph.h"
 #include "platform/Events.h"
-#include "platform/Folders.h"
+#include "platform/Scratch.h"
 #include "variables/GlobalVarsAndTypes.h"
 
-#include <QDateTime>
 #include <QLabel>
 #include <QPointer>
 
@@ -148,7 +147,7 @@ void Instrument::mnuDefineCustom_Click() {
     const QPointer<Instrument> alive(this);
     Q_EMIT SnapshotBegin();
     const QSizeF before(widthTwips(), heightTwips());
-    const QString fileName = snapshotName(QDateTime::currentDateTime());
+    const QString fileName = freeSnapshotName(scratchFolder(WorkingFolder));
     setSizeTwips(kSnapshotPixels * kTwipsPerPixel, kSnapshotPixels * kTwipsPerPixel);
     pumpEvents(); // so that the display is seen at that size
     if (!alive) return;
@@ -159,7 +158,7 @@ void Instrument::mnuDefineCustom_Click() {
 }
 
 void Instrument::saveSnapshot(const QString& fileName) {
-    const QString folder = bitmapFolder(WorkingFolder);
+    const QString folder = scratchFolder(WorkingFolder);
     if (!folder.isEmpty()) snapshotInside(*this).save(folder + fileName, "BMP");
 }
 

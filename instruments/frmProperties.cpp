@@ -105,7 +105,7 @@ void frmProperties::Form_Unload() const {
         {kWidth, width()}, {kHeight, height()}, {kLeft, x()}, {kTop, y()}};
     for (const auto& [key, pixels] : keys)
         file.setValue(kSection, key, QString::number(pixels * kTwipsPerPixel));
-    file.save(SettingsPath);
+    file.saveOrTell(SettingsPath, QStringLiteral("The settings"));
 }
 
 void frmProperties::closeEvent(QCloseEvent* event) {

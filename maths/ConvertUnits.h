@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace vistor {
@@ -20,6 +21,15 @@ enum class FormulaForm : std::uint8_t {
 
 /// The form of a formula; every text has one.
 FormulaForm formOf(const QString& formula);
+
+/// A formula that is a straight line: gain * raw + offset.
+struct GainAndOffset {
+    double gain = 1;
+    double offset = 0;
+};
+
+/// The line that a formula is by its form (identity, or gain and offset); no value for another form.
+std::optional<GainAndOffset> gainAndOffsetOf(const QString& formula);
 
 /// Makes ScriptObject, then the evaluators of all rows, gives each its row's own formula and the car
 /// constants, and copies the rows' IndexNumber to IndexNumbers. Once, when table and car constants are there.

@@ -3,9 +3,10 @@
 #include "maths/DefinitionTables.h"
 #include "maths/VariableFiles.h"
 #include "maths/modXML.h"
+#include "platform/CodePage.h"
+#include "platform/WholeFile.h"
 
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 
@@ -88,16 +89,10 @@ QString lossOf(const Definitions& before, const Definitions& after) {
     return units.isEmpty() ? difference(was.variables, is.variables, kVariablesTable) : units;
 }
 
-bool writeAll(QSaveFile& file, const QByteArray& bytes, QString& fault) {
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush()) return true;
-    fault = file.fileName() + QStringLiteral(": ") + file.errorString();
-    return false;
-}
-
-bool commit(QSaveFile& file, QString& fault) {
-    if (file.commit()) return true;
-    fault = file.fileName() + QStringLiteral(": ") + file.errorString();
-    return false;
+bool write(const QString& path, const QByteArray& bytes, QString& fault) {
+    const QString problem = writeWholeFile(path, bytes);
+    if (!problem.isEmpty()) fault = path + QStringLiteral(": ") + problem;
+    return problem.isEmpty();
 }
 
 bool writeText(const QString& path, const Definitions& definitions, QString& fault, QString& loss) {
@@ -108,10 +103,7 @@ bool writeText(const QString& path, const Definitions& definitions, QString& fau
     XmlDocument units;
     if (!parse(variables, variableBytes, fault) || !parse(units, unitBytes, fault)) return false;
     loss = lossOf(told, walked(variables, units).value());
-    QSaveFile variableFile(path);
-    QSaveFile unitFile(unitsBeside(path));
-    return writeAll(variableFile, variableBytes, fault) && writeAll(unitFile, unitBytes, fault) &&
-           commit(variableFile, fault) && commit(unitFile, fault);
+    return write(unitsBeside(path), unitBytes, fault) && write(path, variableBytes, fault);
 }
 
 } // namespace
@@ -122,12 +114,12 @@ bool isTextForm(const QString& path) {
 
 std::optional<Definitions> readForm(const QString& path, QString& fault) {
     if (isTextForm(path)) return readText(path, fault);
-    const auto bytes = readDefinitionFile(path);
-    if (!bytes) {
-        fault = QStringLiteral("cannot be read");
+    const FileBytes file = readDefinitionFile(path);
+    if (!file.problem.isEmpty()) {
+        fault = file.problem;
         return std::nullopt;
     }
-    auto definitions = readDefinitions({bytes->constData(), static_cast<std::size_t>(bytes->size())});
+    auto definitions = readDefinitions(viewOf(file.bytes));
     if (!definitions) fault = QStringLiteral("is no definition file, or a damaged one");
     return definitions;
 }
@@ -135,9 +127,7 @@ std::optional<Definitions> readForm(const QString& path, QString& fault) {
 bool writeForm(const QString& path, const Definitions& definitions, QString& fault, QString& loss) {
     loss.clear();
     if (isTextForm(path)) return writeText(path, definitions, fault, loss);
-    QSaveFile file(path);
-    return writeAll(file, definitionBytes(definitions.units, definitions.variables), fault) &&
-           commit(file, fault);
+    return write(path, definitionBytes(definitions.units, definitions.variables), fault);
 }
 
 } // namespace vistor

@@ -17,8 +17,9 @@ bool isTextForm(const QString& path);
 /// What a file of either form holds. No value, and `fault` filled, when it cannot be read.
 std::optional<Definitions> readForm(const QString& path, QString& fault);
 
-/// Writes definitions, as they are after the set-up pass, to a file of either form. False, `fault` filled and
-/// nothing written, when they cannot stand in it or the file cannot be written. What the form cannot tell
+/// Writes definitions, as they are after the set-up pass, to a file of either form. False and
+/// `fault` filled when they cannot stand in it or the file cannot be written: the old file then stands. (The
+/// conversions of the text form are a file of their own and may be new already.) What the form cannot tell
 /// (more than seven digits, "#" in a formula) is told in `loss`, which is else empty.
 bool writeForm(const QString& path, const Definitions& definitions, QString& fault, QString& loss);
 

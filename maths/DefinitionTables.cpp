@@ -1,6 +1,7 @@
 #include "maths/DefinitionTables.h"
 
 #include "maths/TableCells.h"
+#include "platform/CodePage.h"
 
 #include <QSet>
 
@@ -115,7 +116,9 @@ class TableReader {
 public:
     TableReader(const char* file, const QByteArray& text, TableFault& fault) : m_fault(fault) {
         m_fault = {QString::fromLatin1(file), 1, {}};
-        m_lines = QString::fromUtf8(text).split(u'\n');
+        const QByteArray plain = unmarked(text);
+        for (std::string_view rest = viewOf(plain); !rest.empty();) m_lines += fromCodePage(takeLine(rest));
+        if (m_lines.isEmpty()) m_lines += QString();
         m_heads = cellsOfLine(0);
     }
 
@@ -158,11 +161,7 @@ public:
     }
 
 private:
-    QStringList cellsOfLine(int line) const {
-        QString text = m_lines[line];
-        if (text.endsWith(u'\r')) text.chop(1);
-        return text.split(u'\t');
-    }
+    QStringList cellsOfLine(int line) const { return m_lines[line].split(u'\t'); }
     void failCell(const char* head) {
         fail(QStringLiteral("\"%1\" cannot stand in column \"%2\"").arg(cell(head), QLatin1String(head)));
     }
@@ -194,7 +193,7 @@ void checkVariable(TableReader& reader, const VariableDefinition& row, const QSe
     for (const QString& key : keys) {
         if (!units.contains(key)) return reader.fail(QStringLiteral("there is no unit \"%1\"").arg(key));
     }
-    const QString name = row.PhysicalName.trimmed().toUpper();
+    const QString name = foldedCase(row.PhysicalName.trimmed());
     if (name.isEmpty()) return;
     if (names.contains(name))
         return reader.fail(QStringLiteral("name \"%1\" comes twice").arg(row.PhysicalName));

@@ -3,6 +3,7 @@
 #include "maths/VxExternalVars.h"
 #include "platform/Folders.h"
 #include "platform/Prompts.h"
+#include "platform/WholeFile.h"
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QFile>
@@ -60,7 +61,7 @@ std::optional<ExternalClass> classIn(const QString& folder, const QString& name)
     const QString path = folder + QStringLiteral("ExternalVars/VxExternalVars.%1.so").arg(name);
     const auto known = loaded.constFind(path);
     if (known != loaded.constEnd()) return *known;
-    if (folder.isEmpty() || !QFile::exists(path)) return std::nullopt;
+    if (folder.isEmpty() || !isPlainFile(path)) return std::nullopt; // opening a pipe would wait
     const std::optional<ExternalClass> found = loadLibrary(path);
     if (found) loaded.insert(path, *found);
     return found;

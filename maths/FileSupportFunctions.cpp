@@ -2,6 +2,7 @@
 
 #include "platform/CodePage.h"
 #include "platform/Folders.h"
+#include "platform/WholeFile.h"
 #include "variables/SetupVariables.h"
 
 #include <QFile>
@@ -70,14 +71,12 @@ private:
 double ReadConfigValue(const QString& path, const QString& key) {
     QString cleaned = path;
     const bool holdsSomething = FileExists(cleaned);
-    QFile file(cleaned);
     if (!holdsSomething) {
-        file.open(QIODevice::WriteOnly | QIODevice::NewOnly); // makes a missing one, and only that
+        QFile(cleaned).open(QIODevice::WriteOnly | QIODevice::NewOnly); // makes a missing one, and only that
         return 0;
     }
-    if (!file.open(QIODevice::ReadOnly)) return 0;
-    const QByteArray bytes = file.read(kLargestConfigFile);
-    ItemReader items({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    const QByteArray bytes = unmarked(readWholeFile(cleaned, kLargestConfigFile).bytes);
+    ItemReader items(viewOf(bytes));
     for (items.skipBlankLines(); !items.atEnd(); items.skipBlankLines()) {
         const QString name = fromCodePage(items.next());
         QString value = fromCodePage(items.next());

@@ -2,7 +2,7 @@
 
 #include "maths/FileSupportFunctions.h"
 #include "platform/CodePage.h"
-#include "platform/InPlaceWrite.h"
+#include "platform/Notices.h"
 #include "platform/Prompts.h"
 #include "variables/SetupVariables.h"
 
@@ -111,7 +111,7 @@ public:
         bytes.append(reinterpret_cast<const char*>(&number), sizeof number);
     }
     void operator()(const QString& text) {
-        const QByteArray characters = toCodePage(text).left(kLongestText);
+        const QByteArray characters = toCodePage(text, kLongestText);
         (*this)(static_cast<std::uint16_t>(characters.size()));
         bytes.append(characters);
     }
@@ -193,10 +193,8 @@ QByteArray definitionBytes(std::span<const UnitConversion> units,
     return writer.bytes;
 }
 
-std::optional<QByteArray> readDefinitionFile(const QString& path) {
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) return std::nullopt;
-    return file.read(kLargestFile);
+FileBytes readDefinitionFile(const QString& path) {
+    return readWholeFile(path, kLargestFile);
 }
 
 void replaceTables(Definitions&& definitions) {
@@ -208,8 +206,8 @@ void replaceTables(Definitions&& definitions) {
 void LoadVariableFile(const QString& path) {
     const QString from = orWorkingFile(path);
     if (!QFileInfo::exists(from)) QFile(from).open(QIODevice::WriteOnly | QIODevice::NewOnly);
-    const QByteArray bytes = readDefinitionFile(from).value_or(QByteArray());
-    auto read = readDefinitions({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    const FileBytes file = readDefinitionFile(from);
+    auto read = readDefinitions(viewOf(file.bytes));
     if (!read) {
         MsgBox(QStringLiteral("The variable file appears to be corrupted, cannot continue operation"));
         return;
@@ -219,8 +217,11 @@ void LoadVariableFile(const QString& path) {
 
 void SaveVariableFile(const QString& path) {
     const QByteArray bytes = definitionBytes(UnitConversions, VariableTable);
-    if (bytes.size() > kLargestFile) return; // it could not be loaded again; the old file is worth more
-    writeInPlace(orWorkingFile(path), bytes);
+    if (bytes.size() <= kLargestFile)
+        writeOrTell(orWorkingFile(path), bytes, QStringLiteral("The variable definitions"));
+    else // it could not be loaded again; the old file is worth more
+        notify(QStringLiteral("The variable definitions are not saved: they would take more than 16 MB. Make "
+                              "descriptions and formulas shorter."));
 }
 
 } // namespace vistor

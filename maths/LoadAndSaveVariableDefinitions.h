@@ -2,6 +2,7 @@
 // or bytes. Out: the live tables, or bytes. Nothing in a file is believed before it is checked.
 #pragma once
 
+#include "platform/WholeFile.h"
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QByteArray>
@@ -33,8 +34,8 @@ void LoadVariableFile(const QString& path);
 /// Puts tables in place of the live ones and runs the set-up pass over them.
 void replaceTables(Definitions&& definitions);
 
-/// Writes the live tables over the head of a file; a longer old file keeps its tail. Without room on the disk
-/// or leave to write the old file stands. Shows nothing. An empty path as above.
+/// Puts the live tables in place of a file. When that fails the old file stands, and a notice tells it. An
+/// empty path as above.
 void SaveVariableFile(const QString& path);
 
 /// The tables that `bytes` begin with; what follows the mark does not count. No value when the bytes end too
@@ -47,8 +48,7 @@ std::optional<Definitions> readDefinitions(std::string_view bytes);
 QByteArray definitionBytes(std::span<const UnitConversion> units,
                            std::span<const VariableDefinition> variables);
 
-/// The head of the file at `path`, as much of it as a definition file may take. No value when it cannot be
-/// read.
-std::optional<QByteArray> readDefinitionFile(const QString& path);
+/// The file at `path`, a plain one with no more bytes than a definition file may take.
+FileBytes readDefinitionFile(const QString& path);
 
 } // namespace vistor

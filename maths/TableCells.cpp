@@ -105,7 +105,7 @@ bool fromCell(const QString& cell, QString& text) {
     if (!unescaped(cell, text)) return false;
     const QByteArray bytes = toCodePage(text);
     if (bytes.size() > kLongestText) return false;
-    return fromCodePage({bytes.constData(), static_cast<std::size_t>(bytes.size())}) == text;
+    return fromCodePage(viewOf(bytes)) == text;
 }
 
 bool fromCell(const QString& cell, std::int32_t& number) {

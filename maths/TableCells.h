@@ -24,7 +24,8 @@ QString toCell(const std::optional<QStringList>& list);
 QString emptyTextCell();
 
 /// The value behind a cell; false when the cell stands for none: digits that are no number of that range, an
-/// unknown escape, a character that the files' code page lacks, a text longer than 65,535.
+/// unknown escape, half of a character, a text of more than 65,535
+/// bytes.
 bool fromCell(const QString& cell, QString& text);
 bool fromCell(const QString& cell, std::int32_t& number);
 bool fromCell(const QString& cell, std::uint8_t& number);

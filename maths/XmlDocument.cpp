@@ -1,9 +1,7 @@
 #include "maths/XmlDocument.h"
 
 #include "platform/CodePage.h"
-
-#include <QFile>
-#include <QFileInfo>
+#include "platform/WholeFile.h"
 
 #include <algorithm>
 #include <expat.h>
@@ -27,17 +25,51 @@ std::string_view lineAt(std::string_view bytes, std::size_t at) {
     return bytes.substr(start, end - start);
 }
 
-/// Gives the parser the code page, whatever the document says of itself.
-int describeCodePage(void*, const XML_Char*, XML_Encoding* info) {
-    for (int byte = 0; byte < 256; ++byte) {
-        const char character = static_cast<char>(byte);
-        info->map[byte] = fromCodePage({&character, 1}).front().unicode();
+/// A document in UTF-8 made of one whose texts stand in it each as any text in a file, and where its bytes
+/// came from.
+class Utf8Document {
+public:
+    explicit Utf8Document(std::string_view bytes) {
+        for (std::size_t at = 0; at < bytes.size();) {
+            const std::string_view rest = bytes.substr(at);
+            const bool isTag = rest.front() == '<';
+            const std::size_t end = rest.find(isTag ? '>' : '<');
+            const std::string_view piece = rest.substr(0, isTag && end != rest.npos ? end + 1 : end);
+            at += piece.size();
+            append(piece, static_cast<std::int64_t>(at));
+        }
     }
-    info->data = nullptr;
-    info->convert = nullptr;
-    info->release = nullptr;
-    return XML_STATUS_OK;
-}
+    std::string_view bytes() const { return viewOf(m_bytes); }
+
+    /// The place in the source of a place here; within a text that was brought over, its end at most.
+    std::int64_t sourceOf(std::int64_t place) const {
+        const auto after = std::upper_bound(m_shifts.begin(), m_shifts.end(), place,
+                                            [](std::int64_t p, const Shift& s) { return p < s.here; });
+        const Shift before = after == m_shifts.begin() ? Shift{} : *(after - 1);
+        const std::int64_t source = before.source + (place - before.here);
+        return after == m_shifts.end() ? source : std::min(source, after->source);
+    }
+
+private:
+    /// From this place on the two run alike.
+    struct Shift {
+        std::int64_t here = 0;
+        std::int64_t source = 0;
+    };
+
+    void append(std::string_view piece, std::int64_t sourceEnd) {
+        const auto isAscii = [](char c) { return static_cast<signed char>(c) >= 0; };
+        if (std::all_of(piece.begin(), piece.end(), isAscii)) {
+            m_bytes.append(piece.data(), static_cast<qsizetype>(piece.size()));
+            return;
+        }
+        m_bytes += fromCodePage(piece).toUtf8();
+        m_shifts.push_back({m_bytes.size(), sourceEnd});
+    }
+
+    QByteArray m_bytes;
+    std::vector<Shift> m_shifts;
+};
 
 } // namespace
 
@@ -46,7 +78,6 @@ class XmlTreeBuilder {
 public:
     XmlTreeBuilder(XmlDocument& document, XML_Parser parser) : m_document(document), m_parser(parser) {
         XML_SetUserData(parser, this);
-        XML_SetUnknownEncodingHandler(parser, describeCodePage, nullptr);
         XML_SetElementHandler(
             parser, [](void* self, const XML_Char* name, const XML_Char**) { of(self).start(name); },
             [](void* self, const XML_Char*) { of(self).end(); });
@@ -168,18 +199,20 @@ bool XmlDocument::fail(XmlParseError error) {
 }
 
 bool XmlDocument::load(const QString& path) {
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
-        return fail({kOwnError, QStringLiteral("The file cannot be opened."), 0, 0, 0, {}, path});
-    if (file.size() > kLargestFile)
-        return fail({kOwnError, QStringLiteral("The file is too large."), 0, 0, 0, {}, path});
-    const QByteArray bytes = file.read(kLargestFile);
-    return parse({bytes.constData(), static_cast<std::size_t>(bytes.size())}, path);
+    const FileBytes file = readWholeFile(path, kLargestFile);
+    if (!file.problem.isEmpty())
+        return fail(
+            {kOwnError, QStringLiteral("The file cannot be read: %1.").arg(file.problem), 0, 0, 0, {}, path});
+    const QByteArray bytes = unmarked(file.bytes);
+    return parse(viewOf(bytes), path);
 }
 
 bool XmlDocument::parse(std::string_view bytes, const QString& url) {
     *this = XmlDocument();
-    const std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> parser(XML_ParserCreate("windows-1252"),
+    const Utf8Document document(bytes);
+    bytes = document.bytes();
+    // Whatever the document says of itself.
+    const std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> parser(XML_ParserCreate("UTF-8"),
                                                                          XML_ParserFree);
     const XmlTreeBuilder builder(*this, parser.get());
     if (XML_Parse(parser.get(), bytes.data(), static_cast<int>(bytes.size()), XML_TRUE) == XML_STATUS_OK)
@@ -190,8 +223,8 @@ bool XmlDocument::parse(std::string_view bytes, const QString& url) {
     const char* reason = builder.refusal() ? builder.refusal() : XML_ErrorString(code);
     return fail({builder.refusal() ? kOwnError : static_cast<int>(code), QString::fromLatin1(reason),
                  static_cast<std::int64_t>(XML_GetCurrentLineNumber(parser.get())),
-                 static_cast<std::int64_t>(XML_GetCurrentColumnNumber(parser.get())) + 1, at,
-                 fromCodePage(lineAt(bytes, static_cast<std::size_t>(at))), url});
+                 static_cast<std::int64_t>(XML_GetCurrentColumnNumber(parser.get())) + 1,
+                 document.sourceOf(at), fromCodePage(lineAt(bytes, static_cast<std::size_t>(at))), url});
 }
 
 XmlNodeType XmlNode::type() const {

@@ -6,9 +6,8 @@
 #include "platform/CodePage.h"
 #include "platform/IniFile.h"
 #include "platform/Prompts.h"
+#include "platform/WholeFile.h"
 #include "variables/SetupVariables.h"
-
-#include <QSaveFile>
 
 #include <algorithm>
 #include <cmath>
@@ -336,8 +335,7 @@ void SaveXvrDocument(const QString& path) {
     const QByteArray bytes = xvrBytes(VariableTable);
     QString cleaned = path;
     FileExists(cleaned); // drops blanks and quotes around it
-    QSaveFile file(cleaned);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()) file.commit();
+    writeOrTell(cleaned, bytes, QStringLiteral("The variable definitions"));
 }
 
 } // namespace vistor

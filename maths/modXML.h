@@ -13,8 +13,8 @@
 namespace vistor {
 
 /// Writes the rows of the live table that have a number, 1 to 8000, to a file, in place of what stood there.
-/// Nothing is escaped: a text with "<" or "&" makes a file that cannot be read again. Shows nothing; when the
-/// file cannot be written the old one stands.
+/// Nothing is escaped: a text with "<" or "&" makes a file that cannot be read again. When
+/// the file cannot be written the old one stands, and a notice tells it.
 void SaveXvrDocument(const QString& path);
 
 /// Reads a file into the live table, or with `units` into the live unit conversions. A file that is no

@@ -1,5 +1,7 @@
 #include "platform/CodePage.h"
 
+#include <QStringConverter>
+
 #include <algorithm>
 #include <array>
 
@@ -11,16 +13,17 @@ constexpr std::array<char16_t, 32> kUpper = {0x20AC, 0x0081, 0x201A, 0x0192, 0x2
                                              0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
                                              0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                              0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+constexpr qsizetype kMostBytes = 3; ///< of one code unit; a pair of two has four
 
-char byteOf(char16_t character) {
-    if (character < 0x80 || (character >= 0xA0 && character <= 0xFF)) return static_cast<char>(character);
-    const auto* found = std::find(kUpper.begin(), kUpper.end(), character);
-    return found == kUpper.end() ? '?' : static_cast<char>(0x80 + (found - kUpper.begin()));
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view kLittleMark = "\xFF\xFE";
+constexpr std::string_view kBigMark = "\xFE\xFF";
+
+bool isAscii(std::string_view bytes) {
+    return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<signed char>(c) >= 0; });
 }
 
-} // namespace
-
-QString fromCodePage(std::string_view bytes) {
+QString fromWindows(std::string_view bytes) {
     QString text = QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size()));
     for (qsizetype i = 0; i < text.size(); ++i) {
         const auto byte = static_cast<unsigned char>(bytes[static_cast<std::size_t>(i)]);
@@ -29,18 +32,98 @@ QString fromCodePage(std::string_view bytes) {
     return text;
 }
 
+/// False where the bytes are no UTF-8.
+bool fromUtf8(std::string_view bytes, QString& text) {
+    QStringDecoder decoder(QStringConverter::Utf8,
+                           QStringConverter::Flag::Stateless | QStringConverter::Flag::ConvertInitialBom);
+    text = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+    return !decoder.hasError();
+}
+
+/// False for a text that the code page cannot tell.
+bool toWindows(const QString& text, QByteArray& bytes) {
+    bytes.resize(text.size());
+    char* out = bytes.data();
+    for (const QChar character : text) {
+        const char16_t code = character.unicode();
+        if (code < 0x80 || (code >= 0xA0 && code <= 0xFF)) {
+            *out++ = static_cast<char>(code);
+            continue;
+        }
+        const auto* found = std::find(kUpper.begin(), kUpper.end(), code);
+        if (found == kUpper.end()) return false;
+        *out++ = static_cast<char>(0x80 + (found - kUpper.begin()));
+    }
+    return true;
+}
+
+QByteArray utf16AsUtf8(std::string_view bytes, QStringConverter::Encoding encoding) {
+    QStringDecoder decoder(encoding, QStringConverter::Flag::Stateless);
+    const QString text = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+    return text.toUtf8();
+}
+
+} // namespace
+
+QString fromCodePage(std::string_view bytes) {
+    QString text;
+    return !isAscii(bytes) && fromUtf8(bytes, text) ? text : fromWindows(bytes);
+}
+
 QByteArray toCodePage(const QString& text) {
     if (text.isEmpty()) return {};
-    QByteArray bytes(text.size(), Qt::Uninitialized);
-    char* const begin = bytes.data();
-    char* out = begin;
-    const QChar* const end = text.constData() + text.size();
-    for (const QChar* in = text.constData(); in != end; ++in) {
-        *out++ = byteOf(in->unicode());
-        if (in->isHighSurrogate() && in + 1 != end && in[1].isLowSurrogate()) ++in;
+    QByteArray bytes;
+    if (!toWindows(text, bytes)) return text.toUtf8();
+    QString other;
+    return !isAscii(viewOf(bytes)) && fromUtf8(viewOf(bytes), other) ? text.toUtf8() : bytes;
+}
+
+QByteArray toCodePage(const QString& text, qsizetype most) {
+    QString kept = cutText(text, most);
+    QByteArray bytes = toCodePage(kept);
+    while (bytes.size() > most) {
+        const qsizetype beyond = bytes.size() - most;
+        kept = cutText(kept, kept.size() - (beyond + kMostBytes - 1) / kMostBytes);
+        bytes = toCodePage(kept);
     }
-    bytes.resize(out - begin);
     return bytes;
+}
+
+QString cutText(const QString& text, qsizetype most) {
+    if (text.size() <= most) return text;
+    const qsizetype size = std::max<qsizetype>(0, most);
+    const bool inside = size > 0 && text[size - 1].isHighSurrogate() && text[size].isLowSurrogate();
+    return text.left(inside ? size - 1 : size);
+}
+
+QByteArray unmarked(const QByteArray& file) {
+    const std::string_view bytes = viewOf(file);
+    if (bytes.starts_with(kUtf8Mark)) return file.mid(static_cast<qsizetype>(kUtf8Mark.size()));
+    if (bytes.starts_with(kLittleMark))
+        return utf16AsUtf8(bytes.substr(kLittleMark.size()), QStringConverter::Utf16LE);
+    if (bytes.starts_with(kBigMark))
+        return utf16AsUtf8(bytes.substr(kBigMark.size()), QStringConverter::Utf16BE);
+    return file;
+}
+
+std::string_view takeLine(std::string_view& rest) {
+    const char* const begin = rest.data();
+    const char* const end = begin + rest.size();
+    const char* at = begin;
+    while (at != end && *at != '\n' && *at != '\r') ++at;
+    const std::string_view line(begin, static_cast<std::size_t>(at - begin));
+    const bool twoBytes = end - at > 1 && at[0] == '\r' && at[1] == '\n';
+    rest.remove_prefix(std::min(rest.size(), line.size() + (twoBytes ? 2 : 1)));
+    return line;
+}
+
+QString foldedCase(const QString& name) {
+    QString folded = name;
+    for (QChar& character : folded) {
+        const QChar lower = character.toLower();
+        if (lower.toUpper() == character) character = lower;
+    }
+    return folded;
 }
 
 } // namespace vistor

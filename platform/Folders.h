@@ -16,10 +16,6 @@ QString programFolder();
 /// installed.
 QString deliveredFolder();
 
-/// Where scratch bitmaps are made, found and deleted: the program folder if it can be written to, else
-/// "scratch/" in the working folder, which is then made. Empty when there is neither.
-QString bitmapFolder(const QString& workingFolder);
-
 /// Puts another program folder in place; an empty text puts the real one back. For tests.
 void setProgramFolder(const QString& folder);
 

@@ -1,10 +1,8 @@
 #include "platform/IniFile.h"
 
 #include "platform/CodePage.h"
-
-#include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
+#include "platform/Notices.h"
+#include "platform/WholeFile.h"
 
 #include <algorithm>
 #include <charconv>
@@ -18,6 +16,7 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t";
 constexpr qint64 kLargestFile = 64 * 1024 * 1024;
+constexpr auto kNowhere = IniText::kNowhere;
 
 std::string_view trimmed(std::string_view text) {
     const auto first = text.find_first_not_of(kBlanks);
@@ -31,10 +30,6 @@ std::string_view unquoted(std::string_view text) {
     return quoted ? text.substr(1, text.size() - 2) : text;
 }
 
-QString folded(std::string_view name) {
-    return fromCodePage(trimmed(name)).toLower();
-}
-
 QString oneLine(QString text) {
     for (QChar& character : text) {
         if (character == u'\n' || character == u'\r') character = u' ';
@@ -42,42 +37,11 @@ QString oneLine(QString text) {
     return text;
 }
 
-/// All of a file; nothing of one that is missing. No value for what is no plain file, cannot be read or is
-/// larger than any initialisation file: what is not known whole must not be written back.
-std::optional<QByteArray> readWhole(const QString& path) {
-    const QFileInfo info(path);
-    if (!info.exists()) return QByteArray();
-    QFile file(path);
-    if (!info.isFile() || info.size() > kLargestFile || !file.open(QIODevice::ReadOnly)) return std::nullopt;
-    const QByteArray bytes = file.readAll();
-    return file.error() == QFileDevice::NoError ? std::optional(bytes) : std::nullopt;
-}
-
-std::string_view viewOf(const QByteArray& bytes) {
-    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
-}
-
-constexpr auto kNowhere = std::string_view::npos;
-
-bool holdsKey(std::string_view text) {
-    return !text.empty() && text.front() != ';' && text.front() != '[' && text.find('=') != kNowhere;
-}
-
-/// The key of a line that holds one, up to its first "=" or to one further on.
-QString keyOf(std::string_view line, qsizetype further = 0) {
+/// What stands behind "=" number `further` of a line.
+QString valueOf(std::string_view line, qsizetype further) {
     auto equals = line.find('=');
-    for (; further > 0 && equals != kNowhere; --further) equals = line.find('=', equals + 1);
-    return equals == kNowhere ? QString() : folded(line.substr(0, equals));
-}
-
-QString valueOf(std::string_view line, const QString& key) {
-    auto equals = line.find('=');
-    for (auto further = key.count(u'='); further > 0; --further) equals = line.find('=', equals + 1);
+    for (; further > 0; --further) equals = line.find('=', equals + 1);
     return fromCodePage(unquoted(trimmed(line.substr(equals + 1))));
-}
-
-QString foldedName(const QString& name) {
-    return name.trimmed().toLower();
 }
 
 /// A value that would lose its own blanks or quotes on reading is put in quotes.
@@ -86,177 +50,333 @@ QByteArray asWritten(const QString& value) {
     return unquoted(trimmed(viewOf(bytes))) == viewOf(bytes) ? bytes : '"' + bytes + '"';
 }
 
+/// A folded key up to its first "=".
+QByteArray firstOf(const QByteArray& key) {
+    const qsizetype equals = key.indexOf('=');
+    return equals < 0 ? key : foldedName(viewOf(key).substr(0, static_cast<std::size_t>(equals)));
+}
+
+QByteArray foldedKey(std::string_view line, qsizetype further) {
+    std::string_view name;
+    return keyName(line, further, name) ? foldedName(name) : QByteArray();
+}
+
+/// The number that a key is written as; no value for any other key.
+std::optional<int> numberOf(std::string_view key) {
+    int number = 0;
+    const char* const end = key.data() + key.size();
+    const auto read = std::from_chars(key.data(), end, number);
+    const bool is = read.ec == std::errc() && read.ptr == end && std::to_string(number) == key;
+    return is ? std::optional(number) : std::nullopt;
+}
+
 } // namespace
 
-void IniFile::Section::index() {
-    keys.clear();
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        const std::string_view text = trimmed(viewOf(lines[i].raw));
-        if (!holdsKey(text)) continue;
-        const QString key = keyOf(text);
-        if (!keys.contains(key)) keys.insert(key, static_cast<qsizetype>(i));
-    }
-}
-
-qsizetype IniFile::Section::find(const QString& key) const {
-    if (!key.contains(u'=')) return keys.value(key, -1);
-    const auto inside = key.count(u'=');
-    const auto holds = [&](const Line& line) {
-        const std::string_view text = trimmed(viewOf(line.raw));
-        return holdsKey(text) && keyOf(text, inside) == key;
-    };
-    const auto found = std::find_if(lines.begin(), lines.end(), holds);
-    return found == lines.end() ? -1 : found - lines.begin();
-}
-
-void IniFile::appendLine(std::string_view raw) {
-    const std::string_view text = trimmed(raw);
-    if (!text.empty() && text.front() == '[') {
-        const auto end = text.find(']');
-        const QString name = folded(text.substr(1, end == kNowhere ? end : end - 1));
-        m_sections.emplace_back();
-        m_sections.back().name = name;
-        if (!m_names.contains(name)) m_names.insert(name, static_cast<qsizetype>(m_sections.size()) - 1);
-    }
-    Section& section = m_sections.back();
-    Line line{QByteArray(raw.data(), static_cast<qsizetype>(raw.size())), {}};
-    if (holdsKey(text)) {
-        const QString key = keyOf(text);
-        line.value = valueOf(text, key);
-        if (!section.keys.contains(key))
-            section.keys.insert(key, static_cast<qsizetype>(section.lines.size()));
-    }
-    section.lines.push_back(std::move(line));
-}
+IniFile::IniFile() : m_text(std::make_shared<IniText>()) {}
 
 IniFile IniFile::parse(std::string_view bytes) {
     IniFile file;
-    while (!bytes.empty()) {
-        const auto end = bytes.find('\n');
-        std::string_view line = bytes.substr(0, end);
-        bytes.remove_prefix(end == std::string_view::npos ? bytes.size() : end + 1);
-        if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-        file.appendLine(line);
-    }
+    file.m_text =
+        std::make_shared<IniText>(unmarked(QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size()))));
     return file;
 }
 
 IniFile IniFile::load(const QString& path) {
-    const auto bytes = readWhole(path);
-    if (bytes) return parse(viewOf(*bytes));
-    IniFile unread;
-    unread.m_whole = false;
-    return unread;
+    IniFile file;
+    FileBytes read = readWholeFile(path, kLargestFile);
+    if (!read.missing) file.m_problem = std::move(read.problem);
+    file.m_text = std::make_shared<IniText>(unmarked(read.bytes));
+    return file;
 }
 
-const IniFile::Section* IniFile::findSection(const QString& name) const {
-    const auto found = m_names.constFind(foldedName(name));
-    return found == m_names.constEnd() ? nullptr : &m_sections[static_cast<std::size_t>(*found)];
+const IniFile::Edits* IniFile::editsOf(const QByteArray& section) const {
+    const auto found = m_edits.constFind(section);
+    return found == m_edits.constEnd() ? nullptr : &*found;
+}
+
+/// In the text; nowhere where that section is gone from it.
+IniFile::Place IniFile::headOf(const QByteArray& section, const Edits* edits) const {
+    return edits && edits->dropped ? kNowhere : m_text->section(section);
+}
+
+/// True for a line of the text that is not in the document any more.
+bool IniFile::isHidden(const Edits& edits, Place place) const {
+    if (edits.placed.contains(place)) return true;
+    const std::string_view line = m_text->lineAt(place);
+    std::string_view name;
+    for (qsizetype further = 0; further <= edits.furthest && keyName(line, further, name); ++further) {
+        if (edits.removed.contains(foldedName(name))) return true;
+    }
+    return false;
+}
+
+IniFile::Place IniFile::findInText(Place head, const Edits* edits, const QByteArray& key,
+                                   qsizetype further) const {
+    if (head == kNowhere || (edits && edits->removed.contains(key))) return kNowhere;
+    return m_text->key(head, key, further);
+}
+
+/// Of the lines that have the key the first in the document.
+IniFile::Found IniFile::find(const QByteArray& section, const QByteArray& key) const {
+    const Edits* const edits = editsOf(section);
+    const qsizetype further = key.count('=');
+    Found found;
+    const auto numbers = edits ? edits->byFirst.value(firstOf(key)) : QList<qsizetype>();
+    for (const qsizetype number : numbers) {
+        const NewLine& line = edits->lines[static_cast<std::size_t>(number)];
+        // In the order of their places; those without one are the last.
+        if (foldedKey(viewOf(line.raw), further) == key && (found.number < 0 || line.inPlaceOf < found.place))
+            found = {viewOf(line.raw), line.inPlaceOf, number};
+    }
+    Place place = findInText(headOf(section, edits), edits, key, further);
+    while (edits && place < found.place && isHidden(*edits, place))
+        place = m_text->keyBehind(place, key, further);
+    return place < found.place ? Found{m_text->lineAt(place), place, -1} : found;
 }
 
 QString IniFile::value(const QString& section, const QString& key, const QString& fallback,
                        int buffer) const {
-    QString found = fallback;
-    const QString name = foldedName(key);
-    const Section* where = findSection(section);
-    const qsizetype index = where ? where->find(name) : -1;
-    if (index >= 0) {
-        const Line& line = where->lines[static_cast<std::size_t>(index)];
-        found = name.contains(u'=') ? valueOf(trimmed(viewOf(line.raw)), name) : line.value;
+    const QByteArray name = foldedName(key);
+    const Found found = find(foldedName(section), name);
+    QString value = found.isThere() ? valueOf(found.line, name.count('=')) : fallback;
+    value = cutText(value, buffer - 1);
+    const qsizetype nul = value.indexOf(QChar(u'\0'));
+    return nul < 0 ? value : value.left(nul);
+}
+
+void IniFile::append(Edits& edits, NewLine line) {
+    const auto number = static_cast<qsizetype>(edits.lines.size());
+    edits.byFirst[foldedKey(viewOf(line.raw), 0)].push_back(number);
+    if (line.inPlaceOf != kNowhere) edits.placed.insert(line.inPlaceOf, number);
+    edits.lines.push_back(std::move(line));
+    ++m_newLines;
+}
+
+void IniFile::setValue(const QString& section, const QString& key, const QString& value) {
+    const QByteArray name = foldedName(key);
+    if (name.isEmpty() || name.startsWith('[') || name.startsWith(';')) return;
+    const QByteArray where = foldedName(section);
+    const QByteArray written = toCodePage(oneLine(key)) + "=" + asWritten(oneLine(value));
+    const Found found = find(where, name);
+    const qsizetype further = name.count('=');
+    if (found.isThere() && valueOf(found.line, further) == valueOf(viewOf(written), further)) return;
+    Edits& edits = m_edits[where];
+    if (found.number >= 0) {
+        edits.lines[static_cast<std::size_t>(found.number)].raw = written;
+        return;
     }
-    found.truncate(qMax(0, buffer - 1));
-    const qsizetype nul = found.indexOf(QChar(u'\0'));
-    if (nul >= 0) found.truncate(nul);
-    return found;
+    if (edits.head.isEmpty() && headOf(where, &edits) == kNowhere) {
+        edits.head = "[" + toCodePage(oneLine(section)) + "]";
+        edits.order = ++m_newSections;
+    }
+    append(edits, {written, found.place});
+}
+
+void IniFile::removeKey(const QString& section, const QString& key) {
+    const QByteArray where = foldedName(section);
+    const QByteArray name = foldedName(key);
+    const qsizetype further = name.count('=');
+    if (!editsOf(where) && headOf(where, nullptr) == kNowhere) return;
+    Edits& edits = m_edits[where];
+    const QByteArray first = firstOf(name);
+    if (const auto numbers = edits.byFirst.find(first); numbers != edits.byFirst.end()) {
+        const auto gone = [&](qsizetype number) {
+            QByteArray& raw = edits.lines[static_cast<std::size_t>(number)].raw;
+            if (foldedKey(viewOf(raw), further) != name) return false;
+            raw.clear();
+            return true;
+        };
+        numbers->removeIf(gone);
+        if (numbers->isEmpty()) edits.byFirst.erase(numbers);
+    }
+    if (edits.dropped) return;
+    edits.removed.insert(name);
+    edits.furthest = std::max(edits.furthest, further);
+}
+
+void IniFile::removeSection(const QString& section) {
+    const QByteArray name = foldedName(section);
+    if (name.isEmpty() || (!editsOf(name) && headOf(name, nullptr) == kNowhere)) return;
+    Edits& edits = m_edits[name];
+    edits = {};
+    edits.dropped = true;
+}
+
+/// Hands over every key of a section up to its first "=", as it is written, until that answers false.
+void IniFile::eachKey(const QByteArray& section, const std::function<bool(std::string_view)>& take) const {
+    const Edits* const edits = editsOf(section);
+    bool goesOn = true;
+    const auto takeOfText = [&](Place place) {
+        std::string_view name;
+        keyName(m_text->lineAt(place), 0, name);
+        if (!edits || !isHidden(*edits, place) || find(section, foldedName(name)).isThere())
+            goesOn = take(name);
+        return goesOn;
+    };
+    if (const Place head = headOf(section, edits); head != kNowhere) m_text->eachKey(head, takeOfText);
+    if (!edits || !goesOn) return;
+    for (auto it = edits->byFirst.constBegin(); it != edits->byFirst.constEnd(); ++it) {
+        if (!take(viewOf(it.key()))) return;
+    }
+}
+
+QStringList IniFile::sections() const {
+    QStringList names;
+    for (const Place head : m_text->sections()) {
+        const QByteArray name = foldedName(headName(m_text->lineAt(head)));
+        const Edits* const edits = editsOf(name);
+        if (!edits || !edits->dropped) names += QString::fromUtf8(name);
+    }
+    for (auto it = m_edits.constBegin(); it != m_edits.constEnd(); ++it)
+        if (!it->head.isEmpty()) names += QString::fromUtf8(it.key());
+    return names;
 }
 
 QStringList IniFile::keys(const QString& section) const {
-    const Section* where = findSection(section);
-    return where ? QStringList(where->keys.keys()) : QStringList();
+    QSet<QByteArray> names;
+    eachKey(foldedName(section), [&names](std::string_view name) {
+        names.insert(foldedName(name));
+        return true;
+    });
+    QStringList list;
+    for (const QByteArray& name : names) list += QString::fromUtf8(name);
+    return list;
+}
+
+bool IniFile::hasKeys(const QString& section) const {
+    bool has = false;
+    eachKey(foldedName(section), [&has](std::string_view) {
+        has = true;
+        return false;
+    });
+    return has;
 }
 
 std::vector<int> IniFile::numberedKeys(const QString& section, int lowest, int highest) const {
     std::vector<int> numbers;
-    for (const QString& key : keys(section)) {
-        const int number = key.toInt();
-        if (number >= lowest && number <= highest && QString::number(number) == key)
-            numbers.push_back(number);
-    }
+    eachKey(foldedName(section), [&](std::string_view name) {
+        const auto number = numberOf(name);
+        if (number && *number >= lowest && *number <= highest) numbers.push_back(*number);
+        return true;
+    });
     std::sort(numbers.begin(), numbers.end());
+    numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
     return numbers;
 }
 
 qsizetype IniFile::keyCount() const {
-    qsizetype count = 0;
-    for (const qsizetype index : m_names) count += m_sections[static_cast<std::size_t>(index)].keys.size();
-    return count;
+    return m_text->keyLines() + m_newLines;
 }
 
-IniFile::Section& IniFile::sectionFor(const QString& name) {
-    const QString key = foldedName(name);
-    const auto found = m_names.constFind(key);
-    if (found != m_names.constEnd()) return m_sections[static_cast<std::size_t>(*found)];
-    m_names.insert(key, static_cast<qsizetype>(m_sections.size()));
-    m_sections.emplace_back();
-    m_sections.back().name = key;
-    m_sections.back().lines.push_back({"[" + toCodePage(oneLine(name)) + "]", {}});
-    return m_sections.back();
-}
-
-void IniFile::setValue(const QString& section, const QString& key, const QString& value) {
-    const QString name = foldedName(key);
-    if (name.isEmpty() || name.startsWith(u'[') || name.startsWith(u';')) return;
-    Section& target = sectionFor(section);
-    const QByteArray written = toCodePage(oneLine(key)) + "=" + asWritten(oneLine(value));
-    const Line line{written, valueOf(viewOf(written), {})};
-    const qsizetype found = target.find(name);
-    if (found >= 0) {
-        target.lines[static_cast<std::size_t>(found)] = line;
-        return;
+/// Puts text and changes together.
+class IniFile::Writer {
+public:
+    explicit Writer(const IniFile& file) : m_file(file), m_text(*file.m_text), m_lineEnd(lineEndOf(m_text)) {
+        m_bytes.reserve(m_text.bytes().size());
     }
-    // Behind the section's last line that says something, so that blank lines go on parting the sections.
-    auto at = target.lines.end();
-    while (at != target.lines.begin() && trimmed(viewOf((at - 1)->raw)).empty()) --at;
-    const QString first = keyOf(viewOf(written));
-    if (!target.keys.contains(first)) target.keys.insert(first, at - target.lines.begin());
-    target.lines.insert(at, line);
-}
 
-void IniFile::removeKey(const QString& section, const QString& key) {
-    const QString name = foldedName(key);
-    const auto inside = name.count(u'=');
-    for (Section& from : m_sections) {
-        if (from.name != foldedName(section)) continue;
-        const auto gone = std::erase_if(from.lines, [&](const Line& line) {
-            const std::string_view text = trimmed(viewOf(line.raw));
-            return holdsKey(text) && keyOf(text, inside) == name;
-        });
-        if (gone > 0) from.index();
+    QByteArray write() {
+        for (Place at = 0; at < m_text.end();) {
+            const std::string_view line = m_text.lineAt(at);
+            const Place next = m_text.after(at, line);
+            if (isSectionHead(line)) beginSection(headName(line));
+            if (!m_edits || !m_edits->dropped) writeLine(line, at, next);
+            at = next;
+        }
+        endSection();
+        writeNewSections();
+        return std::move(m_bytes);
     }
-}
 
-void IniFile::removeSection(const QString& section) {
-    const QString name = foldedName(section);
-    if (name.isEmpty()) return;
-    for (Section& from : m_sections) {
-        if (from.name == name) from = {};
+private:
+    /// That of the first line; the classic one where there is none.
+    static QByteArray lineEndOf(const IniText& text) {
+        const auto size = static_cast<qsizetype>(text.lineAt(0).size());
+        const QByteArray end =
+            text.bytes().mid(size, static_cast<qsizetype>(text.after(0, text.lineAt(0))) - size);
+        return end.isEmpty() ? QByteArray("\r\n") : end;
     }
-    m_names.remove(name);
-}
+
+    void beginSection(std::string_view name) {
+        endSection();
+        const QByteArray folded = foldedName(name);
+        m_edits = m_file.editsOf(folded);
+        m_isFirst = m_edits && !m_seen.contains(m_edits);
+        if (m_edits) m_seen.insert(m_edits);
+    }
+
+    void writeLine(std::string_view line, Place at, Place next) {
+        const auto* const raw = m_text.bytes().constData() + at;
+        if (m_edits && holdsKey(line) && m_file.isHidden(*m_edits, at)) {
+            const auto placed = m_edits->placed.constFind(at);
+            if (placed == m_edits->placed.constEnd()) return;
+            const QByteArray& instead = m_edits->lines[static_cast<std::size_t>(*placed)].raw;
+            if (instead.isEmpty()) return;
+            m_bytes += instead;
+            m_bytes.append(raw + line.size(), static_cast<qsizetype>(next - at - line.size()));
+        } else {
+            m_bytes.append(raw, static_cast<qsizetype>(next - at));
+        }
+        if (!trimmed(line).empty()) m_insertAt = m_bytes.size();
+    }
+
+    void appendLinesOf(const Edits& edits, QByteArray& bytes) const {
+        for (const NewLine& line : edits.lines) {
+            if (!line.raw.isEmpty() && line.inPlaceOf == kNowhere) bytes += line.raw + m_lineEnd;
+        }
+    }
+    QByteArray endOfLineBefore(qsizetype at) const {
+        const bool ended = at == 0 || m_bytes[at - 1] == '\n' || m_bytes[at - 1] == '\r';
+        return ended ? QByteArray() : m_lineEnd;
+    }
+
+    /// Behind the section's last line that says something, so that blank lines go on parting the sections.
+    void endSection() {
+        if (!m_edits || !m_isFirst || m_edits->dropped) return;
+        QByteArray added;
+        appendLinesOf(*m_edits, added);
+        if (!added.isEmpty()) m_bytes.insert(m_insertAt, endOfLineBefore(m_insertAt) + added);
+    }
+
+    void writeNewSections() {
+        std::vector<const Edits*> made;
+        for (const Edits& edits : m_file.m_edits) {
+            if (!edits.head.isEmpty()) made.push_back(&edits);
+        }
+        std::sort(made.begin(), made.end(), [](auto* a, auto* b) { return a->order < b->order; });
+        for (const Edits* edits : made) {
+            m_bytes += endOfLineBefore(m_bytes.size()) + edits->head + m_lineEnd;
+            appendLinesOf(*edits, m_bytes);
+        }
+    }
+
+    const IniFile& m_file;
+    const IniText& m_text;
+    QByteArray m_lineEnd;
+    QByteArray m_bytes;
+    const Edits* m_edits = nullptr; ///< of the section in hand
+    bool m_isFirst = false;         ///< of its name
+    qsizetype m_insertAt = 0;
+    QSet<const Edits*> m_seen;
+};
 
 QByteArray IniFile::toBytes() const {
-    QByteArray bytes;
-    for (const Section& section : m_sections) {
-        for (const Line& line : section.lines) bytes += line.raw + "\r\n";
-    }
-    return bytes;
+    return m_edits.isEmpty() ? m_text->bytes() : Writer(*this).write();
 }
 
-bool IniFile::save(const QString& path) const {
-    QSaveFile file(path);
-    if (!m_whole || !file.open(QIODevice::WriteOnly)) return false;
-    file.write(toBytes());
-    return file.commit();
+bool IniFile::save(const QString& path, QString* problem) const {
+    const QString why = m_problem.isEmpty()
+                            ? writeWholeFile(path, toBytes())
+                            : QStringLiteral("what it holds cannot be read (%1)").arg(m_problem);
+    if (problem) *problem = why;
+    return why.isEmpty();
+}
+
+bool IniFile::saveOrTell(const QString& path, const QString& what) const {
+    QString problem;
+    if (save(path, &problem)) return true;
+    notifyNotSaved(path, what, problem);
+    return false;
 }
 
 QString readIniValue(const QString& path, const QString& section, const QString& key, const QString& fallback,

@@ -1,31 +1,42 @@
-// Initialisation files: sections, keys and values as lines of text. In and out: files in the program's code
-// page.
+// Initialisation files: sections, keys and values as lines of text. In and out: files of texts as
+// platform/CodePage.h tells them.
 #pragma once
+
+#include "platform/IniText.h"
 
 #include <QByteArray>
 #include <QHash>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+#include <memory>
 #include <string_view>
 #include <vector>
 
 namespace vistor {
 
-/// One initialisation file in memory: parsed once, asked and changed any number of times, written once.
+/// One initialisation file in memory: read once, asked and changed any number of times, written once.
 ///
 /// Sections and keys are found without regard to case; of two equal ones the first wins. Blanks around
-/// sections, keys and values are dropped, and so is one pair of equal quotes around a value. Lines it does
-/// not know (comments, text without "=") are kept where they stand, and so is the order of first writing.
+/// sections, keys and values are dropped, and so is one pair of equal quotes around a value. Lines that were
+/// not changed stay to the byte, known or not, and so does the order of first writing.
+///
+/// Every call takes the same time in a large file as in a small one, but for the first question to a section;
+/// memory beside the bytes is about theirs at most.
 class IniFile {
 public:
-    IniFile() = default;
+    IniFile();
 
-    /// The document in a file. A file that is missing, cannot be read or has more than 64 MiB gives an empty
-    /// one.
+    /// The document in a file. A file that is missing gives an empty one; so does one that is no plain file,
+    /// cannot be read or has more than 64 MiB, and problem() tells why.
     static IniFile load(const QString& path);
-    /// The document in bytes of the code page; any bytes are one.
+    /// The document in bytes; any bytes are one.
     static IniFile parse(std::string_view bytes);
+
+    /// Why what the file holds is not here, in words; empty when it is.
+    const QString& problem() const { return m_problem; }
 
     /// The value of a key, or `fallback` where there is none, cut to `buffer` less 1 characters and at the
     /// first NUL, as a reader with a buffer of that size gets it.
@@ -41,42 +52,66 @@ public:
     void removeKey(const QString& section, const QString& key);
     void removeSection(const QString& section);
 
+    /// The names of the sections that can be found, in lower case, in no order.
+    QStringList sections() const;
     /// The keys of a section in lower case, in no order; none where there is no such section.
     QStringList keys(const QString& section) const;
+    bool hasKeys(const QString& section) const;
     /// Those of them that are whole numbers within two limits, ascending: what trying each would find.
     std::vector<int> numberedKeys(const QString& section, int lowest, int highest) const;
-    /// How many keys there are in all sections that can be found.
+    /// No fewer than the keys there are in all sections.
     qsizetype keyCount() const;
 
     /// The document as it is written.
     QByteArray toBytes() const;
-    /// Writes the whole document, replacing the file in one step. False when that failed, or when the
-    /// file that the document was loaded from could not be read whole: the old file then stands.
-    bool save(const QString& path) const;
+    /// Writes the whole document, replacing the file in one step; one that holds it already is not touched.
+    /// False when that failed, or when what the file holds could not be read: it then stands. `problem` gets
+    /// the reason in words.
+    bool save(const QString& path, QString* problem = nullptr) const;
+    /// The same, telling a person in a notice when it failed; `what` as for writeOrTell().
+    bool saveOrTell(const QString& path, const QString& what) const;
 
 private:
-    struct Line {
-        QByteArray
-            raw; ///< as it stood in the file, without the line end; for a key's line as it will be written
-        QString value; ///< of a key's line
+    using Place = IniText::Place;
+
+    struct NewLine {
+        QByteArray raw;                      ///< empty when it was taken out again
+        Place inPlaceOf = IniText::kNowhere; ///< nowhere: behind the section's other lines
     };
-    struct Section {
-        QString name;                   ///< in lower case; none for what stands before the first head
-        std::vector<Line> lines;        ///< the head itself first, but for what stands before the first head
-        QHash<QString, qsizetype> keys; ///< up to the first "=" of each line
-
-        void index();
-        /// The number of a key's line, -1 where there is none.
-        qsizetype find(const QString& key) const;
+    /// What was changed in the sections of one name.
+    struct Edits {
+        QByteArray head;      ///< of a section that the text has not
+        qsizetype order = 0;  ///< of such a one among others, from 1
+        bool dropped = false; ///< the text's sections of this name are gone
+        std::vector<NewLine> lines;
+        QHash<QByteArray, QList<qsizetype>>
+            byFirst;                    ///< numbers of the lines by their key up to its first "="
+        QHash<Place, qsizetype> placed; ///< numbers of those that stand for one of the text
+        QSet<QByteArray> removed;       ///< keys whose lines in the text are gone
+        qsizetype furthest = -1;        ///< the most "=" inside one of those
     };
+    /// A line that was found: one of the text or a new one, or none.
+    struct Found {
+        std::string_view line;
+        Place place = IniText::kNowhere;
+        qsizetype number = -1;
+        bool isThere() const { return place != IniText::kNowhere || number >= 0; }
+    };
+    class Writer;
 
-    const Section* findSection(const QString& name) const;
-    Section& sectionFor(const QString& name);
-    void appendLine(std::string_view raw);
+    const Edits* editsOf(const QByteArray& section) const;
+    Place headOf(const QByteArray& section, const Edits* edits) const;
+    bool isHidden(const Edits& edits, Place place) const;
+    Place findInText(Place head, const Edits* edits, const QByteArray& key, qsizetype further) const;
+    Found find(const QByteArray& section, const QByteArray& key) const;
+    void eachKey(const QByteArray& section, const std::function<bool(std::string_view)>& take) const;
+    void append(Edits& edits, NewLine line);
 
-    bool m_whole = true;                           ///< nothing of the file it came from is missing here
-    std::vector<Section> m_sections = {Section{}}; ///< number 0 is what stands before the first head
-    QHash<QString, qsizetype> m_names;
+    std::shared_ptr<const IniText> m_text;
+    QHash<QByteArray, Edits> m_edits; ///< by the sections' names
+    qsizetype m_newSections = 0;
+    qsizetype m_newLines = 0;
+    QString m_problem;
 };
 
 /// Reads one key of a file (the first of the two classic operations). For more than a few keys load the file

@@ -1,7 +1,7 @@
 #include "shell/HelpPages.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include "platform/WholeFile.h"
+
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -13,10 +13,9 @@ constexpr qint64 kLargestPage = 1 << 20; ///< bytes
 
 std::optional<QString> wholePage(const QString& folder, const QString& page) {
     const bool plain = page.endsWith(QLatin1String(".md")) && !page.contains(u'/') && !page.contains(u'\\');
-    QFile file(folder + page);
-    const bool usable = plain && QFileInfo(file).isFile() && file.size() <= kLargestPage;
-    if (!usable || !file.open(QIODevice::ReadOnly)) return {};
-    return QString::fromUtf8(file.readAll());
+    const FileBytes file = plain ? readWholeFile(folder + page, kLargestPage) : FileBytes{{}, page, true};
+    if (!file.problem.isEmpty()) return {};
+    return QString::fromUtf8(file.bytes);
 }
 
 /// What stands between the marks of "<!-- index: one, two -->".

@@ -3,16 +3,16 @@
 #include "maths/FileSupportFunctions.h"
 #include "maths/VariableFiles.h"
 #include "platform/Folders.h"
-#include "platform/InPlaceWrite.h"
 #include "platform/IniFile.h"
+#include "platform/Notices.h"
 #include "platform/Prompts.h"
+#include "platform/WholeFile.h"
 #include "variables/GlobalVarsAndTypes.h"
 #include "variables/SetupVariables.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <cmath>
 
@@ -20,6 +20,7 @@ namespace vistor {
 namespace {
 
 constexpr int kPathBuffer = 200;
+constexpr qint64 kLargestDelivered = 32 << 20; ///< bytes
 
 constexpr double kFewestPulses = 0.1;
 constexpr double kMostPulses = 20;
@@ -44,13 +45,12 @@ QString carFile() {
 bool copyDefinitions(const QString& from, const QString& target) {
     if (!FileExists(QString(from))) return false;
     if (QFileInfo(from).canonicalFilePath() == QFileInfo(target).canonicalFilePath()) return true;
-    QFile source(from);
-    if (!source.open(QIODevice::ReadOnly)) return true;
-    const QByteArray bytes = source.readAll();
-    QSaveFile copied(target); // takes the old file's place in one step, also beside another start
-    if (bytes.size() != source.size()) return true;
-    const bool written = copied.open(QIODevice::WriteOnly) && copied.write(bytes) == bytes.size();
-    if (!written || !copied.commit()) replaceInPlace(target, bytes); // one without write permission
+    const FileBytes source = readWholeFile(from, kLargestDelivered);
+    if (source.problem.isEmpty())
+        writeOrTell(target, source.bytes, QStringLiteral("The delivered variable definitions"));
+    else
+        notify(QStringLiteral("The delivered variable definitions in %1 cannot be read: %2.")
+                   .arg(from, source.problem));
     return true;
 }
 
@@ -141,14 +141,6 @@ QString offerLayout(const QString& last) {
     const QString question = first ? QStringLiteral("Do you want to load default configuration file?")
                                    : QStringLiteral("Do you want to load last configuration file?");
     return MsgBox(question, Icon::None, Buttons::YesNo) == Answer::Yes ? path : QString();
-}
-
-void deleteScratchBitmaps() {
-    const QString path = bitmapFolder(WorkingFolder);
-    if (path.isEmpty()) return;
-    const QDir folder(path);
-    for (const QString& name : folder.entryList({QStringLiteral("*.bmp")}, QDir::Files))
-        QFile::remove(folder.filePath(name));
 }
 
 QString mainWindowTitle() {

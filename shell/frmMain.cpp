@@ -10,6 +10,8 @@
 #include "platform/Events.h"
 #include "platform/Folders.h"
 #include "platform/Prompts.h"
+#include "platform/Scratch.h"
+#include "platform/WholeFile.h"
 #include "shell/Startup.h"
 #include "shell/frmHelp.h"
 #include "shell/frmStartSplash.h"
@@ -26,6 +28,7 @@
 namespace vistor {
 namespace {
 
+constexpr qint64 kLargestIcon = 16 << 20; ///< bytes
 constexpr QSize kRestoredSize(1000, 560); ///< of the dashboard's window where it is not maximised
 
 bool isYes(const char* question) {
@@ -81,7 +84,8 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     const Hourglass hourglass;
     const QScopedValueRollback loading(m_loading, true);
     findWorkingFolder();
-    const QPixmap icon(programFolder() + QStringLiteral("User.ico"));
+    QPixmap icon;
+    icon.loadFromData(readWholeFile(programFolder() + QStringLiteral("User.ico"), kLargestIcon).bytes);
     if (!icon.isNull()) setWindowIcon(icon);
     setWindowTitle(mainWindowTitle());
     if (!findDefinitionFile()) return false;
@@ -96,7 +100,7 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     showDashboard();
     const QString last = lastLayout();
     setTimer(kTickMilliseconds);
-    deleteScratchBitmaps();
+    deleteForsakenScratch(WorkingFolder);
     splash.close();
     pumpEvents();
     m_dashboard->GenerateIcons();
@@ -152,7 +156,7 @@ bool frmMain::shutDown() {
     }
     if (m_properties) m_properties->Form_Unload();
     showProperties(false);
-    deleteScratchBitmaps();
+    deleteScratchFolder();
     m_loaded = false;
     return true;
 }

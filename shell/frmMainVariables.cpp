@@ -8,8 +8,6 @@
 #include "shell/frmMain.h"
 #include "variables/GlobalVarsAndTypes.h"
 
-#include <QFile>
-
 namespace vistor {
 namespace {
 
@@ -39,7 +37,6 @@ void frmMain::mnuSaveVarInfo_Click() {
     const auto path = SaveFile(definitionFile("Save Variable Information..."));
     if (!path || path->isEmpty()) return;
     const Hourglass hourglass;
-    QFile::remove(*path);
     saveVariables(*path);
 }
 

@@ -1,10 +1,11 @@
 #include "shell/frmStartSplash.h"
 
 #include "dashboard/Hourglass.h"
-#include "maths/FileSupportFunctions.h"
 #include "platform/Folders.h"
+#include "platform/WholeFile.h"
 #include "shell/SplashPicture.h"
 
+#include <QFile>
 #include <QImageReader>
 #include <QLabel>
 #include <QMouseEvent>
@@ -18,8 +19,9 @@ constexpr int kLargestSide = 2048; ///< pixels; a larger picture would hide the 
 /// The person's own picture; a null one where there is none that can be used.
 QImage ownPicture() {
     const QString path = programFolder() + QStringLiteral("Splash.jpg");
-    if (!FileExists(QString(path))) return {};
-    QImageReader reader(path);
+    QFile file;
+    if (!openPlainFile(file, path).isEmpty()) return {};
+    QImageReader reader(&file);
     const QSize size = reader.size();
     const bool fits = size.isValid() && size.width() <= kLargestSide && size.height() <= kLargestSide;
     return fits ? reader.read() : QImage();

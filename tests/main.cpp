@@ -4,6 +4,7 @@
 #include "platform/Folders.h"
 #include "platform/Notices.h"
 #include "platform/Prompts.h"
+#include "platform/Scratch.h"
 #include "platform/WholeFile.h"
 #include "variables/GlobalVarsAndTypes.h"
 
@@ -21,6 +22,7 @@ class FreshGlobals final : public testing::EmptyTestEventListener {
         vistor::setClock({});
         vistor::setPrompter(nullptr);
         vistor::setProgramFolder({});
+        vistor::deleteScratchFolder();
         vistor::setNoticeListener({});
         vistor::clearNotices();
         vistor::failFileCall(0);

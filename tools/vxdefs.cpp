@@ -3,12 +3,11 @@
 #include "maths/DefinitionForms.h"
 #include "maths/DefinitionTables.h"
 #include "maths/VariableFiles.h"
+#include "platform/WholeFile.h"
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
-#include <QSaveFile>
 #include <QStringList>
 
 #include <algorithm>
@@ -17,6 +16,8 @@
 
 namespace vistor {
 namespace {
+
+constexpr qint64 kLargestTable = 64 << 20; ///< bytes
 
 constexpr const char* kUsage =
     "vxdefs build FOLDER [FILE]   make FILE from variables.tsv and units.tsv in FOLDER; without FILE both "
@@ -35,17 +36,14 @@ bool complain(const QString& place, const QString& message) {
 }
 
 bool readTable(const QString& path, QByteArray& text) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return complain(path, file.errorString());
-    text = file.readAll();
-    return true;
+    FileBytes file = readWholeFile(path, kLargestTable);
+    text = std::move(file.bytes);
+    return file.problem.isEmpty() || complain(path, file.problem);
 }
 
-bool writeWhole(const QString& path, const QByteArray& bytes) {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        return complain(path, file.errorString());
-    return true;
+bool writeTable(const QString& path, const QByteArray& bytes) {
+    const QString problem = writeWholeFile(path, bytes);
+    return problem.isEmpty() || complain(path, problem);
 }
 
 bool writeTo(const QString& target, const Definitions& definitions) {
@@ -83,8 +81,8 @@ bool print(const QString& path, const QString& folder) {
         return true;
     }
     const QDir dir(folder);
-    return writeWhole(dir.filePath(kUnitsTable), tables.units) &&
-           writeWhole(dir.filePath(kVariablesTable), tables.variables);
+    return writeTable(dir.filePath(kUnitsTable), tables.units) &&
+           writeTable(dir.filePath(kVariablesTable), tables.variables);
 }
 
 bool convert(const QString& from, const QString& to) {

@@ -1,5 +1,8 @@
 // vxstream: makes, plays and shows streams of the logger.
 #include "maths/LoadAndSaveVariableDefinitions.h"
+#include "platform/CodePage.h"
+#include "platform/Folders.h"
+#include "platform/WholeFile.h"
 #include "tools/CsvImport.h"
 #include "tools/LiveLine.h"
 #include "tools/SimulatedStream.h"
@@ -8,7 +11,6 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QFile>
-#include <QSaveFile>
 
 #include <chrono>
 #include <iostream>
@@ -31,12 +33,11 @@ int complain(const QString& what, int code = kFailed) {
 
 /// Writes a file whole or not at all.
 bool saveFile(const QString& path, const std::vector<std::uint8_t>& bytes, QString& error) {
-    QSaveFile file(path);
-    const auto size = static_cast<qint64>(bytes.size());
-    const bool saved = file.open(QIODevice::WriteOnly) &&
-                       file.write(reinterpret_cast<const char*>(bytes.data()), size) == size && file.commit();
-    if (!saved) error = QStringLiteral("%1: %2").arg(path, file.errorString());
-    return saved;
+    const auto* const first = reinterpret_cast<const char*>(bytes.data());
+    const QString problem =
+        writeWholeFile(path, QByteArray::fromRawData(first, static_cast<qsizetype>(bytes.size())));
+    if (!problem.isEmpty()) error = QStringLiteral("%1: %2").arg(path, problem);
+    return problem.isEmpty();
 }
 
 /// A number given as an option, or no value when it is none or out of its range.
@@ -86,7 +87,8 @@ constexpr OptionText kDumpOptions[] = {
 };
 constexpr OptionText kFromCsvOptions[] = {
     {"out", "Run file to write.", "FILE.run"},
-    {"definitions", "Definition file that the names come from.", "VistorVars.cfg"},
+    {"definitions", "Definition file that names and units come from; the delivered one else.",
+     "VistorVars.cfg"},
     {"time", "Head of the column of times.", "HEAD"},
     {"from-zero", "Take the first row's time off all times."},
 };
@@ -145,40 +147,42 @@ int simulate(const QCommandLineParser& parser, const QStringList& files) {
 
 int dump(const QCommandLineParser& parser, const QStringList& files) {
     if (files.size() != 1) return complain(QStringLiteral("name one file to dump"), kMisused);
-    QFile file(files.constFirst());
-    if (!file.open(QIODevice::ReadOnly))
-        return complain(QStringLiteral("%1: %2").arg(file.fileName(), file.errorString()));
-    if (file.size() > std::numeric_limits<std::int32_t>::max())
-        return complain(QStringLiteral("%1: above 2 GB").arg(file.fileName()));
-    const QByteArray content = file.readAll();
-    const std::vector<std::uint8_t> bytes(content.begin(), content.end());
+    const FileBytes file = readWholeFile(files.constFirst(), std::numeric_limits<std::int32_t>::max());
+    if (!file.problem.isEmpty())
+        return complain(QStringLiteral("%1: %2").arg(files.constFirst(), file.problem));
+    const std::vector<std::uint8_t> bytes(file.bytes.begin(), file.bytes.end());
     (parser.isSet(QStringLiteral("summary")) ? dumpSummary : dumpMessages)(bytes, std::cout);
     std::cout.flush();
     return std::cout.good() ? kDone : kFailed;
 }
 
-std::optional<ChannelNames> readNames(const QString& path) {
-    if (path.isEmpty()) return ChannelNames();
-    const auto bytes = readDefinitionFile(path);
-    if (!bytes) return std::nullopt;
-    const auto definitions = readDefinitions({bytes->constData(), static_cast<std::size_t>(bytes->size())});
-    if (!definitions) return std::nullopt;
-    return channelNames(definitions->variables);
+QString deliveredDefinitions() {
+    return deliveredFolder() + QStringLiteral("VistorVars.cfg");
+}
+
+/// Those that were named, else the delivered ones where they are there.
+std::optional<Definitions> definitionsAt(const QString& named) {
+    const FileBytes file = readDefinitionFile(named.isEmpty() ? deliveredDefinitions() : named);
+    if (named.isEmpty() && file.missing) return Definitions();
+    return readDefinitions(viewOf(file.bytes));
 }
 
 int fromCsv(const QCommandLineParser& parser, const QStringList& files) {
     const QString out = parser.value(QStringLiteral("out"));
     if (files.size() != 1 || out.isEmpty())
         return complain(QStringLiteral("name one table to read, and --out"), kMisused);
-    const QString definitions = parser.value(QStringLiteral("definitions"));
-    const auto names = readNames(definitions);
-    if (!names) return complain(QStringLiteral("%1: no definition file").arg(definitions));
-    QFile in(files.constFirst());
-    if (!in.open(QIODevice::ReadOnly))
-        return complain(QStringLiteral("%1: %2").arg(in.fileName(), in.errorString()));
+    const QString named = parser.value(QStringLiteral("definitions"));
+    const auto definitions = definitionsAt(named);
+    if (!definitions)
+        return complain(
+            QStringLiteral("%1: no definition file").arg(named.isEmpty() ? deliveredDefinitions() : named));
+    QFile in;
+    const QString unread = openPlainFile(in, files.constFirst());
+    if (!unread.isEmpty()) return complain(QStringLiteral("%1: %2").arg(files.constFirst(), unread));
     const CsvOptions options{parser.value(QStringLiteral("time")), parser.isSet(QStringLiteral("from-zero"))};
-    const CsvResult result = importCsv(in, options, *names);
-    if (!result.error.isEmpty()) return complain(QStringLiteral("%1: %2").arg(in.fileName(), result.error));
+    const CsvResult result = importCsv(in, options, *definitions);
+    if (!result.error.isEmpty())
+        return complain(QStringLiteral("%1: %2").arg(files.constFirst(), result.error));
     QString error;
     return saveFile(out, result.run, error) ? kDone : complain(error);
 }
@@ -204,9 +208,10 @@ constexpr struct {
     {"from-csv", fromCsv, kFromCsvOptions, "IN.csv", "make a run file of a table of text",
      "Makes a run file of a table of text. The first line names the columns: \"Time\" (seconds), and for "
      "each "
-     "channel its number or, with --definitions, its physical name. Values are taken as the channel's raw "
-     "values; "
-     "an empty field gives none."},
+     "channel its number or its physical name. A unit in square brackets (\"CoolantTemp [F]\", \"Time "
+     "[ms]\") "
+     "is converted into what the channel expects; values without one are taken as the channel's raw values. "
+     "An empty field gives none."},
 };
 
 int runCommand(const QStringList& arguments) {

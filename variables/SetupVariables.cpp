@@ -1,5 +1,6 @@
 #include "variables/SetupVariables.h"
 
+#include "platform/CodePage.h"
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QHash>
@@ -35,7 +36,7 @@ QString normalisedName(const QString& name) {
     qsizetype end = name.size();
     while (first < end && name[first] == u' ') ++first;
     while (end > first && name[end - 1] == u' ') --end;
-    return name.mid(first, end - first).toUpper();
+    return foldedCase(name.mid(first, end - first));
 }
 
 /// Everything that is looked up by text, built from the tables when they have changed.
