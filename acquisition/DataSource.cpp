@@ -9,6 +9,7 @@
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QStringList>
 #include <QtEndian>
 

@@ -1,6 +1,7 @@
 // The program's entry: command line, look, main window.
 #include "dashboard/ReadoutValues.h"
 #include "dashboard/frmInterface.h"
+#include "platform/Notices.h"
 #include "platform/QtPrompts.h"
 #include "shell/Appearance.h"
 #include "shell/Options.h"
@@ -56,6 +57,7 @@ int run(const Options& options) {
     QtPrompts prompts;
     if (!options.exitAfter) setPrompter(&prompts);
     frmMain window;
+    if (options.exitAfter) setNoticeListener({}); // nobody is there to read the line: to the error stream
     sizeWindow(window);
     if (!window.MDIForm_Load(options.profile)) return 1;
     window.dashboard().mainTab->Tab(options.tab - 1);
