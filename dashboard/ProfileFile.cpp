@@ -1,8 +1,10 @@
 #include "dashboard/ProfileFile.h"
 
 #include "dashboard/ItemList.h"
+#include "platform/Folders.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace vistor {
@@ -12,7 +14,7 @@ constexpr int kNumberBuffer = 10;
 // As far as the buffer of a number holds digits and sign, so that what was read is written alike.
 constexpr double kLeastNumber = -99'999'999;
 constexpr double kMostNumber = 999'999'999;
-constexpr int kPortBuffer = 200;
+constexpr int kPortBuffer = kLongestPath + 200; // a path, and words beside it
 constexpr int kCaptionBuffer = 30;
 constexpr int kNameBuffer = 20;
 
@@ -58,24 +60,37 @@ std::optional<double> sizeOf(const IniFile& file, const char* key, const char* f
     return text.isEmpty() ? std::nullopt : std::optional(boundedNumber(text));
 }
 
-/// Up to the last tab that has a caption or an instrument.
-int tabsSeen(const IniFile& file) {
-    const std::vector<int> captions = file.numberedKeys(kCaptionsSection, 0, kMostTabs - 1);
-    const int captioned = captions.empty() ? 0 : captions.back() + 1;
-    const auto holdsInstruments = [&file](int tab) {
-        return std::any_of(kInstrumentKinds.begin(), kInstrumentKinds.end(),
-                           [&](const KindInfo& info) { return file.hasKeys(pageSection(info.kind, tab)); });
-    };
-    for (int tab = kMostTabs; tab-- > captioned;) {
-        if (holdsInstruments(tab)) return tab + 1;
+/// For each kind the tabs, ascending, on which a file has instruments of it.
+using KindTabs = std::array<std::vector<int>, kInstrumentKinds.size()>;
+
+/// Asks for the sections that there are: most of the pages that a file may have it has not.
+KindTabs tabsOfKinds(const IniFile& file) {
+    KindTabs found;
+    for (const QString& section : file.sections()) {
+        const qsizetype slash = section.indexOf(u'/');
+        const auto kind = slash < 0 ? std::nullopt : kindOf(section.left(slash).toUpper());
+        const int tab = section.mid(slash + 1).toInt();
+        if (!kind || tab < 0 || tab >= kMostTabs) continue;
+        if (section != pageSection(*kind, tab).toLower() || !file.hasKeys(section)) continue;
+        found.at(static_cast<std::size_t>(*kind)).push_back(tab);
     }
-    return captioned;
+    for (std::vector<int>& tabs : found) std::sort(tabs.begin(), tabs.end());
+    return found;
 }
 
-QStringList readCaptions(const IniFile& file) {
+/// Up to the last tab that has a caption or an instrument.
+int tabsSeen(const IniFile& file, const KindTabs& pages) {
+    const std::vector<int> captions = file.numberedKeys(kCaptionsSection, 0, kMostTabs - 1);
+    int seen = captions.empty() ? 0 : captions.back() + 1;
+    for (const std::vector<int>& tabs : pages)
+        if (!tabs.empty()) seen = std::max(seen, tabs.back() + 1);
+    return seen;
+}
+
+QStringList readCaptions(const IniFile& file, const KindTabs& pages) {
     const int declared =
         wholeNumber(file.value(kTabsSection, QStringLiteral("PIC"), QStringLiteral("1"), kNumberBuffer));
-    const int tabs = std::min(declared, std::max(kTabsUnseen, tabsSeen(file)));
+    const int tabs = std::min(declared, std::max(kTabsUnseen, tabsSeen(file, pages)));
     QStringList captions;
     for (int tab = 0; tab < tabs; ++tab)
         captions << file.value(kCaptionsSection, QString::number(tab), QStringLiteral("VX"), kCaptionBuffer);
@@ -87,11 +102,12 @@ class InstrumentReader {
 public:
     explicit InstrumentReader(const IniFile& file) : m_file(file), m_items(file.keyCount() + kSharedItems) {}
 
-    std::vector<ProfileInstrument> read() {
+    std::vector<ProfileInstrument> read(const KindTabs& pages) {
         for (const KindInfo& info : kInstrumentKinds) {
             const int count = wholeNumber(m_file.value(kTabsSection, QLatin1String(info.className),
                                                        QStringLiteral("0"), kNumberBuffer));
-            for (int tab = 0; count > 0 && tab < kMostTabs; ++tab) readPage(info.kind, tab, count);
+            for (const int tab : pages.at(static_cast<std::size_t>(info.kind)))
+                readPage(info.kind, tab, count);
         }
         return std::move(m_found);
     }
@@ -163,11 +179,12 @@ void WriteProfileInstruments(const Profile& profile, IniFile& file) {
 
 Profile readProfile(const IniFile& file) {
     Profile profile;
+    const KindTabs pages = tabsOfKinds(file);
     profile.width = sizeOf(file, "WIDTH", "0");
     profile.height = sizeOf(file, "HEIGHT", "");
-    profile.captions = readCaptions(file);
+    profile.captions = readCaptions(file, pages);
     profile.port = file.value(QStringLiteral("SYSTEM"), QStringLiteral("PORT"), QString(), kPortBuffer);
-    profile.instruments = InstrumentReader(file).read();
+    profile.instruments = InstrumentReader(file).read(pages);
     return profile;
 }
 

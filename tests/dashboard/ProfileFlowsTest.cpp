@@ -4,7 +4,6 @@
 #include "instruments/Instrument.h"
 #include "instruments/displays/NumLedDisplay.h"
 #include "platform/Events.h"
-#include "platform/InPlaceWrite.h"
 #include "tests/ScriptedPrompts.h"
 #include "variables/GlobalVarsAndTypes.h"
 
@@ -368,23 +367,6 @@ TEST_F(ProfileFlowsTest, AFullDiskLeavesTheOldFile) {
         window.mnuSaveConfig_Click();
     }
     EXPECT_TRUE(prompts.messages.empty());
-}
-
-TEST_F(ProfileFlowsTest, AFileWithoutWritePermissionIsReplaced) {
-    const QString target = write("a.vis", "old");
-    write("a.vis.new", "another's");
-    QFile::setPermissions(folder.path(), QFile::Permissions(0x7777));
-    QFile::setPermissions(target, QFile::ReadOwner | QFile::ReadUser);
-    const uid_t person = geteuid();
-    const bool everybodysMaster = person == 0; // whom no permission stops
-    ASSERT_EQ(everybodysMaster ? seteuid(65534) : 0, 0);
-    const bool stopped = !QFile(target).open(QIODevice::ReadWrite);
-    const bool replaced = replaceInPlace(target, "new");
-    ASSERT_EQ(everybodysMaster ? seteuid(person) : 0, 0);
-    EXPECT_TRUE(stopped);
-    EXPECT_TRUE(replaced);
-    EXPECT_EQ(read("a.vis"), "new");
-    EXPECT_EQ(QDir(folder.path()).entryList({"*.new*"}), QStringList("a.vis.new"));
 }
 
 TEST_F(ProfileFlowsTest, EventsInTheMiddleOfALoadDoNoHarm) {

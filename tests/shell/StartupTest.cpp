@@ -98,15 +98,6 @@ TEST_F(StartupTest, CarConstantsSurviveACommaLocale) {
     }
 }
 
-TEST_F(StartupTest, OnlyScratchBitmapsAreDeleted) {
-    for (const char* name : {"1.bmp", "notes.txt", "sub/2.bmp"})
-        write(programFolder() + QLatin1String(name), "x");
-    deleteScratchBitmaps();
-    EXPECT_FALSE(QFile::exists(programFolder() + "1.bmp"));
-    EXPECT_TRUE(QFile::exists(programFolder() + "notes.txt"));
-    EXPECT_TRUE(QFile::exists(programFolder() + "sub/2.bmp"));
-}
-
 TEST(Options, WordsAreCheckedBeforeAnythingOpens) {
     struct Case {
         QStringList words;
