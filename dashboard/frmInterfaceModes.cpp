@@ -1,5 +1,6 @@
 // The change between edit mode and play mode, the dispatch of values, and what all instruments share:
 // colours, labels, grid.
+#include "acquisition/AcquisitionTick.h"
 #include "acquisition/DataSource.h"
 #include "acquisition/FrmSelectInput.h"
 #include "dashboard/ModeCommands.h"
@@ -27,12 +28,15 @@ void setBackground(QWidget* view, const QColor& colour) {
 
 void frmInterface::mnuPlayMode_Click() {
     if (m_loadingProfile) return;
+    keepEveryMinute(); // nothing is kept while it plays
     Q_EMIT propertiesWindowWanted(false);
     if (!OpenDataSource()) {
         CloseDataSource();
         PlayMode = false;
+        Q_EMIT propertiesWindowWanted(true);
         return;
     }
+    startPlayClock();
     PlayMode = true;
     RebuildSubscriptions();
     Q_EMIT timerWanted(kTickMilliseconds);

@@ -1,8 +1,8 @@
 // The open profile: new, open, save, save as, and the layout's way into a file and out of one.
 #include "dashboard/Hourglass.h"
 #include "dashboard/ProfileFile.h"
+#include "dashboard/Recovery.h"
 #include "dashboard/frmInterface.h"
-#include "dashboard/frmLoadOptions.h"
 #include "instruments/Instrument.h"
 #include "platform/Events.h"
 #include "platform/Twips.h"
@@ -22,21 +22,16 @@ bool frmInterface::askToSave() {
 }
 
 void frmInterface::mnuNew_Click() {
-    mnuCloseAllTabs_Click();
+    keepLayout(RecoveryReason::NewLayout);
+    closeAllTabs();
     HasProfilePath = false;
     ProfilePath.clear();
+    layoutSaved();
     setWindowTitle(QStringLiteral("Untitled"));
 }
 
 void frmInterface::mnuLoadConfig_Click() {
-    if (m_loadingProfile) return;
-    if (instruments.placedCount() == 0) return LoadVis();
-    frmLoadOptions options(this);
-    if (options.exec() != QDialog::Accepted) return;
-    const LoadChoice& choice = options.choice();
-    if (choice.save) mnuSaveConfig_Click();
-    if (choice.clear) mnuNew_Click();
-    if (choice.load) LoadVis();
+    loadAskingFirst([this] { LoadVis(); });
 }
 
 void frmInterface::LoadVis() {
@@ -44,15 +39,23 @@ void frmInterface::LoadVis() {
     const auto path = askForFile(OpenFile, "Load Profile...");
     HasProfilePath = path.has_value();
     if (!path) return setWindowTitle(QStringLiteral("Untitled"));
-    loadLastFile(*path);
+    openProfile(*path);
+}
+
+void frmInterface::openProfile(const QString& path) {
+    loadLastFile(path);
     if (HasProfilePath) ProfileChanged = true;
 }
 
 void frmInterface::loadLastFile(const QString& path) {
     HasProfilePath = true;
     ProfilePath = path;
+    const bool wasEmpty = isLayoutEmpty();
     LoadProfileFile(path);
-    if (HasProfilePath) setWindowTitle(path); // unless an event in the middle began a new one
+    if (!HasProfilePath) return; // an event in the middle began a new one
+    setWindowTitle(path);
+    if (wasEmpty) layoutSaved();
+    Q_EMIT profileOpened(path);
 }
 
 void frmInterface::mnuSaveConfig_Click() {
@@ -89,6 +92,8 @@ void frmInterface::saveProfile(const QString& path) {
     HasProfilePath = true;
     setWindowTitle(path);
     ProfileChanged = false;
+    layoutSaved();
+    Q_EMIT profileOpened(path);
 }
 
 /// What is sized when the dashboard's size is asked for: its frame inside the main window.
@@ -120,8 +125,12 @@ Profile frmInterface::currentProfile() {
 
 void frmInterface::LoadProfileFile(const QString& path) {
     const Hourglass hourglass;
+    placeProfile(readProfile(IniFile::load(path)));
+}
+
+/// On top of what stands.
+void frmInterface::placeProfile(const Profile& profile) {
     const QScopedValueRollback loading(m_loadingProfile, true);
-    const Profile profile = readProfile(IniFile::load(path));
     takeSize(profile);
     takeCaptions(profile.captions);
     if (ShowGrid == 1 && !PlayMode) DrawGrid();

@@ -100,6 +100,7 @@ void frmInterface::RegenerateVariableTree() {
 
 void frmInterface::takeVariableTable() {
     VariableTableEdit = VariableTable;
+    m_keptRevision = tableRevision;
     RegenerateVariableTree();
 }
 

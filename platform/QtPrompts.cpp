@@ -1,5 +1,8 @@
 #include "platform/QtPrompts.h"
 
+#include "platform/Events.h"
+#include "platform/Notices.h"
+
 #include <QApplication>
 #include <QColorDialog>
 #include <QEventLoop>
@@ -7,7 +10,6 @@
 #include <QFileInfo>
 #include <QFontDialog>
 #include <QInputDialog>
-#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 
@@ -87,6 +89,7 @@ QFont toolkitFont(const FontChoice& choice) {
 
 /// The arrow instead of a busy program's hourglass, for as long as a dialog waits for the person.
 struct Arrow {
+    InputReleased released; // also when the question comes out of work that holds the person's input
     Arrow() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
     ~Arrow() { QApplication::restoreOverrideCursor(); }
 };
@@ -169,8 +172,19 @@ QString toolkitFilter(const QString& filter) {
     return entries.join(QStringLiteral(";;"));
 }
 
+bool QtPrompts::toldBesideDialog(const MessageRequest& request) {
+    QWidget* dialog = QApplication::activeModalWidget();
+    if (!inputIsHeld() || !dialog || request.buttons != Buttons::Ok) return false;
+    if (dialog != m_dialog) m_told.clear();
+    m_dialog = dialog;
+    if (!m_told.contains(request.text)) notify(request.text);
+    m_told.insert(request.text);
+    return true;
+}
+
 Answer QtPrompts::message(const MessageRequest& request) {
     if (m_windowClosed) return Answer::Cancel;
+    if (toldBesideDialog(request)) return Answer::Ok;
     const Arrow arrow;
     QMessageBox box(toolkitIcon(request.icon),
                     request.title.isEmpty() ? QApplication::applicationName() : request.title, request.text,
@@ -186,10 +200,8 @@ std::optional<QString> QtPrompts::input(const InputRequest& request) {
     const Arrow arrow;
     QInputDialog dialog(parentWindow());
     dialog.setWindowTitle(request.title.isEmpty() ? QApplication::applicationName() : request.title);
-    dialog.setLabelText(request.text);
+    dialog.setLabelText(QString(request.text).replace(u'&', QStringLiteral("&&"))); // of a name, not a key
     dialog.setTextValue(request.initial);
-    // A name in the question may look like markup.
-    for (QLabel* label : dialog.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
     return dialog.exec() == QDialog::Accepted ? std::optional(dialog.textValue()) : std::nullopt;
 }
 

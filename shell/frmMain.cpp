@@ -12,6 +12,9 @@
 #include "platform/Prompts.h"
 #include "platform/Scratch.h"
 #include "platform/WholeFile.h"
+#include "shell/CarDialog.h"
+#include "shell/NoticeLine.h"
+#include "shell/RecentFiles.h"
 #include "shell/Startup.h"
 #include "shell/frmHelp.h"
 #include "shell/frmStartSplash.h"
@@ -36,7 +39,7 @@ bool isYes(const char* question) {
 
 } // namespace
 
-frmMain::frmMain() : m_dashboard(new frmInterface) {
+frmMain::frmMain() : m_dashboard(new frmInterface), m_notices(new NoticeLine(this)) {
     setObjectName(QStringLiteral("frmMain"));
     makeMenus();
     makeToolbar();
@@ -44,10 +47,7 @@ frmMain::frmMain() : m_dashboard(new frmInterface) {
     connectDashboard();
     Timer1.setTimerType(Qt::PreciseTimer);
     connect(&Timer1, &QTimer::timeout, this, &frmMain::Timer1_Timer);
-    m_refresh = [this](const QString& name, float value) {
-        ++m_updates;
-        m_dashboard->refreshControls(name, value);
-    };
+    m_refresh = [this](const QString& name, float value) { m_dashboard->refreshControls(name, value); };
 }
 
 frmMain::~frmMain() = default;
@@ -77,6 +77,10 @@ void frmMain::connectDashboard() {
     connect(m_dashboard, &frmInterface::timerWanted, this, &frmMain::setTimer);
     connect(m_dashboard, &frmInterface::sourceChanged, this, &frmMain::renewStatus);
     connect(m_dashboard, &frmInterface::unloaded, this, &frmMain::close);
+    connect(m_dashboard, &frmInterface::profileOpened, this, [this](const QString& path) {
+        m_dashboard->LastProfilePath.clear();
+        keepRecent(withRecentFile(readRecentFiles(SettingsPath), path));
+    });
 }
 
 bool frmMain::MDIForm_Load(const QString& profile) {
@@ -89,8 +93,8 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     setWindowTitle(mainWindowTitle());
     if (!findDefinitionFile()) return false;
     loadDefinitions();
+    readDecimalSeparator(); // before any text is read as a number
     readIgnitionPulses();
-    readDecimalSeparator();
     frmStartSplash splash;
     m_helpFolder = deliveredFolder() + QStringLiteral("help/");
     splash.show();
@@ -98,6 +102,7 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     DoEvents();
     showDashboard();
     const QString last = lastLayout();
+    m_dashboard->LastProfilePath = last;
     setTimer(kTickMilliseconds);
     deleteForsakenScratch(WorkingFolder);
     splash.close();
@@ -109,6 +114,8 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     if (!wanted.isEmpty()) m_dashboard->loadLastFile(wanted);
     readCarConstants();
     createFormulaEvaluators();
+    tellMissingCarNumbers();
+    m_dashboard->tellOfLostWork();
     m_loaded = true;
     if (m_closeWanted) QTimer::singleShot(0, this, &QWidget::close);
     return true;
@@ -184,6 +191,10 @@ void frmMain::openHelp(HelpCommand command) {
     m_help->open(m_helpFolder, command);
 }
 
+void frmMain::editCar() {
+    CarDialog(this).exec();
+}
+
 void frmMain::mnuVXHelp_Click() {
     openHelp(HelpCommand::Index);
 }
@@ -193,7 +204,13 @@ void frmMain::mnuHelpContents_Click() {
 }
 
 void frmMain::mnuAbout_Click() {
-    frmStartSplash(this).exec();
+    auto* about = new frmStartSplash(this);
+    about->setAttribute(Qt::WA_DeleteOnClose);
+    about->open(); // without a loop of its own, which would hold up whatever is under way
+}
+
+void frmMain::showNotices() {
+    m_notices->openList();
 }
 
 void frmMain::openMenu(const QString& name, const QPoint& place) {

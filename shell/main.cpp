@@ -1,6 +1,12 @@
 // The program's entry: command line, look, main window.
 #include "dashboard/ReadoutValues.h"
 #include "dashboard/frmInterface.h"
+<<<<<<< ours
+#include "platform/QtPlainTexts.h"
+#include "platform/EndSignals.h"
+=======
+#include "platform/Notices.h"
+>>>>>>> theirs
 #include "platform/QtPrompts.h"
 #include "shell/Appearance.h"
 #include "shell/Options.h"
@@ -56,7 +62,12 @@ int run(const Options& options) {
     QtPrompts prompts;
     if (!options.exitAfter) setPrompter(&prompts);
     frmMain window;
+    if (options.exitAfter) setNoticeListener({}); // nobody is there to read the line: to the error stream
     sizeWindow(window);
+    const EndSignals signals([&window] { window.endBySignal(); });
+    const auto store = [&window] { window.dashboard().storeForEnd(); };
+    QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, &window, store, Qt::DirectConnection);
+    QObject::connect(qGuiApp, &QCoreApplication::aboutToQuit, &window, store);
     if (!window.MDIForm_Load(options.profile)) return 1;
     window.dashboard().mainTab->Tab(options.tab - 1);
     if (!options.source.isEmpty()) DataSourceDescriptor = options.source;
@@ -83,6 +94,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     const QApplication application(argc, argv);
+    keepTextsPlain();
     applyAppearance();
     return run(options);
 }

@@ -254,7 +254,8 @@ TEST_F(FrmInterfaceTest, ModesFreezeAndFreeTheLayout) {
     open();
     Instrument* instrument = placed(window.pic[0]);
     useRunFile();
-    LastValue[2] = SampleTime[2] = 3;
+    LastValue[2] = 3;
+    SampleTime[2] = 3;
     SampleDistance[2] = 4;
     QSignalSpy timer(&window, &frmInterface::timerWanted);
     QSignalSpy commands(&window, &frmInterface::commandEnabled);
@@ -285,6 +286,23 @@ TEST_F(FrmInterfaceTest, ModesFreezeAndFreeTheLayout) {
     EXPECT_EQ(window.VarTree->palette().color(QPalette::Base), QColor(Qt::white));
     EXPECT_TRUE(window.pic[0]->hasDrawing());
     EXPECT_EQ(window.Subscriptions.at(1).Count, 1); // a snapshot: it stands until the next start
+}
+
+TEST_F(FrmInterfaceTest, AGraphShowsAGapOverTheTimeItsTabWasHidden) {
+    open();
+    newTab("Other");
+    window.mainTab->Tab(0);
+    Instrument* graph = window.addInstrument(Kind::TimeGraph, window.pic[0]);
+    Instrument* other = window.addInstrument(Kind::TimeGraph, window.pic[1]);
+    for (Instrument* one : {graph, other}) one->AssignPin(1, std::uint8_t{0}, QStringLiteral("EngineSpeed"));
+    const auto halfWaits = [](Instrument* one) { return one->curVarTable().at(1, 4) == u"-1"; };
+    graph->refreshValue(1, 0, 5);
+    window.mainTab->Tab(0);
+    EXPECT_TRUE(halfWaits(graph)) << "it has stayed in front";
+    window.mainTab->Tab(1);
+    EXPECT_FALSE(halfWaits(graph));
+    other->refreshValue(1, 0, 5);
+    EXPECT_TRUE(halfWaits(other));
 }
 
 TEST_F(FrmInterfaceTest, RightClicksWantTheirMenus) {

@@ -1,5 +1,8 @@
 #include "platform/QtPrompts.h"
 
+#include "platform/Events.h"
+#include "platform/Notices.h"
+
 #include <QAction>
 #include <QElapsedTimer>
 #include <QMainWindow>
@@ -82,6 +85,44 @@ TEST_F(QtPromptsTest, TheWindowCanBeClosedUnderAMessageThatAlwaysComesBack) {
     for (int i = 0; i < 1000; ++i) MsgBox(QStringLiteral("There is an error"));
     EXPECT_FALSE(window.isVisible());
     EXPECT_LT(clock.elapsed(), 5000);
+}
+
+TEST_F(QtPromptsTest, WorkBehindADialogTellsInANoticeOnce) {
+    QDialog about(&window);
+    about.open();
+    for (int tick = 0; tick < 3; ++tick) {
+        const InputHeld held;
+        EXPECT_EQ(MsgBox(QStringLiteral("Division by zero at line 2"), Icon::Stop), Answer::Ok);
+        EXPECT_EQ(MsgBox(QStringLiteral("Type mismatch at line 1"), Icon::Stop), Answer::Ok);
+    }
+    EXPECT_EQ(notices().size(), 2U);
+    EXPECT_EQ(box(), nullptr);
+    about.close();
+    QTimer::singleShot(0, [this] { QTest::mouseClick(box()->button(QMessageBox::Ok), Qt::LeftButton); });
+    const InputHeld held;
+    EXPECT_EQ(MsgBox(QStringLiteral("Division by zero at line 2"), Icon::Stop), Answer::Ok);
+    EXPECT_EQ(notices().size(), 2U) << "without a dialog it is a message again";
+}
+
+TEST_F(QtPromptsTest, HeldInputWaitsForTheEndOfTheWork) {
+    const auto queue = [this](QEvent::Type type, Qt::MouseButtons buttons) {
+        const QPoint place = button.mapTo(&window, button.rect().center());
+        qt_handleMouseEvent(window.windowHandle(), place, window.mapToGlobal(place), buttons, Qt::LeftButton,
+                            type, {}, 1000);
+    };
+    pumpEvents();
+    int others = 0;
+    {
+        const InputHeld held;
+        queue(QEvent::MouseButtonPress, Qt::LeftButton);
+        queue(QEvent::MouseButtonRelease, Qt::NoButton);
+        QTimer::singleShot(0, [&others] { ++others; });
+        pumpEvents();
+        EXPECT_EQ(clicks, 0);
+        EXPECT_EQ(others, 1);
+    }
+    pumpEvents();
+    EXPECT_EQ(clicks, 1);
 }
 
 } // namespace
