@@ -1,12 +1,9 @@
 // The program's entry: command line, look, main window.
 #include "dashboard/ReadoutValues.h"
 #include "dashboard/frmInterface.h"
-<<<<<<< ours
-#include "platform/QtPlainTexts.h"
 #include "platform/EndSignals.h"
-=======
 #include "platform/Notices.h"
->>>>>>> theirs
+#include "platform/QtPlainTexts.h"
 #include "platform/QtPrompts.h"
 #include "shell/Appearance.h"
 #include "shell/Options.h"
