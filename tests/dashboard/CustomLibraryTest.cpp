@@ -163,6 +163,7 @@ TEST(Thumbnails, OnlyBitmapsInsideTheirFolderAreReadOrDeleted) {
     deleteThumbnail("Big.BMP");
     EXPECT_FALSE(QFile::exists(folder.filePath("in.bmp")));
     EXPECT_FALSE(QFile::exists(folder.filePath("Big.BMP")));
+    deleteScratchFolder();
 }
 
 } // namespace
