@@ -1,6 +1,7 @@
 #include "dashboard/ProfileFile.h"
 
 #include "dashboard/ItemList.h"
+#include "platform/Folders.h"
 
 #include <algorithm>
 #include <array>
@@ -14,7 +15,7 @@ constexpr int kNumberBuffer = 10;
 // As far as the buffer of a number holds digits and sign, so that what was read is written alike.
 constexpr double kLeastNumber = -99'999'999;
 constexpr double kMostNumber = 999'999'999;
-constexpr int kPortBuffer = 200;
+constexpr int kPortBuffer = kLongestPath + 200; // a path, and words beside it
 constexpr int kCaptionBuffer = 30;
 constexpr int kNameBuffer = 20;
 

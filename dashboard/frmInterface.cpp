@@ -1,6 +1,7 @@
 #include "dashboard/frmInterface.h"
 
 #include "dashboard/Palette.h"
+#include "dashboard/RecoveryKeeper.h"
 #include "instruments/Instrument.h"
 #include "platform/Events.h"
 #include "platform/Twips.h"
@@ -91,6 +92,7 @@ void frmInterface::Form_Load() {
     takeVariableTable();
     setCommandsForMode();
     enablePaste(m_pasteEnabled);
+    beginRecovery();
 }
 
 void frmInterface::applySettings() {
@@ -113,9 +115,11 @@ void frmInterface::applySettings() {
 bool frmInterface::Form_Unload() {
     if (!m_loaded) return true;
     if (ProfileChanged && !askToSave()) return false;
+    keepLayout(RecoveryReason::NotSaved);
     m_loaded = false;
     ++m_clearings;
     storeSettings();
+    endRecovery();
     return true;
 }
 
@@ -127,7 +131,8 @@ void frmInterface::storeSettings() {
     writeWindowGeometry(file,
                         {ControlManager1->paneBox(kPalettePane), bar, ControlManager1->paneBox(kVariablePane),
                          ControlManager1->paneBox(kPagesPane)});
-    file.setValue(QStringLiteral("VXVISTOR"), QStringLiteral("LASTFILE"), ProfilePath);
+    file.setValue(QStringLiteral("VXVISTOR"), QStringLiteral("LASTFILE"),
+                  ProfilePath.isEmpty() ? LastProfilePath : ProfilePath);
     file.saveOrTell(SettingsPath, QStringLiteral("The settings"));
 }
 
@@ -197,9 +202,18 @@ void frmInterface::showPageInFront() {
     for (Page* page : pic) page->setVisible(page->number() == CurrentTab);
 }
 
+/// What stands behind gets no values until it comes to the front.
+void frmInterface::interruptHidden() {
+    for (const InstrumentElement& element : instruments.all()) {
+        const Page* page = pageOf(*element.instrument);
+        if (page && page->number() != CurrentTab) element.instrument->interruptData();
+    }
+}
+
 void frmInterface::mainTab_Click() {
     CurrentTab = static_cast<std::int16_t>(mainTab->Tab());
     showPageInFront();
+    interruptHidden();
 }
 
 void frmInterface::mainTab_MouseDown(Qt::MouseButton button, const QPoint& place) {

@@ -14,6 +14,10 @@
 
 #include <QPointer>
 #include <QStringList>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
 
 class QLineEdit;
 class QListWidget;
@@ -21,8 +25,12 @@ class QTreeWidget;
 
 namespace vistor {
 
+class IniFile;
 class Palette;
+class RecoveryKeeper;
+enum class RecoveryReason;
 class VariableTreeView;
+struct RecoveryCopy;
 struct Profile;
 struct ProfileInstrument;
 struct TreeLine;
@@ -47,7 +55,8 @@ public:
     QStringList ClipboardImage;         ///< the instrument's list
     bool HasProfilePath = false;
     QString ProfilePath;
-    float SavedLeft = 0; ///< twips; of an instrument while its picture is taken for the library
+    QString LastProfilePath; ///< of the run before; empty once this run has opened or saved a layout
+    float SavedLeft = 0;     ///< twips; of an instrument while its picture is taken for the library
     float SavedTop = 0;
     std::int32_t CurBackColour = 0; ///< handed to every page and instrument
     std::int32_t CurLabelColour = 0;
@@ -161,6 +170,23 @@ public:
     /// Reads a file on top of what stands and leaves the open profile's path alone. When an event in the
     /// middle clears the pages or unloads the window, the rest is left out.
     void LoadProfileFile(const QString& path);
+    /// Loads a file as LoadVis does once it is chosen, after asking what is to come of the layout that
+    /// stands.
+    void openRecent(const QString& path);
+
+    // What is kept in case it is wanted again (dashboard/Recovery.h).
+    /// Keeps the layout if it is changed, and the table if it was changed since the last copy. The minute's
+    /// timer calls it; in play mode it does nothing.
+    void keepEveryMinute();
+    /// Keeps the variable table, unless it is the delivered one.
+    void keepTable(RecoveryReason reason);
+    /// Tells a person who begins that an earlier run left work behind.
+    void tellOfLostWork();
+    /// Loads a copy as an unsaved layout without a file, after the same question.
+    void openRecovered(const RecoveryCopy& copy);
+    /// Stores the settings, and a copy of what is not saved of which the next start tells: somebody ends the
+    /// program. Nothing is asked; the program may go on.
+    void storeForEnd();
 
     void mnuNewTab_Click();
     void mnuNewPane_Click();
@@ -176,6 +202,8 @@ Q_SIGNALS:
     /// A menu, menu entry or toolbar button of the main window is to be enabled or disabled.
     void commandEnabled(const QString& name, bool enabled);
     void buttonEnabled(int number, bool enabled);
+    /// A layout was read from this file or written to it.
+    void profileOpened(const QString& path);
     /// A toolbar button stands for this menu entry of the main window.
     void commandWanted(const QString& name);
     /// A pop-up menu of the main window is wanted at a place of the screen.
@@ -233,17 +261,23 @@ private:
     Page* addPage();
     void fitPage(Page* page, int highest);
     void showPageInFront();
+    void interruptHidden();
     void clearPage(std::size_t number);
+    bool isPageEmpty(std::size_t number) const;
+    void clearCurrentTab();
+    void closeLastTab();
+    void closeAllTabs();
     /// A new tab at the end with its page, in front.
     void appendTab(const QString& caption);
     void makeTabKeys();
 
     std::optional<QString> askForFile(std::optional<QString> (*ask)(const FileRequest&), const char* title);
     std::optional<QString> askForLoad();
-    /// Opens a file in place of what stands (`clear`) or on top of it. False when it gave nothing, or an
-    /// event in the middle began a new profile.
-    bool openProfile(const QString& path, bool clear);
-    void takeProfile(const Profile& profile);
+    using Loader = std::function<void()>;
+    /// What loads the profile in a file; null when there is none in it, of which a person is told.
+    Loader loaderOf(const QString& path);
+    /// False when an event in the middle began a new profile.
+    bool openProfile(const QString& path, const Profile& profile);
     /// Saves where the profile lies, or where the person says. True when a whole file holds what stands;
     /// else nothing has changed but for the path that a cancel empties.
     bool save();
@@ -251,10 +285,24 @@ private:
     Profile currentProfile();
     QWidget& outerWindow();
     void allowMinimising(bool allowed);
+    void placeProfile(const Profile& profile);
     void takeSize(const Profile& profile);
     void takeCaptions(const QStringList& captions);
     bool placeInstruments(const std::vector<ProfileInstrument>& saved);
     void placeInstrument(const ProfileInstrument& saved);
+
+    void beginRecovery();
+    void endRecovery();
+    QString layoutHash();
+    bool isLayoutEmpty() const;
+    /// What stands now is what a file holds, or nothing: there is nothing to lose.
+    void layoutSaved();
+    void keepLayout(RecoveryReason reason);
+    /// The same of a layout that is saved too: the next save would write over its file.
+    void keepBeforeClearing(RecoveryReason reason);
+    void keepLayoutNow(RecoveryReason reason, bool evenSaved);
+    void loadAskingFirst(const std::function<Loader()>& find);
+    void loadRecovered(const RecoveryCopy& copy, const IniFile& document);
 
     Instrument* newInstrument(Kind kind, Page* page);
     void giveState(Instrument& instrument);
@@ -289,6 +337,10 @@ private:
     QSize m_outerSize;
     bool m_outerMaximised = false;
     QPointer<Instrument> m_clicked;
+    std::unique_ptr<RecoveryKeeper> m_recovery; ///< from load to unload
+    QTimer m_minute;
+    QString m_savedHash;              ///< of the layout as its file has it
+    std::uint64_t m_keptRevision = 0; ///< of the table, when it was loaded or kept
     bool m_pasteEnabled = false;
     bool m_loaded = false;
 };

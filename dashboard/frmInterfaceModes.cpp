@@ -27,6 +27,7 @@ void setBackground(QWidget* view, const QColor& colour) {
 
 void frmInterface::mnuPlayMode_Click() {
     if (m_loadingProfile) return;
+    keepEveryMinute(); // nothing is kept while it plays
     Q_EMIT propertiesWindowWanted(false);
     if (!OpenDataSource()) {
         CloseDataSource();

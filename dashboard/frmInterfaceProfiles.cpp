@@ -1,8 +1,8 @@
 // The open profile: new, open, save, save as, and the layout's way into a file and out of one.
 #include "dashboard/Hourglass.h"
 #include "dashboard/ProfileReading.h"
+#include "dashboard/Recovery.h"
 #include "dashboard/frmInterface.h"
-#include "dashboard/frmLoadOptions.h"
 #include "instruments/Instrument.h"
 #include "platform/Events.h"
 #include "platform/Notices.h"
@@ -36,47 +36,57 @@ bool frmInterface::askToSave() {
 }
 
 void frmInterface::mnuNew_Click() {
-    mnuCloseAllTabs_Click();
+    keepLayout(RecoveryReason::NewLayout);
+    closeAllTabs();
     HasProfilePath = false;
     ProfilePath.clear();
+    layoutSaved();
     setWindowTitle(QStringLiteral("Untitled"));
 }
 
 void frmInterface::mnuLoadConfig_Click() {
     if (m_loadingProfile) return;
     if (instruments.placedCount() == 0) return LoadVis();
-    frmLoadOptions options(this);
-    if (options.exec() != QDialog::Accepted) return;
-    const LoadChoice& choice = options.choice();
-    if (!choice.load || (choice.save && !save())) return;
-    // The file first: without one that can be read, what stands must not be cleared.
-    if (const auto path = askForLoad()) ProfileChanged |= openProfile(*path, choice.clear);
+    loadAskingFirst([this] {
+        const auto path = askForLoad();
+        return path ? loaderOf(*path) : nullptr;
+    });
 }
 
 void frmInterface::LoadVis() {
-    const auto path = askForLoad();
-    if (path) {
-        ProfileChanged |= openProfile(*path, false);
-    } else {
-        HasProfilePath = false;
-        setWindowTitle(QStringLiteral("Untitled"));
+    if (const auto path = askForLoad()) {
+        const Loader load = loaderOf(*path);
+        if (!load) return;
+        keepLayout(RecoveryReason::LoadOver);
+        return load();
     }
+    HasProfilePath = false;
+    setWindowTitle(QStringLiteral("Untitled"));
 }
 
 void frmInterface::loadLastFile(const QString& path) {
-    openProfile(path, false);
+    const ProfileReading reading = readProfileFile(path);
+    if (isThere(path, reading)) openProfile(path, reading.profile);
 }
 
-bool frmInterface::openProfile(const QString& path, bool clear) {
+frmInterface::Loader frmInterface::loaderOf(const QString& path) {
     const ProfileReading reading = readProfileFile(path);
-    if (!isThere(path, reading)) return false;
-    if (clear) mnuNew_Click();
+    if (!isThere(path, reading)) return nullptr;
+    return [this, path, profile = reading.profile] {
+        if (openProfile(path, profile)) ProfileChanged = true;
+    };
+}
+
+bool frmInterface::openProfile(const QString& path, const Profile& profile) {
     HasProfilePath = true;
     ProfilePath = path;
-    takeProfile(reading.profile);
+    const bool wasEmpty = isLayoutEmpty();
+    placeProfile(profile);
     if (!HasProfilePath) return false; // an event in the middle began a new one
-    HasProfilePath = reading.profile.damage.isEmpty();
+    HasProfilePath = profile.damage.isEmpty();
     setWindowTitle(HasProfilePath ? path : QStringLiteral("Untitled"));
+    if (wasEmpty) layoutSaved();
+    Q_EMIT profileOpened(path);
     return true;
 }
 
@@ -128,6 +138,8 @@ bool frmInterface::saveProfile(const QString& path) {
     ProfilePath = path;
     setWindowTitle(path);
     ProfileChanged = false;
+    layoutSaved();
+    Q_EMIT profileOpened(path);
     return true;
 }
 
@@ -161,10 +173,11 @@ Profile frmInterface::currentProfile() {
 
 void frmInterface::LoadProfileFile(const QString& path) {
     const ProfileReading reading = readProfileFile(path);
-    if (isThere(path, reading)) takeProfile(reading.profile);
+    if (isThere(path, reading)) placeProfile(reading.profile);
 }
 
-void frmInterface::takeProfile(const Profile& profile) {
+/// On top of what stands.
+void frmInterface::placeProfile(const Profile& profile) {
     const Hourglass hourglass;
     const QScopedValueRollback loading(m_loadingProfile, true);
     takeSize(profile);

@@ -101,6 +101,7 @@ void frmInterface::RegenerateVariableTree() {
 
 void frmInterface::takeVariableTable() {
     VariableTableEdit = VariableTable;
+    m_keptRevision = tableRevision;
     RegenerateVariableTree();
 }
 

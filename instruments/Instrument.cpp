@@ -100,7 +100,10 @@ PinTable Instrument::curVarTable() const {
 void Instrument::refreshValue(std::int16_t pin, float value) {
     PropertyStore& properties = m_display->properties();
     const KindTable::Parts& parts = properties.table().parts();
-    if (parts.values.selector != kNoNumber) properties.setNumber(parts.values.selector, pin);
+    if (parts.values.selector != kNoNumber) {
+        if (!hasPin(pin)) return; // the selector would wrap round to another's needle
+        properties.setNumber(parts.values.selector, pin);
+    }
     properties.setNumber(parts.values.value, value);
     m_display->call(parts.methods.redraw);
 }
@@ -110,6 +113,8 @@ void Instrument::refreshValue(std::int16_t pin, std::uint8_t, float value) {
 }
 
 void Instrument::ClearCurrentData() {}
+
+void Instrument::interruptData() {}
 
 void Instrument::TagOn(bool on) {
     if (on != m_tagOn) mnuTag_Click();

@@ -31,7 +31,8 @@ QString shownValue(const PropertyStore& properties, const ShownProperty& shown) 
                             : QLatin1String(info->choices.words[static_cast<std::size_t>(choice)]);
     }
     if (isText(info->type)) return properties.text(shown.number);
-    return textOfNumber(properties.number(shown.number), info->live); // samples have 32 bits
+    const double number = properties.number(shown.number);
+    return info->live ? textOfNumber(number, true) : numberShown(number); // samples have 32 bits
 }
 
 /// Painted once for each density of screen.

@@ -7,7 +7,6 @@
 #include <QFileInfo>
 #include <QFontDialog>
 #include <QInputDialog>
-#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 
@@ -191,10 +190,8 @@ std::optional<QString> QtPrompts::input(const InputRequest& request) {
     const Arrow arrow;
     QInputDialog dialog(parentWindow());
     dialog.setWindowTitle(request.title.isEmpty() ? QApplication::applicationName() : request.title);
-    dialog.setLabelText(request.text);
+    dialog.setLabelText(QString(request.text).replace(u'&', QStringLiteral("&&"))); // of a name, not a key
     dialog.setTextValue(request.initial);
-    // A name in the question may look like markup.
-    for (QLabel* label : dialog.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
     return dialog.exec() == QDialog::Accepted ? std::optional(dialog.textValue()) : std::nullopt;
 }
 

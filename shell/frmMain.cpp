@@ -12,6 +12,8 @@
 #include "platform/Prompts.h"
 #include "platform/Scratch.h"
 #include "platform/WholeFile.h"
+#include "shell/CarDialog.h"
+#include "shell/RecentFiles.h"
 #include "shell/Startup.h"
 #include "shell/frmHelp.h"
 #include "shell/frmStartSplash.h"
@@ -78,6 +80,10 @@ void frmMain::connectDashboard() {
     connect(m_dashboard, &frmInterface::timerWanted, this, &frmMain::setTimer);
     connect(m_dashboard, &frmInterface::sourceChanged, this, &frmMain::renewStatus);
     connect(m_dashboard, &frmInterface::unloaded, this, &frmMain::close);
+    connect(m_dashboard, &frmInterface::profileOpened, this, [this](const QString& path) {
+        m_dashboard->LastProfilePath.clear();
+        keepRecent(withRecentFile(readRecentFiles(SettingsPath), path));
+    });
 }
 
 bool frmMain::MDIForm_Load(const QString& profile) {
@@ -90,8 +96,8 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     setWindowTitle(mainWindowTitle());
     if (!findDefinitionFile()) return false;
     loadDefinitions();
+    readDecimalSeparator(); // before any text is read as a number
     readIgnitionPulses();
-    readDecimalSeparator();
     frmStartSplash splash;
     m_helpFolder = deliveredFolder() + QStringLiteral("help/");
     splash.show();
@@ -99,6 +105,7 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     DoEvents();
     showDashboard();
     const QString last = lastLayout();
+    m_dashboard->LastProfilePath = last;
     setTimer(kTickMilliseconds);
     deleteForsakenScratch(WorkingFolder);
     splash.close();
@@ -110,6 +117,8 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     if (!wanted.isEmpty()) m_dashboard->loadLastFile(wanted);
     readCarConstants();
     createFormulaEvaluators();
+    tellMissingCarNumbers();
+    m_dashboard->tellOfLostWork();
     m_loaded = true;
     if (m_closeWanted) QTimer::singleShot(0, this, &QWidget::close);
     return true;
@@ -184,6 +193,10 @@ void frmMain::mnuCloseAllTabs_Click() {
 void frmMain::openHelp(HelpCommand command) {
     if (!m_help) m_help = new frmHelp(this);
     m_help->open(m_helpFolder, command);
+}
+
+void frmMain::editCar() {
+    CarDialog(this).exec();
 }
 
 void frmMain::mnuVXHelp_Click() {

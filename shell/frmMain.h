@@ -48,11 +48,19 @@ public:
     void mnuLoadVarInfo_Click();
     void mnuSaveVarInfo_Click();
     void mnuRestoreDefaultVar_Click();
+    /// Lists the copies that were kept, and loads the one that the person opens.
+    void mnuRecover_Click();
+    void mnuClearRecent_Click();
     void mnuVXHelp_Click();
     void mnuHelpContents_Click();
     void mnuAbout_Click();
+    /// Opens the window of the car's numbers, modally.
+    void editCar();
     /// Shows or hides the properties window, as the entry is checked now.
     void mnuShowPropertiesWindow_Click();
+
+    /// Stores what there is to store and lets the source go, without a question: a signal ends the program.
+    void endBySignal();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -65,6 +73,12 @@ private:
     void connectDashboard();
     void showDashboard();
     bool shutDown();
+    void replaceVariables(const QString& path);
+    void recoverVariables(const struct RecoveryCopy& copy);
+    void fillRecent(QMenu* menu);
+    void showRecent(QMenu* menu);
+    void openRecent(const QString& path);
+    void keepRecent(const QStringList& files);
 
     void openHelp(HelpCommand command);
     void showProperties(bool shown);

@@ -49,7 +49,9 @@ void frmMain::makeMenu(const MenuHead& head) {
     m_commands.insert(QLatin1String(head.name), menu->menuAction());
     if (head.parent && *head.parent) {
         QMenu* parent = m_menus.value(QLatin1String(head.parent));
-        parent->insertMenu(head.leads ? parent->actions().value(0) : nullptr, menu);
+        const QString before = QLatin1String(head.before ? head.before : "");
+        QAction* const first = head.before ? parent->actions().value(0) : nullptr;
+        parent->insertMenu(before.isEmpty() ? first : m_commands.value(before), menu);
     } else if (head.parent)
         menuBar()->addMenu(menu);
     for (const MenuEntry& entry : menuEntries()) {
@@ -67,6 +69,7 @@ void frmMain::makeMenu(const MenuHead& head) {
         connect(action, &QAction::triggered, this, [this, run = entry.run] { run(*this); });
         m_commands.insert(action->objectName(), action);
     }
+    if (QLatin1String(head.name) == QLatin1String("mnuOpenRecent")) fillRecent(menu);
 }
 
 void frmMain::makeToolbar() {

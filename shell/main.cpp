@@ -1,6 +1,8 @@
 // The program's entry: command line, look, main window.
 #include "dashboard/ReadoutValues.h"
 #include "dashboard/frmInterface.h"
+#include "platform/EndSignals.h"
+#include "platform/QtPlainTexts.h"
 #include "platform/QtPrompts.h"
 #include "platform/WholeFile.h"
 #include "shell/Appearance.h"
@@ -70,6 +72,10 @@ int run(const Options& options) {
     if (!options.exitAfter) setPrompter(&prompts);
     frmMain window;
     sizeWindow(window);
+    const EndSignals signals([&window] { window.endBySignal(); });
+    const auto store = [&window] { window.dashboard().storeForEnd(); };
+    QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, &window, store, Qt::DirectConnection);
+    QObject::connect(qGuiApp, &QCoreApplication::aboutToQuit, &window, store);
     if (!window.MDIForm_Load(options.profile)) return 1;
     window.dashboard().mainTab->Tab(options.tab - 1);
     if (!options.source.isEmpty()) DataSourceDescriptor = options.source;
@@ -96,6 +102,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     const QApplication application(argc, argv);
+    keepTextsPlain();
     applyAppearance(!options.styleChosen);
     return run(options);
 }

@@ -142,7 +142,7 @@ private:
         const QString time = foldedCase(m_options.timeColumn.section(QLatin1Char('['), 0, 0).trimmed());
         bool isNumber = false;
         const int number = name.toInt(&isNumber);
-        if (name == (time.isEmpty() ? QStringLiteral("TIME") : time))
+        if (name == (time.isEmpty() ? QStringLiteral("time") : time))
             column.channel = kTimeVariable;
         else if (isNumber)
             column.channel = number;

@@ -200,8 +200,7 @@ bool VariableTreeView::viewportEvent(QEvent* event) {
     const QTreeWidgetItem* item = itemAt(help.pos());
     const int room = item ? visualItemRect(item).width() - kPictureSize - 2 * kChipMargin : 0;
     const bool cut = item && fontMetrics().horizontalAdvance(item->text(0)) > room;
-    QToolTip::showText(help.globalPos(), cut ? Qt::convertFromPlainText(item->text(0)) : QString(),
-                       viewport());
+    QToolTip::showText(help.globalPos(), cut ? item->text(0) : QString(), viewport());
     return true;
 }
 

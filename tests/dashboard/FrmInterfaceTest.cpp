@@ -290,6 +290,23 @@ TEST_F(FrmInterfaceTest, ModesFreezeAndFreeTheLayout) {
     EXPECT_EQ(window.Subscriptions.at(1).Count, 1); // a snapshot: it stands until the next start
 }
 
+TEST_F(FrmInterfaceTest, AGraphShowsAGapOverTheTimeItsTabWasHidden) {
+    open();
+    newTab("Other");
+    window.mainTab->Tab(0);
+    Instrument* graph = window.addInstrument(Kind::TimeGraph, window.pic[0]);
+    Instrument* other = window.addInstrument(Kind::TimeGraph, window.pic[1]);
+    for (Instrument* one : {graph, other}) one->AssignPin(1, std::uint8_t{0}, QStringLiteral("EngineSpeed"));
+    const auto halfWaits = [](Instrument* one) { return one->curVarTable().at(1, 4) == u"-1"; };
+    graph->refreshValue(1, 0, 5);
+    window.mainTab->Tab(0);
+    EXPECT_TRUE(halfWaits(graph)) << "it has stayed in front";
+    window.mainTab->Tab(1);
+    EXPECT_FALSE(halfWaits(graph));
+    other->refreshValue(1, 0, 5);
+    EXPECT_TRUE(halfWaits(other));
+}
+
 TEST_F(FrmInterfaceTest, RightClicksWantTheirMenus) {
     open();
     newTab("Two");

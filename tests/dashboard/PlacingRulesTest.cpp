@@ -158,8 +158,9 @@ TEST(PlacingRules, GridSizesAreChecked) {
     const struct {
         const char* text;
         int pitch; ///< 0: refused
-    } cases[] = {{"1000", 1000}, {"1001", 0}, {"0", 0},     {"-5", 0},     {"abc", 0}, {"", 0},   {"80", 80},
-                 {" 12 ", 12},   {"1e9", 0},  {"80.5", 80}, {"1000.4", 0}, {"0.4", 0}, {"0.6", 1}};
+    } cases[] = {{"1000", 1000}, {"1001", 0}, {"0", 0},     {"-5", 0},  {"abc", 0},
+                 {"", 0},        {"80", 80},  {" 12 ", 12}, {"1e9", 0}, {"80.5", 80},
+                 {"1000.4", 0},  {"0.4", 0},  {"0.6", 1},   {"8,5", 8}, {"12 px", 0}};
     for (const auto& c : cases) EXPECT_EQ(gridPitchOf(QLatin1String(c.text)).value_or(0), c.pitch) << c.text;
 }
 

@@ -167,7 +167,7 @@ TEST_F(VariablePaneTest, AnEditOfEachLineWithAWindowIsSeenInTableFileAndTree) {
     doubleClick(item("AVAILABLETYPE", 4));
     EXPECT_TRUE(row(4).UseCustomTrans);
     EXPECT_EQ(filed(4).CustomTransformation, "x*2");
-    EXPECT_EQ(filed(4).CustomUnits, QString::fromUtf8("\xC2\xB5?")) << "beyond the code page";
+    EXPECT_EQ(filed(4).CustomUnits, QString::fromUtf8("\xC2\xB5\xE6\xB2\xB9")) << "beyond the code page";
 
     const QByteArray before = read(VariableFilePath);
     const VariableDefinition kept = row(4);

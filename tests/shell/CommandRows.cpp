@@ -1,6 +1,7 @@
 #include "tests/shell/CommandRows.h"
 
 #include "maths/VariableFiles.h"
+#include "shell/RecentFiles.h"
 #include "shell/frmHelp.h"
 
 #include <QTabWidget>
@@ -120,18 +121,20 @@ CommandRow adding(const char* menu, const char* name, const char* caption) {
 template <int dialog>
 bool opens(Session& s) {
     constexpr const char* kDialogs[] = {"FrmSelectInput", "frmOptions", "frmStartSplash", "PropertySheet",
-                                        "frmVarTable"};
+                                        "frmVarTable",    "CarDialog",  "frmRecover"};
     return s.opened(kDialogs[dialog]);
 }
 
 const CommandRow kRows[] = {
     {"mnuFile", "mnuNew", "&New", Enabled::Edit, begins, began},
     {"mnuFile", "mnuLoadConfig", "&Load Profile", Enabled::Edit, forgetsAProfile, wasLoaded},
+    {"mnuFile", "mnuOpenRecent", "Open recen&t"},
     {"mnuFile", "mnuSaveConfig", "&Save profile", Enabled::Edit, savesTo, wasSaved},
     {"mnuFile", "mnuSaveAs", "Save Profile &As", Enabled::Edit, savesTo,
      [](Session& s) {
          return wasSaved(s) && s.prompts.fileRequests.back().title == QLatin1String("Save Profile As...");
      }},
+    {"mnuFile", "mnuRecover", "Re&cover...", Enabled::Edit, nullptr, opens<5>},
     {"mnuFile", "mnuLoadVarInfo", "Load &Variable Information", Enabled::Edit, otherTable,
      [](Session&) { return VariableTable[2].BaseName == QLatin1String("Revs"); }},
     {"mnuFile", "mnuSaveVarInfo", "Save Variable &Information", Enabled::Edit, savesTo,
@@ -143,6 +146,10 @@ const CommandRow kRows[] = {
     {"mnuFile", "mnuSelectDataSource", "Set Data Source", Enabled::Edit, nullptr, opens<0>},
     {"mnuFile", "mnuExit", "E&xit", Enabled::Both, begins,
      [](Session& s) { return !s.window.isVisible() && QFile::exists(SettingsPath) && !PlayMode; }},
+
+    {"mnuOpenRecent", "mnuClearRecent", "&Clear list", Enabled::Edit,
+     [](Session& s) { writeRecentFiles(SettingsPath, {s.file("a.run")}); },
+     [](Session&) { return readRecentFiles(SettingsPath).isEmpty(); }},
 
     {"mnuView", "mnuOptions", "&Options", Enabled::Edit, nullptr, opens<1>},
     {"mnuView", "mnuTagsOn", "Labels O&n", Enabled::Edit, nullptr, labelsAreOn},
@@ -160,6 +167,7 @@ const CommandRow kRows[] = {
 
     {"mnuWindow", "mnuShowPropertiesWindow", "Show &Properties Window", Enabled::Edit, nullptr,
      showsProperties},
+    {"mnuWindow", "carNumbers", "&Car...", Enabled::Edit, nullptr, opens<5>},
     {"mnuWindow", "mnuTabControl", "Tab Management"},
     {"mnuTabControl", "mnuNewTab", "&Insert New Tab", Enabled::Edit, namesOne, hasNewTab},
     {"mnuTabControl", "mnuClearCurrentTab", "&Clear Current Tab", Enabled::Edit, yes, clearedTab},

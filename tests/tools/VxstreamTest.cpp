@@ -72,7 +72,7 @@ TEST_F(Vxstream, NamesComeFromTheDefinitions) {
     const QString delivered = QStringLiteral(VISTOR_SOURCE_DIR "/OtherFiles/VistorVars.cfg");
     const QStringList common = {QStringLiteral("from-csv"), path("in.csv"), QStringLiteral("--out"),
                                 path("a.run"), QStringLiteral("--definitions")};
-    for (const QStringList& arguments : {common + QStringList{delivered}, common.first(4)}) {
+    for (const QStringList& arguments : {common + QStringList{delivered}, common.mid(0, 4)}) {
         EXPECT_EQ(run(arguments).errors, "") << "the delivered definitions are taken unasked";
         EXPECT_TRUE(QFile::exists(path("a.run")));
     }
