@@ -10,6 +10,10 @@
 
 namespace vistor {
 
+/// So far apart may the time messages of a recording be: a player takes at least one of them at each of its
+/// ticks, and sparser ones would play too fast.
+inline constexpr int kMostMillisecondsBetweenTimes = 20;
+
 struct ChannelValue {
     std::uint16_t channel = 0;
     double value = 0;

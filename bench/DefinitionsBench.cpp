@@ -32,7 +32,7 @@ void loadDefinitions(benchmark::State& state) {
 BENCHMARK(loadDefinitions)->Unit(benchmark::kMillisecond);
 
 void parseDefinitions(benchmark::State& state) {
-    const QByteArray bytes = readDefinitionFile(deliveredFile()).value_or(QByteArray());
+    const QByteArray bytes = readDefinitionFile(deliveredFile()).bytes;
     for (auto _ : state)
         benchmark::DoNotOptimize(
             readDefinitions({bytes.constData(), static_cast<std::size_t>(bytes.size())}));

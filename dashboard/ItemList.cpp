@@ -2,13 +2,20 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace vistor {
+namespace {
+
+constexpr qsizetype kMostItems = std::numeric_limits<int>::max();
+
+} // namespace
 
 QStringList readItems(const IniFile& file, const QString& section, qsizetype count) {
-    QStringList list;
-    for (qsizetype item = 0; item < count; ++item)
-        list << file.value(section, QString::number(item), QStringLiteral("0"), kItemBuffer);
+    QStringList list(std::max<qsizetype>(count, 0), QStringLiteral("0"));
+    const int last = static_cast<int>(std::min<qsizetype>(count, kMostItems)) - 1;
+    for (const int item : file.numberedKeys(section, 0, last))
+        list[item] = file.value(section, QString::number(item), QStringLiteral("0"), kItemBuffer);
     return list;
 }
 

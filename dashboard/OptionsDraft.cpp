@@ -3,7 +3,7 @@
 #include "dashboard/WindowSettings.h"
 #include "instruments/Colours.h"
 #include "instruments/displays/PropertyStore.h"
-#include "variables/SetupVariables.h"
+#include "platform/NumberText.h"
 
 #include <cmath>
 
@@ -44,9 +44,9 @@ void writeOptionsDraft(IniFile& file, const OptionsDraft& draft) {
 }
 
 std::optional<std::int16_t> gridPitchOf(const QString& text) {
-    const double number = ParseNumber(QString(text));
-    const double pitch = std::nearbyint(number);
-    if (!(pitch > 0) || number > kLargestPitch) return std::nullopt;
+    const auto number = numberEntered(text);
+    const double pitch = std::nearbyint(number.value_or(0));
+    if (!(pitch > 0) || *number > kLargestPitch) return std::nullopt;
     return static_cast<std::int16_t>(pitch);
 }
 

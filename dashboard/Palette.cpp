@@ -1,6 +1,7 @@
 #include "dashboard/Palette.h"
 
 #include "dashboard/CustomLibrary.h"
+#include "dashboard/PaletteIcons.h"
 #include "dashboard/Pictures.h"
 #include "dashboard/Thumbnails.h"
 #include "platform/IniFile.h"
@@ -42,6 +43,8 @@ Palette::Palette(QTreeWidget* trvControl, QListWidget* lvControl)
     m_list->setFrameShape(QFrame::NoFrame);
     m_list->setIconSize({kIconSize, kIconSize});
     m_list->setSpacing(6);
+    m_icons = new PaletteIcons(m_list, IconImage);
+    m_list->setItemDelegate(m_icons);
     connect(m_tree, &QTreeWidget::currentItemChanged, this, &Palette::choose);
     m_tree->installEventFilter(this);
     m_list->installEventFilter(this);
@@ -133,24 +136,29 @@ void Palette::RefreshPaletteList() {
     const PaletteEntry* plain = paletteEntryOf(category);
     if (!plain) return;
     const QString letter = category.left(1);
-    addListItem(QLatin1String(plain->key), QLatin1String(plain->text), QLatin1String(plain->iconFile),
-                letter + u'1');
-    const IniFile library = IniFile::load(LibraryPath);
-    for (const CustomEntry& entry : customEntries(library, plain->kind)) {
-        addListItem(entry.key, entry.name(), customThumbnail(library, plain->kind, entry.number),
-                    QString::number(m_list->count() + 1) + letter);
+    addPlainItem(*plain);
+    IniFile library = IniFile::load(LibraryPath);
+    const std::vector<CustomEntry> entries = customEntries(library, plain->kind);
+    m_icons->restart(plain->kind, std::move(library));
+    for (const CustomEntry& entry : entries) {
+        QListWidgetItem* item = addListItem(entry.key, entry.name());
+        m_icons->prepare(*item, entry.number, QString::number(m_list->count()) + letter);
     }
 }
 
-void Palette::addListItem(const QString& key, const QString& text, const QString& bitmap,
-                          const QString& image) {
+QListWidgetItem* Palette::addListItem(const QString& key, const QString& text) {
     auto* item = new QListWidgetItem(text, m_list);
     item->setData(kPaletteKeyRole, key);
     item->setToolTip(text);
-    const QPixmap pixels = loadThumbnail(bitmap);
+    return item;
+}
+
+void Palette::addPlainItem(const PaletteEntry& plain) {
+    QListWidgetItem* item = addListItem(QLatin1String(plain.key), QLatin1String(plain.text));
+    const QPixmap pixels = loadThumbnail(QLatin1String(plain.iconFile));
     if (pixels.isNull()) return;
-    IconImage.insert(image, QIcon(pixels));
-    item->setIcon(IconImage.value(image));
+    item->setIcon(QIcon(pixels));
+    IconImage.insert(QLatin1Char(plain.key[0]) + QStringLiteral("1"), item->icon());
 }
 
 bool Palette::eventFilter(QObject* watched, QEvent* event) {

@@ -20,6 +20,8 @@ class QTreeWidgetItem;
 
 namespace vistor {
 
+class PaletteIcons;
+
 /// The role under which an item keeps its key.
 inline constexpr int kPaletteKeyRole = Qt::UserRole;
 
@@ -48,7 +50,7 @@ public:
     QTreeWidgetItem* SelectedNode = nullptr;
     QListWidgetItem* SelectedItem = nullptr;
 
-    QHash<QString, QIcon> IconImage; ///< the list's pictures; those that cannot be loaded are left out
+    QHash<QString, QIcon> IconImage; ///< the list's pictures, as far as they were seen and could be loaded
 
     /// The key of the entry that is dragged from a view; empty for another source and when none is.
     QString draggedKey(const QObject* source) const;
@@ -60,7 +62,8 @@ private:
     void choose(QTreeWidgetItem* item);
     void addRoots();
     bool addChild(QTreeWidgetItem* parent, const QString& key);
-    void addListItem(const QString& key, const QString& text, const QString& bitmap, const QString& image);
+    QListWidgetItem* addListItem(const QString& key, const QString& text);
+    void addPlainItem(const PaletteEntry& plain);
     void deleteOnKey(QAbstractItemView* view);
     void deleteEntry(const QString& key);
     void release();
@@ -71,6 +74,7 @@ private:
 
     QTreeWidget* m_tree;
     QListWidget* m_list;
+    PaletteIcons* m_icons;
     std::vector<QTreeWidgetItem*> m_nodes; ///< in the order of adding
     QHash<QString, QTreeWidgetItem*> m_keys;
     QPoint m_pressed; ///< where the mouse went down, in the view

@@ -1,5 +1,6 @@
 // The palette's entries as they are dragged onto a page.
 #include "dashboard/Palette.h"
+#include "dashboard/PaletteIcons.h"
 
 #include <QApplication>
 #include <QDrag>
@@ -61,8 +62,10 @@ void Palette::startDrag(QAbstractItemView& view) {
 /// That of the list, which shows what the tree has chosen.
 QIcon Palette::dragIcon(const QString& key) const {
     for (int row = 0; row < m_list->count(); ++row) {
-        const QListWidgetItem* item = m_list->item(row);
-        if (item->data(kPaletteKeyRole).toString() == key && !item->icon().isNull()) return item->icon();
+        QListWidgetItem* item = m_list->item(row);
+        if (item->data(kPaletteKeyRole).toString() != key) continue;
+        const QIcon icon = m_icons->iconOf(*item);
+        if (!icon.isNull()) return icon;
     }
     const QTreeWidgetItem* node = m_keys.value(key);
     return node ? node->icon(0) : QIcon();

@@ -12,7 +12,7 @@ struct PaletteEntry {
     Kind kind;
     const char* key; ///< its first letter orders the palette and tells the type
     const char* text;
-    const char* iconFile; ///< in the folder of bitmaps
+    const char* iconFile; ///< in the scratch folder
     bool inTree;          ///< the odometer comes from the menus alone
 };
 

@@ -31,7 +31,7 @@ void addEntry(SubscriptionTable& table, const InstrumentElement& element, const 
 void addColumn(SubscriptionTable& table, const InstrumentElement& element, const PinTable& pins, int column) {
     if (pins.count(column) == 0) return;
     for (int pin = 1; pin <= pins.upperBound(); ++pin)
-        addEntry(table, element, pins.at(pin, column), pin, column);
+        if (element.instrument->hasPin(pin)) addEntry(table, element, pins.at(pin, column), pin, column);
 }
 
 void hand(const SubscriptionEntry& entry, float value) {

@@ -28,7 +28,8 @@ struct SubscriptionRow {
 /// Row n belongs to variable n + 1. There is always at least one row.
 using SubscriptionTable = std::vector<SubscriptionRow>;
 
-/// A snapshot of all bindings. Graphs forget their points, the templates too.
+/// A snapshot of all bindings that move something: pins beyond the needles, tracks ... of an instrument are
+/// left out. Graphs forget their points, the templates too.
 SubscriptionTable subscriptionsOf(const InstrumentArrays& instruments);
 
 /// Hands a value to every instrument on page `tab` that is bound to the variable of that name. An instrument

@@ -1,6 +1,6 @@
 #include "dashboard/Thumbnails.h"
 
-#include "platform/Folders.h"
+#include "platform/Scratch.h"
 #include "platform/WholeFile.h"
 #include "variables/GlobalVarsAndTypes.h"
 
@@ -18,17 +18,23 @@ bool isPlainBitmapName(const QString& name) {
     return plain && !name.startsWith(u'.') && name.endsWith(QLatin1String(".bmp"), Qt::CaseInsensitive);
 }
 
+bool isOwnFile(const QString& path) {
+    const QFileInfo info(path);
+    return !path.isEmpty() && info.isFile() && !info.isSymLink();
+}
+
 } // namespace
 
 QString thumbnailPath(const QString& name) {
-    const QString folder = bitmapFolder(WorkingFolder);
-    return folder.isEmpty() || !isPlainBitmapName(name) ? QString() : folder + name;
+    if (!isPlainBitmapName(name)) return {};
+    const QString folder = scratchFolder(WorkingFolder);
+    return folder.isEmpty() ? QString() : folder + name;
 }
 
 QPixmap loadThumbnail(const QString& name) {
     const QString path = thumbnailPath(name);
     QFile file;
-    if (path.isEmpty() || !openPlainFile(file, path).isEmpty()) return {};
+    if (!isOwnFile(path) || !openPlainFile(file, path).isEmpty()) return {};
     QImageReader reader(&file, "bmp");
     const QSize size = reader.size();
     if (!size.isValid() || size.width() > kLargestSide || size.height() > kLargestSide) return {};
@@ -37,7 +43,7 @@ QPixmap loadThumbnail(const QString& name) {
 
 void deleteThumbnail(const QString& name) {
     const QString path = thumbnailPath(name);
-    if (!path.isEmpty() && QFileInfo(path).isFile()) QFile::remove(path);
+    if (isOwnFile(path)) QFile::remove(path);
 }
 
 } // namespace vistor

@@ -1,5 +1,5 @@
-// The scratch bitmaps of the palette in their folder. In: names as files give them, which can be anything.
-// Out: pictures. Nothing outside the folder is ever read or deleted.
+// The bitmaps of the palette in this process's scratch folder. In: names as files give them, which can be
+// anything. Out: pictures. Nothing outside the folder is ever read or deleted.
 #pragma once
 
 #include <QPixmap>

@@ -1,4 +1,4 @@
-// The custom library: instruments become entries of it, and entries and kinds get their bitmaps.
+// The custom library: instruments become entries of it, and the kinds get their bitmaps.
 #include "dashboard/CustomLibrary.h"
 #include "dashboard/Hourglass.h"
 #include "dashboard/Palette.h"
@@ -19,24 +19,6 @@ bool addToLibrary(const Instrument& instrument, const QString& key, const QStrin
     IniFile library = IniFile::load(LibraryPath);
     addCustomEntry(library, instrument.kind(), key, mem, highest, fileName);
     return saveLibrary(library);
-}
-
-struct MadeThumbnail {
-    Kind kind = Kind::AngularGauge;
-    CustomEntry entry;
-    QString name;
-};
-
-/// The library is read again: another window of the program may have changed it meanwhile. One that cannot
-/// be written keeps its old names.
-void keepThumbnails(const std::vector<MadeThumbnail>& made) {
-    if (made.empty()) return;
-    IniFile library = IniFile::load(LibraryPath);
-    for (const MadeThumbnail& thumbnail : made) {
-        if (customNumber(library, thumbnail.kind, thumbnail.entry.key) == thumbnail.entry.number)
-            setCustomThumbnail(library, thumbnail.kind, thumbnail.entry.number, thumbnail.name);
-    }
-    library.saveOrTell(LibraryPath, QStringLiteral("The names of the custom instruments' pictures"));
 }
 
 } // namespace
@@ -79,18 +61,10 @@ void frmInterface::GenerateIcons() {
     const Hourglass hourglass;
     frmInitControls window;
     window.show();
-    std::vector<MadeThumbnail> made;
-    const IniFile library = IniFile::load(LibraryPath);
     for (const PaletteEntry& plain : kPaletteEntries) {
         QString result;
-        window.GenerateIcon(plain.kind, 0, {}, QLatin1String(plain.iconFile), result);
-        for (const CustomEntry& entry : customEntries(library, plain.kind)) {
-            window.GenerateIcon(plain.kind, entry.number, customList(library, plain.kind, entry.number), {},
-                                result);
-            made.push_back({plain.kind, entry, result});
-        }
+        window.GenerateIcon(plain.kind, QLatin1String(plain.iconFile), result);
     }
-    keepThumbnails(made);
     m_palette->RefreshPaletteList();
 }
 

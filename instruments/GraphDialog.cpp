@@ -1,6 +1,7 @@
 #include "instruments/GraphDialog.h"
 
 #include "instruments/ColourBox.h"
+#include "instruments/NumberBox.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -8,14 +9,14 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLineEdit>
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 namespace vistor {
 
 GraphDialog::GraphDialog(const QString& title, QWidget* parent)
-    : QDialog(parent), m_columns(new QHBoxLayout) {
+    : QDialog(parent), m_columns(new QHBoxLayout), m_problem(new QLabel) {
     setWindowTitle(title);
     (new QVBoxLayout(this))->addLayout(m_columns);
     addColumn();
@@ -31,8 +32,10 @@ QFormLayout* GraphDialog::addGroup(const QString& title) {
     return new QFormLayout(box);
 }
 
-QLineEdit* GraphDialog::addNumber(QFormLayout* group, const char* name, const QString& label, double value) {
-    auto* box = new QLineEdit(textOfNumber(value));
+NumberBox* GraphDialog::addNumber(QFormLayout* group, const char* name, const QString& label, double value) {
+    auto* box = new NumberBox;
+    box->setNumber(value);
+    connect(box, &QLineEdit::textChanged, m_problem, &QLabel::clear);
     box->setObjectName(QLatin1String(name));
     group->addRow(label, box);
     return box;
@@ -75,25 +78,27 @@ void GraphDialog::finish(const GraphColours& colours) {
     QPushButton* all = buttons->addButton(tr("All Properties..."), QDialogButtonBox::ActionRole);
     QPushButton* apply = buttons->button(QDialogButtonBox::Apply);
     apply->setObjectName(QStringLiteral("cmdApply"));
-    connect(apply, &QPushButton::clicked, this, [this] {
-        cmdApply_Click();
-        accept();
-    });
-    connect(all, &QPushButton::clicked, this, [this] {
-        cmdApply_Click();
-        done(kAllProperties);
-    });
+    connect(apply, &QPushButton::clicked, this, [this] { this->apply(Accepted); });
+    connect(all, &QPushButton::clicked, this, [this] { this->apply(kAllProperties); });
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    m_problem->setObjectName(QStringLiteral("problem"));
+    layout()->addWidget(m_problem);
     layout()->addWidget(buttons);
     apply->setDefault(true); // now that the window knows it
+}
+
+void GraphDialog::apply(int result) {
+    if (stopsAtWrongNumber(*this, *m_problem)) return;
+    cmdApply_Click();
+    done(result);
 }
 
 GraphColours GraphDialog::colours() const {
     return {picBackCol->colour(), picForeCol->colour(), picTraceCol->colour()};
 }
 
-void GraphDialog::lockWhileChecked(QCheckBox* check, std::span<QLineEdit* const> boxes) {
-    for (QLineEdit* box : boxes) {
+void GraphDialog::lockWhileChecked(QCheckBox* check, std::span<NumberBox* const> boxes) {
+    for (NumberBox* box : boxes) {
         box->setDisabled(check->isChecked());
         connect(check, &QCheckBox::toggled, box, &QWidget::setDisabled);
     }
@@ -103,8 +108,8 @@ int wordIn(const QComboBox* list, int before) {
     return list->currentIndex() < 0 ? before : list->currentIndex();
 }
 
-double numberIn(const QLineEdit* box) {
-    return numberOfText(box->text());
+double numberIn(const NumberBox* box, double before) {
+    return box->number().value_or(before);
 }
 
 } // namespace vistor

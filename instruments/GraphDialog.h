@@ -12,11 +12,12 @@ class QCheckBox;
 class QComboBox;
 class QFormLayout;
 class QHBoxLayout;
-class QLineEdit;
+class QLabel;
 
 namespace vistor {
 
 class ColourBox;
+class NumberBox;
 
 class GraphDialog : public QDialog {
     Q_OBJECT
@@ -32,7 +33,7 @@ protected:
     void addColumn();
     /// A group of fields below the others of its column.
     QFormLayout* addGroup(const QString& title);
-    QLineEdit* addNumber(QFormLayout* group, const char* name, const QString& label, double value);
+    NumberBox* addNumber(QFormLayout* group, const char* name, const QString& label, double value);
     /// Shows no word where there is none for the value.
     QComboBox* addWords(QFormLayout* group, const char* name, const QString& label,
                         std::span<const char* const> words, int value);
@@ -41,14 +42,17 @@ protected:
     void finish(const GraphColours& colours);
     GraphColours colours() const;
     /// Boxes that can be edited only while the axis does not scale itself.
-    static void lockWhileChecked(QCheckBox* check, std::span<QLineEdit* const> boxes);
+    static void lockWhileChecked(QCheckBox* check, std::span<NumberBox* const> boxes);
 
     virtual void cmdApply_Click() = 0;
 
 private:
+    /// Applies and closes with `result`, unless a box is wrong: then the window stays and says so.
+    void apply(int result);
     ColourBox* addColour(QFormLayout* group, const char* name, const QString& label, std::int32_t value);
 
     QHBoxLayout* m_columns;
+    QLabel* m_problem;
     ColourBox* picBackCol = nullptr;
     ColourBox* picForeCol = nullptr;
     ColourBox* picTraceCol = nullptr;
@@ -56,7 +60,7 @@ private:
 
 /// The word's number in a list; `before` where none was chosen.
 int wordIn(const QComboBox* list, int before);
-/// The number in a box, whatever the locale; 0 for what is none.
-double numberIn(const QLineEdit* box);
+/// The number in a box; `before` where none was entered, as in a locked one.
+double numberIn(const NumberBox* box, double before);
 
 } // namespace vistor

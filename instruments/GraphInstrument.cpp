@@ -57,7 +57,7 @@ PinTable GraphInstrument::curVarTable() const {
 }
 
 void GraphInstrument::refreshValue(std::int16_t pin, std::uint8_t axis, float value) {
-    if (pin < 1 || static_cast<std::size_t>(pin) >= m_tracks.size()) return;
+    if (!hasPin(pin) || static_cast<std::size_t>(pin) >= m_tracks.size()) return;
     Track& track = m_tracks[static_cast<std::size_t>(pin)];
     (axis == 0 ? track.x : track.y) = {value, true, true};
     if (!track.x.waiting || !track.y.waiting) return;
@@ -71,7 +71,13 @@ void GraphInstrument::refreshValue(std::int16_t pin, std::uint8_t axis, float va
 }
 
 void GraphInstrument::ClearCurrentData() {
+    forgetHalves();
     strip().clearPoints();
+}
+
+void GraphInstrument::interruptData() {
+    forgetHalves();
+    strip().interrupt();
 }
 
 void GraphInstrument::Deserialise(const QStringList& list) {
@@ -102,6 +108,11 @@ void GraphInstrument::pinsChanged() {
 void GraphInstrument::forgetValues() {
     m_tracks.clear();
     pinsChanged();
+}
+
+/// A half that waits would make a point with one of another time.
+void GraphInstrument::forgetHalves() {
+    for (Track& track : m_tracks) track.x.waiting = track.y.waiting = false;
 }
 
 void GraphInstrument::nameTraces(const PinTable& table) {

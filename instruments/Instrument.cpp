@@ -7,10 +7,9 @@
 #include "instruments/frmPinAssignmentGraph.h"
 #include "instruments/frmVarTableGraph.h"
 #include "platform/Events.h"
-#include "platform/Folders.h"
+#include "platform/Scratch.h"
 #include "variables/GlobalVarsAndTypes.h"
 
-#include <QDateTime>
 #include <QLabel>
 #include <QPointer>
 
@@ -101,7 +100,10 @@ PinTable Instrument::curVarTable() const {
 void Instrument::refreshValue(std::int16_t pin, float value) {
     PropertyStore& properties = m_display->properties();
     const KindTable::Parts& parts = properties.table().parts();
-    if (parts.values.selector != kNoNumber) properties.setNumber(parts.values.selector, pin);
+    if (parts.values.selector != kNoNumber) {
+        if (!hasPin(pin)) return; // the selector would wrap round to another's needle
+        properties.setNumber(parts.values.selector, pin);
+    }
     properties.setNumber(parts.values.value, value);
     m_display->call(parts.methods.redraw);
 }
@@ -111,6 +113,8 @@ void Instrument::refreshValue(std::int16_t pin, std::uint8_t, float value) {
 }
 
 void Instrument::ClearCurrentData() {}
+
+void Instrument::interruptData() {}
 
 void Instrument::TagOn(bool on) {
     if (on != m_tagOn) mnuTag_Click();
@@ -148,7 +152,7 @@ void Instrument::mnuDefineCustom_Click() {
     const QPointer<Instrument> alive(this);
     Q_EMIT SnapshotBegin();
     const QSizeF before(widthTwips(), heightTwips());
-    const QString fileName = snapshotName(QDateTime::currentDateTime());
+    const QString fileName = freeSnapshotName(scratchFolder(WorkingFolder));
     setSizeTwips(kSnapshotPixels * kTwipsPerPixel, kSnapshotPixels * kTwipsPerPixel);
     pumpEvents(); // so that the display is seen at that size
     if (!alive) return;
@@ -159,7 +163,7 @@ void Instrument::mnuDefineCustom_Click() {
 }
 
 void Instrument::saveSnapshot(const QString& fileName) {
-    const QString folder = bitmapFolder(WorkingFolder);
+    const QString folder = scratchFolder(WorkingFolder);
     if (!folder.isEmpty()) snapshotInside(*this).save(folder + fileName, "BMP");
 }
 

@@ -34,6 +34,9 @@ public:
     QString tagText() const;
     /// How many pins a person can choose from: as many as there are needles, pointers, portions or tracks.
     int pinCount() const;
+    /// Whether a pin moves something. One that is left over, its needle or track having been removed, does
+    /// not; nor does any number below 1.
+    bool hasPin(int pin) const { return pin >= 1 && pin <= pinCount(); }
     /// Its place on the page and its size. Twips that are not whole pixels are kept as they were given for as
     /// long as the widget stays where they put it.
     double leftTwips() const;
@@ -56,12 +59,15 @@ public:
     /// kind asks for it.
     virtual void mode(bool edit);
     virtual PinTable curVarTable() const;
-    /// Shows a new value on a pin. On the path of every sample: allocates nothing, looks nothing up by name.
+    /// Shows a new value on a pin; one that is left over moves nothing. On the path of every sample:
+    /// allocates nothing, looks nothing up by name.
     virtual void refreshValue(std::int16_t pin, float value);
     /// The same for the graphs, axis 0 X and 1 Y.
     virtual void refreshValue(std::int16_t pin, std::uint8_t axis, float value);
     /// Forgets stored points; only graphs have any.
     virtual void ClearCurrentData();
+    /// From here on it gets no values for a while: no line leads over that time. Only graphs draw any.
+    virtual void interruptData();
 
     void TagOn(bool on);
     void mnuTag_Click();
@@ -100,8 +106,9 @@ Q_SIGNALS:
     void SnapshotBegin();
     void SnapshotEnd();
 
-    /// A drag of the instrument or of a handle begins, or was given up.
-    void dragBegun();
+    /// A drag of the instrument or of a handle begins, pressed at this place in its own twips, or was given
+    /// up. A press that lets go again where it was is no drag and says nothing.
+    void dragBegun(float startX, float startY);
     void dragCancelled();
     /// An arrow key: -1 to 1 columns and rows; `fine` asks for a pixel instead of a grid step.
     void stepWanted(int columns, int rows, bool fine);
@@ -148,6 +155,9 @@ private:
     void paintMark(QPainter& painter) const;
     QPointF twipsAt(const QMouseEvent& event) const;
     bool takeKey(const QKeyEvent& event);
+    bool isHeld() const { return m_dragging || m_sizing; }
+    bool dragsTo(const QMouseEvent& event);
+    void letGo();
     void giveUpDrag();
     void showDropTarget(bool shown);
     void saveSnapshot(const QString& fileName);
@@ -164,6 +174,8 @@ private:
     std::uint8_t m_activeHandle = 0;
     bool m_dragging = false;
     bool m_sizing = false;
+    bool m_moved = false; ///< the press has become a drag
+    QPoint m_pressedAt;   ///< on the screen, in pixels
     bool m_tagOn = false;
     bool m_framePainted = false;
     bool m_dropTarget = false;

@@ -13,6 +13,7 @@ namespace {
 
 const QColor kHatchColour(0xA0, 0xA6, 0xB0);
 constexpr int kMarkWidth = 2; ///< pixels
+constexpr int kDragSlack = 3; ///< pixels that a hand moves in a click
 
 float twips(double pixels) {
     return static_cast<float>(pixels * kTwipsPerPixel);
@@ -30,7 +31,8 @@ QString shownValue(const PropertyStore& properties, const ShownProperty& shown) 
                             : QLatin1String(info->choices.words[static_cast<std::size_t>(choice)]);
     }
     if (isText(info->type)) return properties.text(shown.number);
-    return textOfNumber(properties.number(shown.number), info->live); // samples have 32 bits
+    const double number = properties.number(shown.number);
+    return info->live ? textOfNumber(number, true) : numberShown(number); // samples have 32 bits
 }
 
 /// Painted once for each density of screen.
@@ -108,12 +110,31 @@ void Instrument::mousePressEvent(QMouseEvent* event) {
     const QPointF start = twipsAt(*event);
     m_dragStartX = static_cast<float>(start.x());
     m_dragStartY = static_cast<float>(start.y());
-    Q_EMIT dragBegun();
+    m_pressedAt = event->globalPosition().toPoint();
+    m_moved = false;
+}
+
+/// Whether the mouse has gone further than a click does; from there on it counts from the press.
+bool Instrument::dragsTo(const QMouseEvent& event) {
+    const int distance = (event.globalPosition().toPoint() - m_pressedAt).manhattanLength();
+    if (m_moved || distance <= kDragSlack) return m_moved;
+    m_moved = true;
+    Q_EMIT dragBegun(m_dragStartX, m_dragStartY);
+    return true;
+}
+
+/// Ends a drag where it is.
+void Instrument::letGo() {
+    m_dragging = m_sizing = false;
+    setCursor(Qt::ArrowCursor);
 }
 
 void Instrument::mouseMoveEvent(QMouseEvent* event) {
     event->accept();
     if (PlayMode) return setCursor(Qt::ArrowCursor);
+    // The button went up elsewhere, over a window that came up in the middle.
+    if (isHeld() && !event->buttons().testFlag(Qt::LeftButton)) letGo();
+    if (isHeld() && !dragsTo(*event)) return;
     const QPointF place = twipsAt(*event);
     const auto x = static_cast<float>(place.x());
     const auto y = static_cast<float>(place.y());
@@ -130,6 +151,7 @@ void Instrument::mouseMoveEvent(QMouseEvent* event) {
 void Instrument::mouseReleaseEvent(QMouseEvent* event) {
     event->accept();
     if (PlayMode || event->button() != Qt::LeftButton) return;
+    if (isHeld() && !dragsTo(*event)) return letGo();
     const QPointF place = twipsAt(*event);
     const auto x = static_cast<float>(place.x());
     const auto y = static_cast<float>(place.y());

@@ -26,16 +26,22 @@ struct PinRow {
     std::uint8_t axis = 0; ///< of a graph, 0 X and 1 Y
     QString variable;      ///< empty: nothing is bound
     QString group;         ///< of the variable, empty for an unknown one
+    bool leftOver = false; ///< there is nothing that the pin could move: its needle or track was removed
 };
 
-/// The bound pins of an instrument with one row of names.
-std::vector<PinRow> boundPins(const PinTable& pins);
+/// The bound pins of an instrument with one row of names. Those beyond `count` are left over.
+std::vector<PinRow> boundPins(const PinTable& pins, int count);
 
-/// The Y of every track, or where `bothAxes` its X and its Y; tracks from 1 to `count`.
+/// The Y of every track, or where `bothAxes` its X and its Y; tracks from 1 to `count`, then what is bound
+/// beyond them.
 std::vector<PinRow> trackPins(const PinTable& pins, int count, bool bothAxes);
 
-/// All pins from 1 to `count`, bound or not.
+/// All pins from 1 to `count`, bound or not, then what is bound beyond them.
 std::vector<PinRow> everyPin(const PinTable& pins, int count);
+
+/// A pin as a person reads it: its number, and for one that is left over that there is no needle, track ...
+/// of that number. `pinLabel` is what the kind calls a pin.
+QString pinText(int pin, bool leftOver, const QString& pinLabel);
 
 /// The groups that a person chooses variables from, in their order.
 QStringList pinGroups();

@@ -35,7 +35,7 @@ void fillPinGrid(QTableWidget& grid, const QString& pinLabel, const QString& axi
     grid.setRowCount(static_cast<int>(rows.size()));
     for (int row = 0; row < grid.rowCount(); ++row) {
         const PinRow& shown = rows[static_cast<std::size_t>(row)];
-        QStringList texts = {QString::number(shown.pin), shown.variable, shown.group};
+        QStringList texts = {pinText(shown.pin, shown.leftOver, pinLabel), shown.variable, shown.group};
         if (!axisHeader.isEmpty()) texts.insert(1, axisName(shown.axis));
         for (int column = 0; column < texts.size(); ++column) {
             auto* cell = new QTableWidgetItem(texts.at(column));

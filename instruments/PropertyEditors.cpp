@@ -2,6 +2,7 @@
 
 #include "instruments/Colours.h"
 #include "instruments/PropertyModel.h"
+#include "platform/NumberText.h"
 #include "platform/Prompts.h"
 
 #include <QAbstractProxyModel>
@@ -38,10 +39,8 @@ Range rangeOf(const PropertyInfo& property) {
 
 /// The number of a text with either decimal mark, held to a property's bounds; no value for other texts.
 std::optional<double> enteredNumber(const PropertyInfo& property, const QString& text) {
-    bool isNumber = false;
-    const double value = QString(text).replace(u',', u'.').toDouble(&isNumber);
-    if (!isNumber || !std::isfinite(value)) return {};
-    return property.low < property.high ? std::clamp(value, property.low, property.high) : value;
+    const auto value = numberEntered(text);
+    return value && property.low < property.high ? std::clamp(*value, property.low, property.high) : value;
 }
 
 class NumberValidator final : public QValidator {
@@ -52,13 +51,12 @@ public:
     State validate(QString& text, int&) const override {
         static const QRegularExpression kBegun(QStringLiteral("^[-+]?[0-9]*[.,]?[0-9]*([eE][-+]?[0-9]*)?$"));
         const auto number = enteredNumber(m_property, text);
-        if (number)
-            return *number == QString(text).replace(u',', u'.').toDouble() ? Acceptable : Intermediate;
+        if (number) return number == numberEntered(text) ? Acceptable : Intermediate;
         return kBegun.match(text).hasMatch() ? Intermediate : Invalid;
     }
     /// What is out of bounds becomes the bound when the entry ends.
     void fixup(QString& text) const override {
-        if (const auto number = enteredNumber(m_property, text)) text = textOfNumber(*number);
+        if (const auto number = enteredNumber(m_property, text)) text = numberShown(*number);
     }
 
 private:

@@ -57,6 +57,7 @@ QString propertyWords(const PropertyInfo& property, const PropertyStore& store, 
     const bool sample =
         property.type == PropertyType::Double && property.number == store.table().parts().values.value;
     if (sample) return textOfNumber(store.number(property.number, index), true); // it came with 32 bits
+    if (property.type == PropertyType::Double) return numberShown(store.number(property.number, index));
     return store.item(property.number, index);
 }
 

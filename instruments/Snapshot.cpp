@@ -3,14 +3,20 @@
 #include "instruments/Instrument.h"
 
 #include <QDateTime>
+#include <QFileInfo>
 #include <QWidget>
 
 namespace vistor {
 
-QString snapshotName(const QDateTime& time, int number) {
+QString snapshotName(const QDateTime& time) {
     return time.toString(QStringLiteral("yy")) + QString::number(time.date().dayOfYear()) +
-           time.toString(QStringLiteral("HHmmss")) + (number > 0 ? QString::number(number) : QString()) +
-           QStringLiteral(".bmp");
+           time.toString(QStringLiteral("HHmmss")) + QStringLiteral(".bmp");
+}
+
+QString freeSnapshotName(const QString& folder) {
+    QDateTime time = QDateTime::currentDateTime();
+    while (QFileInfo::exists(folder + snapshotName(time))) time = time.addSecs(1);
+    return snapshotName(time);
 }
 
 QImage snapshotInside(Instrument& instrument) {

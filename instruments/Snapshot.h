@@ -14,9 +14,10 @@ class Instrument;
 
 inline constexpr int kSnapshotPixels = 203; ///< each way, frame included
 
-/// Two-digit year, day of the year, hours, minutes and seconds, a library entry's number where there is one,
-/// and ".bmp".
-QString snapshotName(const QDateTime& time, int number = 0);
+/// Two-digit year, day of the year, hours, minutes and seconds, and ".bmp".
+QString snapshotName(const QDateTime& time);
+/// The name of now; where a folder (which ends in "/") has it already, that of the first second it has not.
+QString freeSnapshotName(const QString& folder);
 
 /// The inside of an instrument's frame, as it is sized now.
 QImage snapshotInside(Instrument& instrument);

@@ -21,7 +21,7 @@ constexpr int kVisibleChoices = 12;
 } // namespace
 
 frmPinAssignment::frmPinAssignment(const PinQuestion& question, QWidget* parent)
-    : frmPinAssignment(question, parent, boundPins(question.table), QString()) {}
+    : frmPinAssignment(question, parent, boundPins(question.table, question.pins), QString()) {}
 
 frmPinAssignment::frmPinAssignment(const PinQuestion& question, QWidget* parent, std::vector<PinRow> rows,
                                    const QString& axisHeader)

@@ -1,10 +1,10 @@
 #include "instruments/frmStripConfig.h"
 
+#include "instruments/NumberBox.h"
 #include "instruments/displays/StripTable.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QLineEdit>
 
 namespace vistor {
 
@@ -25,9 +25,9 @@ frmStripConfig::frmStripConfig(StripConfig& config, QWidget* parent)
 }
 
 void frmStripConfig::cmdApply_Click() {
-    m_config = {.timeAlongX = numberIn(ConfigValueTxt[0]),
-                .minimumY = numberIn(ConfigValueTxt[1]),
-                .maximumY = numberIn(ConfigValueTxt[2]),
+    m_config = {.timeAlongX = numberIn(ConfigValueTxt[0], m_config.timeAlongX),
+                .minimumY = numberIn(ConfigValueTxt[1], m_config.minimumY),
+                .maximumY = numberIn(ConfigValueTxt[2], m_config.maximumY),
                 .autoScaleY = AutoScaleYChk->isChecked(),
                 .grid = wordIn(cmbGrid, m_config.grid),
                 .line = wordIn(cmbLine, m_config.line),

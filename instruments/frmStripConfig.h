@@ -20,7 +20,7 @@ protected:
 
 private:
     StripConfig& m_config;
-    std::array<QLineEdit*, 3> ConfigValueTxt{}; ///< time along X, minimum Y, maximum Y
+    std::array<NumberBox*, 3> ConfigValueTxt{}; ///< time along X, minimum Y, maximum Y
     QCheckBox* AutoScaleYChk;
     QComboBox* cmbGrid;
     QComboBox* cmbLine;

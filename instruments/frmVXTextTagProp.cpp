@@ -106,7 +106,7 @@ void frmVXTextTagProp::readTag() {
 
 void frmVXTextTagProp::showFont() {
     m_fontWords->setText(fontWords(m_font));
-    m_fontWords->setToolTip(Qt::convertFromPlainText(m_fontWords->text()));
+    m_fontWords->setToolTip(m_fontWords->text());
 }
 
 void frmVXTextTagProp::setColours(std::int32_t fore, std::int32_t back) {

@@ -8,6 +8,7 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -54,6 +55,7 @@ void frmVarTable::makeFields() {
     cmbGroup->addItems(pinGroups());
     cmbGroup->setCurrentIndex(-1);
     connect(cmbGroup, &QComboBox::currentIndexChanged, this, &frmVarTable::cmbGroup_Click);
+    connect(cmbPin, &QComboBox::currentIndexChanged, this, &frmVarTable::renewButtons);
 }
 
 void frmVarTable::insertField(int row, const QString& label, const char* name, QComboBox* box) {
@@ -75,9 +77,10 @@ void frmVarTable::makeButtons() {
         const char* name;
         QString words;
         void (frmVarTable::*clicked)();
-    } buttons[] = {{"cmdApply", tr("&Apply"), &frmVarTable::cmdApply_Click},
-                   {"cmdRemove", tr("&Remove"), &frmVarTable::cmdRemove_Click},
-                   {"cmdExit", tr("E&xit"), &frmVarTable::accept}};
+        QPushButton** made;
+    } buttons[] = {{"cmdApply", tr("&Apply"), &frmVarTable::cmdApply_Click, &cmdApply},
+                   {"cmdRemove", tr("&Remove"), &frmVarTable::cmdRemove_Click, &cmdRemove},
+                   {"cmdExit", tr("E&xit"), &frmVarTable::accept, nullptr}};
     auto* line = new QHBoxLayout;
     line->addStretch();
     static_cast<QVBoxLayout*>(layout())->addLayout(line);
@@ -86,8 +89,9 @@ void frmVarTable::makeButtons() {
         made->setObjectName(QLatin1String(button.name));
         connect(made, &QPushButton::clicked, this, button.clicked);
         line->addWidget(made);
-        if (button.clicked == &frmVarTable::cmdApply_Click) made->setDefault(true);
+        if (button.made) *button.made = made;
     }
+    cmdApply->setDefault(true);
 }
 
 void frmVarTable::VXVariable(const QString& pinLabel, int pins, Instrument& instrument,
@@ -96,9 +100,7 @@ void frmVarTable::VXVariable(const QString& pinLabel, int pins, Instrument& inst
     m_pinLabel = pinLabel;
     m_pins = pins;
     cmbPin->clear();
-    for (int pin = 1; pin <= pins; ++pin) cmbPin->addItem(QString::number(pin));
-    cmbPin->setCurrentIndex(-1);
-    fillGrid(table);
+    showTable(table);
 }
 
 std::vector<PinRow> frmVarTable::rowsOf(const PinTable& table) const {
@@ -113,9 +115,40 @@ PinTable frmVarTable::remove(Instrument& instrument, int pin) {
     return instrument.RemovePin(pin);
 }
 
-void frmVarTable::fillGrid(const PinTable& table) {
+QString frmVarTable::boundTo(const PinTable& table, int pin) const {
+    return table.at(pin);
+}
+
+void frmVarTable::showTable(const PinTable& table) {
+    m_table = table;
     m_rows = rowsOf(table);
     fillPinGrid(*grd, m_pinLabel, m_showsAxis ? QStringLiteral("AXIS") : QString(), m_rows);
+    fillPins();
+    renewButtons();
+}
+
+/// The pins to choose from: those that there are, and those left over, which can only be removed.
+void frmVarTable::fillPins() {
+    const int chosen = chosenPin();
+    const QSignalBlocker quiet(cmbPin);
+    cmbPin->clear();
+    for (int pin = 1; pin <= m_pins; ++pin) cmbPin->addItem(QString::number(pin), pin);
+    for (const PinRow& row : m_rows)
+        if (row.leftOver && cmbPin->findData(row.pin) < 0)
+            cmbPin->addItem(pinText(row.pin, true, m_pinLabel), row.pin);
+    cmbPin->setCurrentIndex(cmbPin->findData(chosen));
+}
+
+int frmVarTable::chosenPin() const {
+    return cmbPin->currentData().toInt();
+}
+
+void frmVarTable::renewButtons() {
+    const int pin = chosenPin();
+    const bool removable = pin == 0 || !boundTo(m_table, pin).isEmpty(); // without a pin it asks for one
+    if (!removable && cmdRemove->hasFocus()) cmbPin->setFocus();         // not on to the button that closes
+    cmdRemove->setEnabled(removable);
+    cmdApply->setEnabled(pin <= m_pins);
 }
 
 void frmVarTable::chooseRow() {
@@ -124,7 +157,7 @@ void frmVarTable::chooseRow() {
 }
 
 void frmVarTable::choose(const PinRow& row) {
-    cmbPin->setCurrentIndex(row.pin - 1);
+    cmbPin->setCurrentIndex(cmbPin->findData(row.pin));
     if (row.variable.isEmpty()) return; // what was chosen before may be meant for this pin
     cmbGroup->setCurrentIndex(cmbGroup->findText(row.group));
     cmbVariable->setCurrentIndex(cmbVariable->findText(row.variable));
@@ -137,21 +170,20 @@ void frmVarTable::cmbGroup_Click() {
 }
 
 void frmVarTable::cmdApply_Click() {
-    const bool full =
-        cmbPin->currentIndex() >= 0 && cmbGroup->currentIndex() >= 0 && cmbVariable->currentIndex() >= 0;
+    const bool full = chosenPin() > 0 && cmbGroup->currentIndex() >= 0 && cmbVariable->currentIndex() >= 0;
     if (!full) {
         MsgBox(QStringLiteral("Please fill all fields"));
         return;
     }
-    if (m_instrument) fillGrid(assign(*m_instrument, cmbPin->currentIndex() + 1, cmbVariable->currentText()));
+    if (m_instrument) showTable(assign(*m_instrument, chosenPin(), cmbVariable->currentText()));
 }
 
 void frmVarTable::cmdRemove_Click() {
-    if (cmbPin->currentIndex() < 0) {
+    if (chosenPin() == 0) {
         MsgBox(QStringLiteral("Select an input and try again"));
         return;
     }
-    if (m_instrument) fillGrid(remove(*m_instrument, cmbPin->currentIndex() + 1));
+    if (m_instrument) showTable(remove(*m_instrument, chosenPin()));
 }
 
 } // namespace vistor

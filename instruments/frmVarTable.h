@@ -11,6 +11,7 @@
 
 class QComboBox;
 class QFormLayout;
+class QPushButton;
 class QTableWidget;
 
 namespace vistor {
@@ -29,10 +30,14 @@ protected:
     virtual std::vector<PinRow> rowsOf(const PinTable& table) const;
     virtual PinTable assign(Instrument& instrument, int pin, const QString& name);
     virtual PinTable remove(Instrument& instrument, int pin);
+    /// The variable on a pin; empty where there is none to remove.
+    virtual QString boundTo(const PinTable& table, int pin) const;
     /// Puts a row of the grid into the fields.
     virtual void choose(const PinRow& row);
     void addFieldBelowPin(const QString& label, const char* name, QComboBox* box);
     int pinCount() const { return m_pins; }
+    /// Greys what cannot be done to the chosen pin.
+    void renewButtons();
 
     bool m_showsAxis = false; ///< the grid has a column for it
 
@@ -41,7 +46,10 @@ private:
     void insertField(int row, const QString& label, const char* name, QComboBox* box);
     void makeGrid();
     void makeButtons();
-    void fillGrid(const PinTable& table);
+    /// What is bound now, in grid and fields.
+    void showTable(const PinTable& table);
+    void fillPins();
+    int chosenPin() const;
     void cmbGroup_Click();
     void cmdApply_Click();
     void cmdRemove_Click();
@@ -50,11 +58,14 @@ private:
     QPointer<Instrument> m_instrument;
     QString m_pinLabel;
     int m_pins = 0;
+    PinTable m_table;
     std::vector<PinRow> m_rows;
     QTableWidget* grd;
     QComboBox* cmbPin;
     QComboBox* cmbGroup;
     QComboBox* cmbVariable;
+    QPushButton* cmdApply = nullptr;
+    QPushButton* cmdRemove = nullptr;
     QFormLayout* m_fields;
 };
 

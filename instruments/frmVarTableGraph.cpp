@@ -10,6 +10,7 @@ frmVarTableGraph::frmVarTableGraph(QWidget* parent) : frmVarTable(parent), cmbAx
     m_showsAxis = true;
     cmbAxis->addItems({axisName(0), axisName(1)});
     cmbAxis->setCurrentIndex(1);
+    connect(cmbAxis, &QComboBox::currentIndexChanged, this, &frmVarTableGraph::renewButtons);
     addFieldBelowPin(tr("Ax&is"), "cmbAxis", cmbAxis);
 }
 
@@ -27,6 +28,10 @@ PinTable frmVarTableGraph::assign(Instrument& instrument, int pin, const QString
 
 PinTable frmVarTableGraph::remove(Instrument& instrument, int pin) {
     return instrument.RemovePin(pin, axis());
+}
+
+QString frmVarTableGraph::boundTo(const PinTable& table, int pin) const {
+    return table.at(pin, axis());
 }
 
 void frmVarTableGraph::choose(const PinRow& row) {

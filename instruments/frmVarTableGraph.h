@@ -15,6 +15,7 @@ protected:
     std::vector<PinRow> rowsOf(const PinTable& table) const override;
     PinTable assign(Instrument& instrument, int pin, const QString& name) override;
     PinTable remove(Instrument& instrument, int pin) override;
+    QString boundTo(const PinTable& table, int pin) const override;
     void choose(const PinRow& row) override;
 
 private:

@@ -1,12 +1,12 @@
 #include "instruments/frmXYGraph.h"
 
+#include "instruments/NumberBox.h"
 #include "instruments/displays/StripTable.h"
 #include "maths/QtNumberKeys.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QKeyEvent>
-#include <QLineEdit>
 
 namespace vistor {
 
@@ -54,12 +54,12 @@ bool frmXYGraph::eventFilter(QObject* watched, QEvent* event) {
 void frmXYGraph::cmdApply_Click() {
     m_config = {.autoScaleX = AutoScaleXChk->isChecked(),
                 .autoScaleY = AutoScaleYChk->isChecked(),
-                .minimumX = numberIn(txtMinX),
-                .maximumX = numberIn(txtMaxX),
-                .minimumY = numberIn(txtMinY),
-                .maximumY = numberIn(txtMaxY),
-                .bufferSize = numberIn(txtBufSize),
-                .symbolSize = numberIn(txtSymbolSize),
+                .minimumX = numberIn(txtMinX, m_config.minimumX),
+                .maximumX = numberIn(txtMaxX, m_config.maximumX),
+                .minimumY = numberIn(txtMinY, m_config.minimumY),
+                .maximumY = numberIn(txtMaxY, m_config.maximumY),
+                .bufferSize = numberIn(txtBufSize, m_config.bufferSize),
+                .symbolSize = numberIn(txtSymbolSize, m_config.symbolSize),
                 .symbol = wordIn(cmbSymbol, m_config.symbol),
                 .gridX = chkGridX->isChecked(),
                 .gridY = chkGridY->isChecked(),

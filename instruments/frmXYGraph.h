@@ -23,12 +23,12 @@ private:
     XYGraphConfig& m_config;
     QCheckBox* AutoScaleXChk = nullptr;
     QCheckBox* AutoScaleYChk = nullptr;
-    QLineEdit* txtMinX = nullptr;
-    QLineEdit* txtMaxX = nullptr;
-    QLineEdit* txtMinY = nullptr;
-    QLineEdit* txtMaxY = nullptr;
-    QLineEdit* txtBufSize = nullptr;
-    QLineEdit* txtSymbolSize = nullptr;
+    NumberBox* txtMinX = nullptr;
+    NumberBox* txtMaxX = nullptr;
+    NumberBox* txtMinY = nullptr;
+    NumberBox* txtMaxY = nullptr;
+    NumberBox* txtBufSize = nullptr;
+    NumberBox* txtSymbolSize = nullptr;
     QComboBox* cmbSymbol = nullptr;
     QCheckBox* chkGridX = nullptr;
     QCheckBox* chkGridY = nullptr;

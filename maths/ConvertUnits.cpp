@@ -46,8 +46,7 @@ struct alignas(64) PreparedFormula {
     double* u = nullptr;
     double* x = nullptr;
     QVarLengthArray<Feed, 4> feeds; ///< other variables it reads, in the order of the text; seldom many
-    double gain = 1;
-    double offset = 0;
+    GainAndOffset line;
 
     bool isFor(const QString& formula) const {
         return revision == tableRevision && formula.constData() == text.constData() &&
@@ -70,11 +69,7 @@ PreparedFormula prepare(const QString& formula) {
     result.text = formula;
     result.revision = tableRevision;
     result.form = formOf(formula);
-    if (result.form == FormulaForm::GainAndOffset) {
-        const QStringList parts = formula.split(u'$'); // two at least; a part that is missing reads as 0
-        result.gain = ParseNumber(QString(parts.at(1)));
-        result.offset = ParseNumber(QString(parts.value(2)));
-    }
+    result.line = gainAndOffsetOf(formula).value_or(GainAndOffset{});
     return result;
 }
 
@@ -160,6 +155,14 @@ FormulaForm formOf(const QString& formula) {
     return FormulaForm::Expression;
 }
 
+std::optional<GainAndOffset> gainAndOffsetOf(const QString& formula) {
+    const FormulaForm form = formOf(formula);
+    if (form == FormulaForm::Identity) return GainAndOffset{};
+    if (form != FormulaForm::GainAndOffset) return std::nullopt;
+    const QStringList parts = formula.split(u'$'); // two at least; a part that is missing reads as 0
+    return GainAndOffset{ParseNumber(QString(parts.at(1))), ParseNumber(QString(parts.value(2)))};
+}
+
 void createFormulaEvaluators() {
     createScriptObject();
     constantsOfStart = CarConstants;
@@ -178,7 +181,8 @@ bool ConvertValue(const QString& formula, std::int32_t index, float& value, bool
     case FormulaForm::Identity:
         return true;
     case FormulaForm::GainAndOffset: {
-        const auto result = static_cast<float>(known.gain * static_cast<double>(value) + known.offset);
+        const auto result =
+            static_cast<float>(known.line.gain * static_cast<double>(value) + known.line.offset);
         if (std::isfinite(result)) value = result; // an overflow leaves the value alone
         return true;
     }
@@ -209,8 +213,7 @@ bool CheckExpression(const QString& formula, std::vector<std::int32_t>& usedVari
     evaluator.SetVariable(QStringLiteral("x"), 1);
     for (std::int32_t number = 1; number < kVariableCount; ++number)
         evaluator.SetVariable(variableName(number), 1);
-    double value = 0;
-    const bool valid = evaluator.Value(value);
+    const bool valid = evaluator.compiles();
 
     bool used = false;
     usedVariables.assign(kVariableCount, 0); // and so it stays for a faulty text

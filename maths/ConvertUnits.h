@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace vistor {
@@ -21,6 +22,15 @@ enum class FormulaForm : std::uint8_t {
 /// The form of a formula; every text has one.
 FormulaForm formOf(const QString& formula);
 
+/// A formula that is a straight line: gain * raw + offset.
+struct GainAndOffset {
+    double gain = 1;
+    double offset = 0;
+};
+
+/// The line that a formula is by its form (identity, or gain and offset); no value for another form.
+std::optional<GainAndOffset> gainAndOffsetOf(const QString& formula);
+
 /// Makes ScriptObject, then the evaluators of all rows, gives each its row's own formula and the car
 /// constants, and copies the rows' IndexNumber to IndexNumbers. Once, when table and car constants are there.
 void createFormulaEvaluators();
@@ -35,9 +45,9 @@ bool ConvertValue(const QString& formula, std::int32_t index, float& value, bool
 /// finite.
 float EvaluateExpression(const QString& formula, float value, std::int32_t index);
 
-/// Whether an expression evaluates when every name it may use is 1. `usedVariables` gets the numbers it
-/// refers to (at least one element), `usedCarItems` 17 flags: 1 to 10 for CAR_1 to CAR_10, 11 to 16 for CdA
-/// to Humid.
+/// Whether an expression compiles to one result; that a trial value of it is not finite tells nothing of
+/// others. `usedVariables` gets the numbers it refers to (at least one element), `usedCarItems` 17 flags: 1
+/// to 10 for CAR_1 to CAR_10, 11 to 16 for CdA to Humid.
 bool CheckExpression(const QString& formula, std::vector<std::int32_t>& usedVariables,
                      std::vector<bool>& usedCarItems);
 

@@ -7,9 +7,9 @@
 
 namespace vistor {
 
-/// The number behind `key` in a text file of pairs "key, value", parted by commas or line ends, in double
-/// quotes or not. Keys match to the letter and the first match wins; the decimal mark is "." or the locale's.
-/// 0 without such a key. A missing file is made, empty.
+/// The number behind `key` in a text file of pairs "key, value" (`configPairs`). Keys match to the letter and
+/// the first match wins; the decimal mark is "." or ",". 0 without such a key. A missing file is made, empty.
+/// One that cannot be read is told to the person.
 double ReadConfigValue(const QString& path, const QString& key);
 
 /// True when there is something, file or folder, at `path`. The path is cleaned in place first: cut at a NUL,

@@ -39,7 +39,7 @@ Widget* named(Widget* widget, const char* name) {
 QTableWidgetItem* cell(const QString& text, const QString& inserted) {
     auto* item = new QTableWidgetItem(text);
     item->setData(kTextRole, inserted);
-    item->setToolTip(Qt::convertFromPlainText(text.trimmed())); // names come from files
+    item->setToolTip(text.trimmed());
     return item;
 }
 

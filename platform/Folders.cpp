@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFileInfo>
 
 namespace vistor {
 namespace {
@@ -30,14 +29,6 @@ QString programFolder() {
 
 QString deliveredFolder() {
     return withSlash(QDir::cleanPath(programFolder() + QStringLiteral("../../OtherFiles")));
-}
-
-QString bitmapFolder(const QString& workingFolder) {
-    if (QFileInfo(programFolder()).isWritable()) return programFolder();
-    if (workingFolder.isEmpty()) return {};
-    const QString scratch = withSlash(workingFolder) + QStringLiteral("scratch/");
-    QDir().mkpath(scratch);
-    return scratch;
 }
 
 void setProgramFolder(const QString& folder) {

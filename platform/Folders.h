@@ -5,6 +5,9 @@
 
 namespace vistor {
 
+/// Characters of the longest path there is, with the NUL at its end.
+inline constexpr int kLongestPath = 4096;
+
 /// The person's folder for application data: $XDG_CONFIG_HOME, or ".config" in the home folder. Empty when
 /// there is neither.
 QString applicationDataFolder();
@@ -15,10 +18,6 @@ QString programFolder();
 /// The folder of delivered files, reached from the program folder the same way in the build tree and when
 /// installed.
 QString deliveredFolder();
-
-/// Where scratch bitmaps are made, found and deleted: the program folder if it can be written to, else
-/// "scratch/" in the working folder, which is then made. Empty when there is neither.
-QString bitmapFolder(const QString& workingFolder);
 
 /// Puts another program folder in place; an empty text puts the real one back. For tests.
 void setProgramFolder(const QString& folder);

@@ -221,6 +221,20 @@ void IniFile::eachKey(const QByteArray& section, const std::function<bool(std::s
     }
 }
 
+QStringList IniFile::sections() const {
+    QSet<QByteArray> names;
+    m_text->eachSection([&](IniText::Place head) {
+        const QByteArray name = foldedName(headName(m_text->lineAt(head)));
+        if (const Edits* const edits = editsOf(name); !edits || !edits->dropped) names.insert(name);
+    });
+    for (auto it = m_edits.constBegin(); it != m_edits.constEnd(); ++it) {
+        if (!it.value().head.isEmpty()) names.insert(it.key());
+    }
+    QStringList list;
+    for (const QByteArray& name : names) list += QString::fromUtf8(name);
+    return list;
+}
+
 QStringList IniFile::keys(const QString& section) const {
     QSet<QByteArray> names;
     eachKey(foldedName(section), [&names](std::string_view name) {

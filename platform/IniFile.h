@@ -52,6 +52,8 @@ public:
     void removeKey(const QString& section, const QString& key);
     void removeSection(const QString& section);
 
+    /// The names of the sections that can be found, in lower case, in no order.
+    QStringList sections() const;
     /// The keys of a section in lower case, in no order; none where there is no such section.
     QStringList keys(const QString& section) const;
     bool hasKeys(const QString& section) const;

@@ -230,12 +230,23 @@ IniText::Index IniText::indexOf(Place from, const Names& names, qsizetype furthe
     return index;
 }
 
-IniText::Place IniText::section(const QByteArray& name) const {
+const IniText::Index& IniText::heads() const {
     if (m_heads.slots.empty()) {
         m_heads = indexOf(0, count(0, end(), kHeads, false), kHeads);
         if (m_heads.slots.empty()) m_heads.slots.assign(1, kEmpty);
     }
-    return find(m_heads, viewOf(name));
+    return m_heads;
+}
+
+IniText::Place IniText::section(const QByteArray& name) const {
+    return find(heads(), viewOf(name));
+}
+
+void IniText::eachSection(const std::function<void(Place)>& take) const {
+    const std::uint32_t mask = (std::uint32_t{1} << m_placeBits) - 1;
+    for (const std::uint32_t slot : heads().slots) {
+        if (slot != kEmpty) take(slot & mask);
+    }
 }
 
 IniText::Section& IniText::known(Place head) const {

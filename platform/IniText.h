@@ -42,6 +42,8 @@ public:
 
     /// The head of the first section of a folded name.
     Place section(const QByteArray& name) const;
+    /// Hands over the head of the first section of every name, in no order.
+    void eachSection(const std::function<void(Place)>& take) const;
     /// The first line of the section at `head` that has a key of a folded name with "=" inside it `further`
     /// times; or the first behind `behind`.
     Place key(Place head, const QByteArray& name, qsizetype further) const;
@@ -79,6 +81,7 @@ private:
     Place eachNamed(Place from, Place to, qsizetype further, Take take) const;
     Names count(Place from, Place to, qsizetype further, bool toNextHead) const;
     Index indexOf(Place from, const Names& names, qsizetype further) const;
+    const Index& heads() const;
     Place find(const Index& index, std::string_view name) const;
     void insert(Index& index, Place place) const;
     void insert(Index& index, std::uint32_t hash, Place place) const;

@@ -7,6 +7,7 @@
 #include "platform/Notices.h"
 #include "platform/Prompts.h"
 #include "platform/WholeFile.h"
+#include "shell/CarSettings.h"
 #include "variables/GlobalVarsAndTypes.h"
 #include "variables/SetupVariables.h"
 
@@ -19,27 +20,7 @@
 namespace vistor {
 namespace {
 
-constexpr int kPathBuffer = 200;
 constexpr qint64 kLargestDelivered = 32 << 20; ///< bytes
-
-constexpr double kFewestPulses = 0.1;
-constexpr double kMostPulses = 20;
-
-/// The keys of the car file in the order of CarConstants; a null key has a fixed value.
-struct CarConstant {
-    const char* key;
-    float fixed;
-};
-constexpr CarConstant kCarConstants[] = {
-    {"CDAVAL", 0},       {"ROLLINGVAL", 0},   {"CARMASS", 0},      {nullptr, 30.0F},
-    {nullptr, 101.0F},   {nullptr, 0.0F},     {"CARCONSTANT1", 0}, {"CARCONSTANT2", 0},
-    {"CARCONSTANT3", 0}, {"CARCONSTANT4", 0}, {"CARCONSTANT5", 0}, {"CARCONSTANT6", 0},
-    {"CARCONSTANT7", 0}, {"CARCONSTANT8", 0}, {"CARCONSTANT9", 0}, {"CARCONSTANT10", 0}};
-static_assert(std::size(kCarConstants) == std::tuple_size_v<decltype(CarConstants)>);
-
-QString carFile() {
-    return WorkingFolder + QStringLiteral("Car.cfg");
-}
 
 /// False when there is nothing to copy.
 bool copyDefinitions(const QString& from, const QString& target) {
@@ -108,8 +89,9 @@ double ReadCarConstant(const QString& path, const QString& key) {
 }
 
 void readIgnitionPulses() {
-    const double pulses = ReadCarConstant(carFile(), QStringLiteral("IGNTIONPULSESREV"));
-    IgnitionPulsesPerRev = static_cast<float>(Clamp(kFewestPulses, pulses, kMostPulses));
+    const CarSetting& setting = carSettings().front();
+    const double pulses = ReadCarConstant(carFile(), QLatin1String(setting.key));
+    IgnitionPulsesPerRev = static_cast<float>(Clamp(setting.low, pulses, setting.high));
 }
 
 void readDecimalSeparator() {
@@ -118,20 +100,21 @@ void readDecimalSeparator() {
 }
 
 void readCarConstants() {
+    CarConstants.fill(0);
+    CarConstants[3] = 30; // air: degrees Celsius, kPa, and no humidity
+    CarConstants[4] = 101;
     const QString path = carFile();
-    for (std::size_t i = 0; i < CarConstants.size(); ++i) {
-        const CarConstant& constant = kCarConstants[i];
-        CarConstants[i] = constant.fixed;
-        if (!constant.key) continue;
-        const double value = ReadCarConstant(path, QLatin1String(constant.key));
+    for (const CarSetting& setting : carSettings()) {
+        if (setting.constant < 0) continue;
+        const double value = ReadCarConstant(path, QLatin1String(setting.key));
         const auto single = static_cast<float>(ParseNumber(QString::number(value, 'g', 15)));
-        if (std::isfinite(single)) CarConstants[i] = single;
+        if (std::isfinite(single)) CarConstants[static_cast<std::size_t>(setting.constant)] = single;
     }
 }
 
 QString lastLayout() {
     return readIniValue(SettingsPath, QStringLiteral("VXVISTOR"), QStringLiteral("LASTFILE"), QString(),
-                        kPathBuffer);
+                        kLongestPath);
 }
 
 QString offerLayout(const QString& last) {
@@ -141,14 +124,6 @@ QString offerLayout(const QString& last) {
     const QString question = first ? QStringLiteral("Do you want to load default configuration file?")
                                    : QStringLiteral("Do you want to load last configuration file?");
     return MsgBox(question, Icon::None, Buttons::YesNo) == Answer::Yes ? path : QString();
-}
-
-void deleteScratchBitmaps() {
-    const QString path = bitmapFolder(WorkingFolder);
-    if (path.isEmpty()) return;
-    const QDir folder(path);
-    for (const QString& name : folder.entryList({QStringLiteral("*.bmp")}, QDir::Files))
-        QFile::remove(folder.filePath(name));
 }
 
 QString mainWindowTitle() {

@@ -32,9 +32,6 @@ QString lastLayout();
 /// the person wants opened, empty for none.
 QString offerLayout(const QString& last);
 
-/// Deletes the scratch bitmaps, passing over what cannot be deleted.
-void deleteScratchBitmaps();
-
 /// The main window's title, with the version.
 QString mainWindowTitle();
 

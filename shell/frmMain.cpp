@@ -10,7 +10,11 @@
 #include "platform/Events.h"
 #include "platform/Folders.h"
 #include "platform/Prompts.h"
+#include "platform/Scratch.h"
 #include "platform/WholeFile.h"
+#include "shell/CarDialog.h"
+#include "shell/NoticeLine.h"
+#include "shell/RecentFiles.h"
 #include "shell/Startup.h"
 #include "shell/frmHelp.h"
 #include "shell/frmStartSplash.h"
@@ -28,6 +32,7 @@ namespace vistor {
 namespace {
 
 constexpr qint64 kLargestIcon = 16 << 20; ///< bytes
+constexpr QSize kRestoredSize(1000, 560); ///< of the dashboard's window where it is not maximised
 
 bool isYes(const char* question) {
     return MsgBox(QLatin1String(question), Icon::Notice, Buttons::YesNo) == Answer::Yes;
@@ -35,7 +40,7 @@ bool isYes(const char* question) {
 
 } // namespace
 
-frmMain::frmMain() : m_dashboard(new frmInterface) {
+frmMain::frmMain() : m_dashboard(new frmInterface), m_notices(new NoticeLine(this)) {
     setObjectName(QStringLiteral("frmMain"));
     makeMenus();
     makeToolbar();
@@ -43,10 +48,7 @@ frmMain::frmMain() : m_dashboard(new frmInterface) {
     connectDashboard();
     Timer1.setTimerType(Qt::PreciseTimer);
     connect(&Timer1, &QTimer::timeout, this, &frmMain::Timer1_Timer);
-    m_refresh = [this](const QString& name, float value) {
-        ++m_updates;
-        m_dashboard->refreshControls(name, value);
-    };
+    m_refresh = [this](const QString& name, float value) { m_dashboard->refreshControls(name, value); };
 }
 
 frmMain::~frmMain() = default;
@@ -76,6 +78,10 @@ void frmMain::connectDashboard() {
     connect(m_dashboard, &frmInterface::timerWanted, this, &frmMain::setTimer);
     connect(m_dashboard, &frmInterface::sourceChanged, this, &frmMain::renewStatus);
     connect(m_dashboard, &frmInterface::unloaded, this, &frmMain::close);
+    connect(m_dashboard, &frmInterface::profileOpened, this, [this](const QString& path) {
+        m_dashboard->LastProfilePath.clear();
+        keepRecent(withRecentFile(readRecentFiles(SettingsPath), path));
+    });
 }
 
 bool frmMain::MDIForm_Load(const QString& profile) {
@@ -88,8 +94,8 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     setWindowTitle(mainWindowTitle());
     if (!findDefinitionFile()) return false;
     loadDefinitions();
+    readDecimalSeparator(); // before any text is read as a number
     readIgnitionPulses();
-    readDecimalSeparator();
     frmStartSplash splash;
     m_helpFolder = deliveredFolder() + QStringLiteral("help/");
     splash.show();
@@ -97,8 +103,9 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     DoEvents();
     showDashboard();
     const QString last = lastLayout();
+    m_dashboard->LastProfilePath = last;
     setTimer(kTickMilliseconds);
-    deleteScratchBitmaps();
+    deleteForsakenScratch(WorkingFolder);
     splash.close();
     pumpEvents();
     m_dashboard->GenerateIcons();
@@ -108,6 +115,8 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     if (!wanted.isEmpty()) m_dashboard->loadLastFile(wanted);
     readCarConstants();
     createFormulaEvaluators();
+    tellMissingCarNumbers();
+    m_dashboard->tellOfLostWork();
     m_loaded = true;
     if (m_closeWanted) QTimer::singleShot(0, this, &QWidget::close);
     return true;
@@ -115,6 +124,7 @@ bool frmMain::MDIForm_Load(const QString& profile) {
 
 void frmMain::showDashboard() {
     m_dashboard->Form_Load();
+    m_dashboard->parentWidget()->resize(kRestoredSize);
     m_dashboard->parentWidget()->showMaximized();
     m_dashboard->ArrangeSplitter();
     showStatus();
@@ -153,7 +163,7 @@ bool frmMain::shutDown() {
     }
     if (m_properties) m_properties->Form_Unload();
     showProperties(false);
-    deleteScratchBitmaps();
+    deleteScratchFolder();
     m_loaded = false;
     return true;
 }
@@ -183,6 +193,10 @@ void frmMain::openHelp(HelpCommand command) {
     m_help->open(m_helpFolder, command);
 }
 
+void frmMain::editCar() {
+    CarDialog(this).exec();
+}
+
 void frmMain::mnuVXHelp_Click() {
     openHelp(HelpCommand::Index);
 }
@@ -192,7 +206,13 @@ void frmMain::mnuHelpContents_Click() {
 }
 
 void frmMain::mnuAbout_Click() {
-    frmStartSplash(this).exec();
+    auto* about = new frmStartSplash(this);
+    about->setAttribute(Qt::WA_DeleteOnClose);
+    about->open(); // without a loop of its own, which would hold up whatever is under way
+}
+
+void frmMain::showNotices() {
+    m_notices->openList();
 }
 
 void frmMain::openMenu(const QString& name, const QPoint& place) {

@@ -4,6 +4,8 @@
 #include "platform/Folders.h"
 #include "platform/Notices.h"
 #include "platform/Prompts.h"
+#include "platform/QtPlainTexts.h"
+#include "platform/Scratch.h"
 #include "platform/WholeFile.h"
 #include "variables/GlobalVarsAndTypes.h"
 
@@ -21,6 +23,7 @@ class FreshGlobals final : public testing::EmptyTestEventListener {
         vistor::setClock({});
         vistor::setPrompter(nullptr);
         vistor::setProgramFolder({});
+        vistor::deleteScratchFolder();
         vistor::setNoticeListener({});
         vistor::clearNotices();
         vistor::failFileCall(0);
@@ -34,6 +37,7 @@ int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
+    vistor::keepTextsPlain();
     testing::UnitTest::GetInstance()->listeners().Append(new FreshGlobals);
     const int failed = RUN_ALL_TESTS();
     const auto* run = testing::UnitTest::GetInstance();

@@ -1,7 +1,5 @@
 #include "tools/CarMessages.h"
 
-#include "acquisition/StreamEncoder.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -129,10 +127,15 @@ constexpr std::uint16_t kTimeChannel = 1;
 
 } // namespace
 
+std::vector<std::uint8_t> CarMessages::timeFrame(double time) {
+    std::vector<std::uint8_t> frame;
+    const ChannelValue values[] = {{kTimeChannel, time}};
+    appendMessage(frame, kTimeMessage, values);
+    return frame;
+}
+
 std::vector<std::vector<std::uint8_t>> CarMessages::next(const CarSimulation& car) {
-    std::vector<std::vector<std::uint8_t>> frames(1);
-    const ChannelValue time[] = {{kTimeChannel, car.state().time}};
-    appendMessage(frames[0], kTimeMessage, time);
+    std::vector<std::vector<std::uint8_t>> frames = {timeFrame(car.state().time)};
     const bool rests = car.state().speed == 0;
     std::vector<ChannelValue> values;
     for (const MessageKind& kind : kKinds) {

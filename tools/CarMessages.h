@@ -6,6 +6,7 @@
 // sensors, 0.5 to 4.5 for 0 to 100 bar.
 #pragma once
 
+#include "acquisition/StreamEncoder.h"
 #include "tools/CarSimulation.h"
 
 #include <cstdint>
@@ -14,12 +15,14 @@
 namespace vistor {
 
 inline constexpr double kPulsesPerRev = 2;
-inline constexpr int kMessageMilliseconds = 20; ///< between two time messages
+inline constexpr int kMessageMilliseconds = kMostMillisecondsBetweenTimes; ///< between two time messages
 
 class CarMessages {
 public:
     explicit CarMessages(std::uint64_t seed) : m_random(seed) {}
 
+    /// The frame of a time alone, in seconds.
+    static std::vector<std::uint8_t> timeFrame(double time);
     /// The frames of now, the time first, each with both its delimiters. Call it each kMessageMilliseconds.
     std::vector<std::vector<std::uint8_t>> next(const CarSimulation& car);
 

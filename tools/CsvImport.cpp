@@ -2,20 +2,20 @@
 
 #include "acquisition/StreamEncoder.h"
 #include "platform/CodePage.h"
+#include "tools/HeadUnits.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <limits>
 #include <optional>
 
 namespace vistor {
 namespace {
 
 constexpr qsizetype kLongestLine = 1'000'000; // bytes
-constexpr std::size_t kLargestRun = std::numeric_limits<std::int32_t>::max();
 /// Above it 32-bit seconds no longer tell 10 milliseconds apart, and a recording is paced by such.
 constexpr double kLatestTime = 131'072;
+constexpr double kTimeStep = kMostMillisecondsBetweenTimes / 1000.0; // s
 constexpr std::uint8_t kTimeMessage = 1;
 constexpr std::uint8_t kValuesMessage = 2;
 constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
@@ -23,7 +23,16 @@ constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
 struct Column {
     int channel = 0;
     QString head;
+    GainAndOffset toRaw;
+
+    double raw(double value) const { return toRaw.gain * value + toRaw.offset; }
 };
+
+/// What stands in square brackets behind a name; empty where nothing does, or a dash for nothing.
+QString unitOf(const QString& head) {
+    const QString unit = head.section(u'[', 1).section(u']', 0, 0).trimmed();
+    return unit == QLatin1String("-") ? QString() : unit;
+}
 
 /// The fields of a line; no value when a quote is left open.
 std::optional<QByteArrayList> splitFields(const QByteArray& line, char separator) {
@@ -46,10 +55,20 @@ std::optional<QByteArrayList> splitFields(const QByteArray& line, char separator
     return fields;
 }
 
+/// What a head line has most of outside quotes.
 char separatorOf(const QByteArray& head) {
     char best = ',';
-    for (const char candidate : {';', '\t'})
-        if (head.count(candidate) > head.count(best)) best = candidate;
+    qsizetype most = 0;
+    for (const char candidate : {',', ';', '\t'}) {
+        qsizetype count = 0;
+        bool quoted = false;
+        for (const char c : head) {
+            quoted = quoted != (c == '"');
+            count += c == candidate && !quoted ? 1 : 0;
+        }
+        if (count > most) best = candidate;
+        most = std::max(most, count);
+    }
     return best;
 }
 
@@ -64,8 +83,8 @@ std::optional<double> numberOf(const QByteArray& field) {
 
 class Importer {
 public:
-    Importer(QIODevice& in, const CsvOptions& options, const ChannelNames& names)
-        : m_in(in), m_options(options), m_names(names) {}
+    Importer(QIODevice& in, const CsvOptions& options, const Definitions& definitions)
+        : m_in(in), m_options(options), m_units(definitions), m_names(channelNames(definitions.variables)) {}
 
     CsvResult run() {
         m_result.run = runFileHead();
@@ -116,7 +135,7 @@ private:
         for (Column& column : m_columns) {
             const auto index = &column - m_columns.data();
             column.head = QString::fromUtf8(m_fields[index]);
-            if (!resolve(column)) return false;
+            if (!resolve(column) || !findUnit(column)) return false;
             if (seen.contains(column.channel))
                 return failIn(column, QStringLiteral("channel %1 stands in column %2 already")
                                           .arg(column.channel)
@@ -133,7 +152,7 @@ private:
         const QString time = foldedCase(m_options.timeColumn.section(QLatin1Char('['), 0, 0).trimmed());
         bool isNumber = false;
         const int number = name.toInt(&isNumber);
-        if (name == (time.isEmpty() ? QStringLiteral("time") : time))
+        if (name == (time.isEmpty() ? foldedCase(QStringLiteral("Time")) : time))
             column.channel = kTimeVariable;
         else if (isNumber)
             column.channel = number;
@@ -142,6 +161,15 @@ private:
         if (isNumber && (column.channel < 1 || column.channel >= kNoVariable))
             return failIn(column, QStringLiteral("channels go from 1 to 7999"));
         return column.channel > 0 || failIn(column, QStringLiteral("there is no channel of that name"));
+    }
+
+    bool findUnit(Column& column) {
+        const QString unit = unitOf(column.head);
+        if (unit.isEmpty()) return true;
+        const HeadUnit found = m_units.find(column.channel, unit);
+        if (!found.toRaw) return failIn(column, found.problem);
+        column.toRaw = *found.toRaw;
+        return true;
     }
 
     bool readRow() {
@@ -155,7 +183,8 @@ private:
             const auto index = &column - m_columns.data();
             const QByteArray& field = m_fields[index];
             if (field.isEmpty() && index != m_timeColumn) continue;
-            const std::optional<double> value = numberOf(field);
+            std::optional<double> value = numberOf(field);
+            if (value) value = column.raw(*value);
             if (!value || std::isinf(static_cast<float>(*value)) ||
                 (std::isnan(*value) && index == m_timeColumn))
                 return failIn(column, QStringLiteral("\"%1\" is no number").arg(QString::fromUtf8(field)));
@@ -178,25 +207,43 @@ private:
         if (time < 0 || time > kLatestTime)
             return failIn(column, QStringLiteral("times go from 0 to %1 seconds; let them start from zero")
                                       .arg(static_cast<int>(kLatestTime)));
+        return writeTimes(time);
+    }
+
+    /// The row's time, after as many before it as the pace of a recording needs.
+    bool writeTimes(double time) {
+        const double gap = m_result.rows > 0 ? time - m_time : 0;
+        const double steps = std::max(std::ceil(gap / kTimeStep - 1e-6), 1.0);
+        for (double step = 1; step <= steps; ++step) {
+            const ChannelValue now[] = {{kTimeVariable, time - gap * (1 - step / steps)}};
+            appendMessage(m_result.run, kTimeMessage, now);
+            if (!hasRoom()) return false;
+        }
         m_time = time;
         return true;
     }
 
+    bool hasRoom() {
+        if (m_result.run.size() < m_options.largestRun) return true;
+        constexpr double kGigabyte = 1e9;
+        return fail(QStringLiteral("the run file grows above %1 GB")
+                        .arg(static_cast<double>(m_options.largestRun) / kGigabyte, 0, 'g', 2));
+    }
+
     bool writeRow() {
-        const ChannelValue time[] = {{kTimeVariable, m_time}};
-        appendMessage(m_result.run, kTimeMessage, time);
         const std::span<const ChannelValue> values = m_values;
         for (std::size_t from = 0; from < values.size(); from += kMostMessageValues)
             appendMessage(
                 m_result.run, kValuesMessage,
                 values.subspan(from, std::min<std::size_t>(kMostMessageValues, values.size() - from)));
         ++m_result.rows;
-        return m_result.run.size() < kLargestRun || fail(QStringLiteral("the run file grows above 2 GB"));
+        return hasRoom();
     }
 
     QIODevice& m_in;
     const CsvOptions& m_options;
-    const ChannelNames& m_names;
+    const HeadUnits m_units;
+    const ChannelNames m_names;
     CsvResult m_result;
     int m_lineNumber = 0;
     QByteArray m_line;
@@ -219,8 +266,8 @@ ChannelNames channelNames(std::span<const VariableDefinition> table) {
     return names;
 }
 
-CsvResult importCsv(QIODevice& in, const CsvOptions& options, const ChannelNames& names) {
-    return Importer(in, options, names).run();
+CsvResult importCsv(QIODevice& in, const CsvOptions& options, const Definitions& definitions) {
+    return Importer(in, options, definitions).run();
 }
 
 } // namespace vistor

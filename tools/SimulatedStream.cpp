@@ -56,7 +56,9 @@ std::vector<std::uint8_t> simulateRunFile(const SimulationOptions& options) {
     SimulatedStream stream(options);
     std::vector<std::uint8_t> file = runFileHead();
     while (!stream.finished()) {
-        const std::vector<std::uint8_t> bytes = stream.next();
+        const double time = stream.time();
+        std::vector<std::uint8_t> bytes = stream.next();
+        if (bytes.empty()) bytes = CarMessages::timeFrame(time); // a recording's pace goes on in a drop-out
         file.insert(file.end(), bytes.begin(), bytes.end());
     }
     return file;

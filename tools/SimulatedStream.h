@@ -36,7 +36,7 @@ private:
     double m_lapsDone = -1; ///< time at which the last lap ended
 };
 
-/// The whole run, with the head of a run file. `options.laps` must be above 0.
+/// The whole run, with the head of a run file; in a drop-out its times go on. `options.laps` must be above 0.
 std::vector<std::uint8_t> simulateRunFile(const SimulationOptions& options);
 
 } // namespace vistor

@@ -27,6 +27,8 @@ struct Shortest {
         return out << std::string_view(text, static_cast<std::size_t>(end - text));
     }
 };
+template <class Number>
+Shortest(Number) -> Shortest<Number>;
 
 struct Item {
     std::int32_t position = 0;

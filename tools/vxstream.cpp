@@ -1,6 +1,7 @@
 // vxstream: makes, plays and shows streams of the logger.
 #include "maths/LoadAndSaveVariableDefinitions.h"
 #include "platform/CodePage.h"
+#include "platform/Folders.h"
 #include "platform/WholeFile.h"
 #include "tools/CsvImport.h"
 #include "tools/LiveLine.h"
@@ -86,7 +87,8 @@ constexpr OptionText kDumpOptions[] = {
 };
 constexpr OptionText kFromCsvOptions[] = {
     {"out", "Run file to write.", "FILE.run"},
-    {"definitions", "Definition file that the names come from.", "VistorVars.cfg"},
+    {"definitions", "Definition file that names and units come from; the delivered one else.",
+     "VistorVars.cfg"},
     {"time", "Head of the column of times.", "HEAD"},
     {"from-zero", "Take the first row's time off all times."},
 };
@@ -154,26 +156,31 @@ int dump(const QCommandLineParser& parser, const QStringList& files) {
     return std::cout.good() ? kDone : kFailed;
 }
 
-std::optional<ChannelNames> readNames(const QString& path) {
-    if (path.isEmpty()) return ChannelNames();
-    const FileBytes file = readDefinitionFile(path);
-    const auto definitions = readDefinitions(viewOf(file.bytes));
-    if (!definitions) return std::nullopt;
-    return channelNames(definitions->variables);
+QString deliveredDefinitions() {
+    return deliveredFolder() + QStringLiteral("VistorVars.cfg");
+}
+
+/// Those that were named, else the delivered ones where they are there.
+std::optional<Definitions> definitionsAt(const QString& named) {
+    const FileBytes file = readDefinitionFile(named.isEmpty() ? deliveredDefinitions() : named);
+    if (named.isEmpty() && file.missing) return Definitions();
+    return readDefinitions(viewOf(file.bytes));
 }
 
 int fromCsv(const QCommandLineParser& parser, const QStringList& files) {
     const QString out = parser.value(QStringLiteral("out"));
     if (files.size() != 1 || out.isEmpty())
         return complain(QStringLiteral("name one table to read, and --out"), kMisused);
-    const QString definitions = parser.value(QStringLiteral("definitions"));
-    const auto names = readNames(definitions);
-    if (!names) return complain(QStringLiteral("%1: no definition file").arg(definitions));
+    const QString named = parser.value(QStringLiteral("definitions"));
+    const auto definitions = definitionsAt(named);
+    if (!definitions)
+        return complain(
+            QStringLiteral("%1: no definition file").arg(named.isEmpty() ? deliveredDefinitions() : named));
     QFile in;
     const QString unread = openPlainFile(in, files.constFirst());
     if (!unread.isEmpty()) return complain(QStringLiteral("%1: %2").arg(files.constFirst(), unread));
     const CsvOptions options{parser.value(QStringLiteral("time")), parser.isSet(QStringLiteral("from-zero"))};
-    const CsvResult result = importCsv(in, options, *names);
+    const CsvResult result = importCsv(in, options, *definitions);
     if (!result.error.isEmpty())
         return complain(QStringLiteral("%1: %2").arg(files.constFirst(), result.error));
     QString error;
@@ -201,9 +208,10 @@ constexpr struct {
     {"from-csv", fromCsv, kFromCsvOptions, "IN.csv", "make a run file of a table of text",
      "Makes a run file of a table of text. The first line names the columns: \"Time\" (seconds), and for "
      "each "
-     "channel its number or, with --definitions, its physical name. Values are taken as the channel's raw "
-     "values; "
-     "an empty field gives none."},
+     "channel its number or its physical name. A unit in square brackets (\"CoolantTemp [F]\", \"Time "
+     "[ms]\") "
+     "is converted into what the channel expects; values without one are taken as the channel's raw values. "
+     "An empty field gives none."},
 };
 
 int runCommand(const QStringList& arguments) {

@@ -1,7 +1,6 @@
 #include "variables/VariableTreeView.h"
 
 #include "variables/VariableDrag.h"
-#include "variables/VariableEdits.h"
 #include "variables/VariableFilter.h"
 
 #include <QDrag>
@@ -176,10 +175,10 @@ void VariableTreeView::activate(QTreeWidgetItem* item) {
         if (above->isHidden()) return; // the filter leaves the current line where it is
     }
     touch(item);
-    if (targetOf(line->key).kind == LineKind::Group)
+    if (!hasSettings(line->kind))
         item->setExpanded(!item->isExpanded());
     else
-        Q_EMIT lineActivated(QString(line->key)); // the line may be gone before the edit ends
+        Q_EMIT lineActivated(TreeLine(*line)); // the line may be gone before the edit ends
 }
 
 void VariableTreeView::touch(QTreeWidgetItem* item) {
@@ -201,8 +200,7 @@ bool VariableTreeView::viewportEvent(QEvent* event) {
     const QTreeWidgetItem* item = itemAt(help.pos());
     const int room = item ? visualItemRect(item).width() - kPictureSize - 2 * kChipMargin : 0;
     const bool cut = item && fontMetrics().horizontalAdvance(item->text(0)) > room;
-    QToolTip::showText(help.globalPos(), cut ? Qt::convertFromPlainText(item->text(0)) : QString(),
-                       viewport());
+    QToolTip::showText(help.globalPos(), cut ? item->text(0) : QString(), viewport());
     return true;
 }
 

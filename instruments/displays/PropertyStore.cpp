@@ -3,7 +3,6 @@
 #include "variables/SetupVariables.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -30,23 +29,9 @@ std::size_t place(int index, int width, int slot) {
     return static_cast<std::size_t>(index) * static_cast<std::size_t>(width) + static_cast<std::size_t>(slot);
 }
 
-/// The exact number of a text that is one from end to end.
-bool exactNumber(const QString& text, double& value) {
-    const QByteArray bytes = text.trimmed().toLatin1();
-    const auto [end, error] = std::from_chars(bytes.data(), bytes.data() + bytes.size(), value);
-    return error == std::errc() && end == bytes.data() + bytes.size() && std::isfinite(value);
-}
-
-template <class Number>
-QString shortestText(Number value) {
-    constexpr auto kPlainFrom = Number(1e-5);
-    constexpr auto kPlainBelow = Number(1e15);
-    const Number size = std::abs(value);
-    const bool plain = value == 0 || (size >= kPlainFrom && size < kPlainBelow);
-    char buffer[64];
-    const auto end = std::to_chars(buffer, buffer + sizeof buffer, value,
-                                   plain ? std::chars_format::fixed : std::chars_format::scientific);
-    return QString::fromLatin1(buffer, end.ptr - buffer).toUpper();
+/// The number of a text that is one in the form of files.
+std::optional<double> exactNumber(const QString& text) {
+    return text.contains(u',') ? std::nullopt : numberEntered(text);
 }
 
 double initialOf(const PropertyInfo& field, int index) {
@@ -75,16 +60,10 @@ double coerced(PropertyType type, double value, double before) {
 }
 
 double numberOfText(const QString& text) {
-    double value = 0;
-    if (exactNumber(text, value)) return value;
+    if (const auto exact = exactNumber(text)) return *exact;
     if (text.compare(QLatin1String("True"), Qt::CaseInsensitive) == 0) return -1;
     const double read = ParseNumber(QString(text));
     return std::isfinite(read) ? read : 0;
-}
-
-QString textOfNumber(double value, bool single) {
-    if (!std::isfinite(value)) return QStringLiteral("0");
-    return single ? shortestText(static_cast<float>(value)) : shortestText(value);
 }
 
 PropertyStore::PropertyStore(const KindTable& table) : m_table(&table), m_blocks(table.blockCount()) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "instruments/displays/PropertyTable.h"
+#include "platform/NumberText.h"
 
 #include <QString>
 #include <QStringView>
@@ -101,8 +102,5 @@ double coerced(PropertyType type, double value, double before);
 /// The number of a text: exact where the text is a plain number, else as far as a lenient reader gets. The
 /// words of a flag count as -1 and 0.
 double numberOfText(const QString& text);
-
-/// The shortest text that reads back as the same number, with "." as its mark; a single to 32-bit precision.
-QString textOfNumber(double value, bool single = false);
 
 } // namespace vistor

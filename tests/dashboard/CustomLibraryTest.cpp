@@ -1,8 +1,8 @@
 #include "dashboard/CustomLibrary.h"
 
 #include "dashboard/Thumbnails.h"
-#include "platform/Folders.h"
 #include "platform/IniFile.h"
+#include "platform/Scratch.h"
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QImage>
@@ -121,36 +121,49 @@ TEST(CustomLibrary, ForgedCountsAndMissingPartsLeaveWhatCanBeUsed) {
 
 TEST(Thumbnails, OnlyBitmapsInsideTheirFolderAreReadOrDeleted) {
     QTemporaryDir root;
-    QDir(root.path()).mkpath("program/inner.bmp");
-    setProgramFolder(root.filePath("program"));
+    WorkingFolder = root.path() + u'/';
+    const QDir folder(scratchFolder(WorkingFolder));
+    folder.mkpath("inner.bmp");
+    folder.mkpath("x");
+    ASSERT_TRUE(QFile::link(root.filePath("out.bmp"), folder.filePath("link.bmp")));
     QImage image(20, 10, QImage::Format_RGB32);
     image.fill(Qt::red);
-    for (const char* name : {"out.bmp", "program/in.bmp", "program/Big.BMP", "program/.hidden.bmp"})
-        ASSERT_TRUE(image.save(root.filePath(QLatin1String(name)), "BMP"));
-    QFile(root.filePath("program/vistor")).open(QIODevice::WriteOnly);
-    QFile text(root.filePath("program/text.bmp"));
+    ASSERT_TRUE(image.save(root.filePath("out.bmp"), "BMP"));
+    for (const char* name : {"in.bmp", "Big.BMP", ".hidden.bmp"})
+        ASSERT_TRUE(image.save(folder.filePath(QLatin1String(name)), "BMP"));
+    QFile(folder.filePath("vistor")).open(QIODevice::WriteOnly);
+    QFile text(folder.filePath("text.bmp"));
     ASSERT_TRUE(text.open(QIODevice::WriteOnly));
     text.write("no picture");
     text.close();
-    ASSERT_TRUE(QImage(5000, 4, QImage::Format_RGB32).save(root.filePath("program/wide.bmp"), "BMP"));
+    ASSERT_TRUE(QImage(5000, 4, QImage::Format_RGB32).save(folder.filePath("wide.bmp"), "BMP"));
 
     EXPECT_EQ(loadThumbnail("in.bmp").size(), QSize(20, 10));
-    const QStringList bad = {
-        "",       "0",           "../out.bmp", root.filePath("out.bmp"), "..\\out.bmp", "inner.bmp",
-        "vistor", ".hidden.bmp", "absent.bmp"};
+    const QStringList bad = {"",
+                             "0",
+                             "../../out.bmp",
+                             "x/../../../out.bmp",
+                             root.filePath("out.bmp"),
+                             "..\\out.bmp",
+                             "vistor",
+                             ".hidden.bmp",
+                             "absent.bmp",
+                             "link.bmp",
+                             "inner.bmp"};
     for (const QString& name : bad) {
         EXPECT_TRUE(loadThumbnail(name).isNull()) << name.toStdString();
         deleteThumbnail(name);
     }
     EXPECT_TRUE(loadThumbnail("text.bmp").isNull());
     EXPECT_TRUE(loadThumbnail("wide.bmp").isNull());
-    for (const char* name : {"out.bmp", "program/inner.bmp", "program/vistor", "program/.hidden.bmp"})
-        EXPECT_TRUE(QFile::exists(root.filePath(QLatin1String(name)))) << name;
+    EXPECT_TRUE(QFile::exists(root.filePath("out.bmp")));
+    for (const char* name : {"inner.bmp", "vistor", ".hidden.bmp", "link.bmp"})
+        EXPECT_TRUE(folder.exists(QLatin1String(name))) << name;
     deleteThumbnail("in.bmp");
     deleteThumbnail("Big.BMP");
-    EXPECT_FALSE(QFile::exists(root.filePath("program/in.bmp")));
-    EXPECT_FALSE(QFile::exists(root.filePath("program/Big.BMP")));
-    setProgramFolder({});
+    EXPECT_FALSE(QFile::exists(folder.filePath("in.bmp")));
+    EXPECT_FALSE(QFile::exists(folder.filePath("Big.BMP")));
+    deleteScratchFolder();
 }
 
 } // namespace

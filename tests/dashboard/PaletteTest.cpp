@@ -5,8 +5,8 @@
 #include "dashboard/frmInterface.h"
 #include "instruments/Instrument.h"
 #include "platform/Events.h"
-#include "platform/Folders.h"
 #include "platform/IniFile.h"
+#include "platform/Scratch.h"
 #include "tests/ScriptedPrompts.h"
 #include "variables/GlobalVarsAndTypes.h"
 
@@ -23,13 +23,13 @@ namespace {
 class PaletteTest : public testing::Test {
 protected:
     PaletteTest() {
-        setProgramFolder(folder.path());
+        WorkingFolder = folder.path() + u'/';
         SettingsPath = folder.filePath("vxvis.cfg");
         LibraryPath = folder.filePath("VisControl.cfg");
         VariableTable.resize(kVariableCount);
         tableChanged();
     }
-    ~PaletteTest() override { setProgramFolder({}); }
+    ~PaletteTest() override { deleteScratchFolder(); } // before the folder that it is in
     void library(const QByteArray& text) {
         QFile file(LibraryPath);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
@@ -51,7 +51,14 @@ protected:
         EXPECT_EQ(added->geometry(), QRect(40, 30, width, 90));
         window.instruments.removeFrom(window.pic[0]);
     }
-    QStringList bitmaps() { return QDir(folder.path()).entryList({"*.bmp"}, QDir::Files, QDir::Name); }
+    static QDir scratch() { return QDir(scratchFolder(WorkingFolder)); }
+    static QStringList bitmaps() { return scratch().entryList({"*.bmp"}, QDir::Files, QDir::Name); }
+    const QHash<QString, QIcon>& icons() { return window.trvControl->findChild<Palette*>()->IconImage; }
+    /// An entry's icon, once it has been painted with one of its own.
+    QImage seen(const QString& image) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return icons().contains(image); })) << image.toStdString();
+        return icons().value(image).pixmap(56, 56).toImage();
+    }
     QTreeWidgetItem* root(int number) { return window.trvControl->topLevelItem(number); }
     QStringList below(int number) {
         QStringList names;
@@ -77,7 +84,7 @@ TEST_F(PaletteTest, ASnapshotBecomesAnEntryInTreeListAndFile) {
     EXPECT_EQ(prompts.takeWords(), QStringList("Enter configuration name"));
     EXPECT_EQ(below(1), QStringList("lap time"));
     EXPECT_EQ(listed(), QStringList({"Alphanumeric", "lap time"}));
-    EXPECT_FALSE(window.lvControl->item(1)->icon().isNull());
+    seen("2b");
     EXPECT_EQ(customNumber(file(), Kind::Alphanumeric, "blap time"), 1);
     EXPECT_EQ(customList(file(), Kind::Alphanumeric, 1).value(0), QString::number(240 * 15));
     ASSERT_EQ(bitmaps().size(), 1);
@@ -88,7 +95,7 @@ TEST_F(PaletteTest, ASnapshotBecomesAnEntryInTreeListAndFile) {
 TEST_F(PaletteTest, ANameInUseAndACancelLeaveNoBitmap) {
     open();
     define("x");
-    QDir(folder.path()).rename(bitmaps().front(), "kept.bmp"); // the next may come within the same second
+    const QStringList kept = bitmaps();
     prompts.takeWords();
     define("X");
     EXPECT_EQ(prompts.takeWords(),
@@ -98,7 +105,7 @@ TEST_F(PaletteTest, ANameInUseAndACancelLeaveNoBitmap) {
     prompts.inputs.push_back(std::nullopt);
     Instrument* added = window.addInstrument(Kind::Alphanumeric, window.pic[0]);
     added->mnuDefineCustom_Click();
-    EXPECT_EQ(bitmaps(), QStringList("kept.bmp"));
+    EXPECT_EQ(bitmaps(), kept);
     EXPECT_EQ(below(1), QStringList("x"));
     EXPECT_EQ(customEntries(file(), Kind::Alphanumeric).size(), 1U);
 }
@@ -143,45 +150,63 @@ TEST_F(PaletteTest, DeletingTakesTheBitmapThatTheAngularGaugesNameAndNoOther) {
     library(
         "[VXAGAUGE_FILE]\n1=../outside.bmp\n2=gauge2.bmp\n"
         "[VXALPHANUME]\nCNT=2\n1=bone\nbone=1\n2=btwo\nbtwo=2\n[VXALPHANUME_FILE]\n1=own1.bmp\n2=own2.bmp\n");
-    QDir(folder.path()).mkpath("program");
-    setProgramFolder(folder.filePath("program"));
-    for (const char* name : {"outside.bmp", "program/gauge2.bmp", "program/own1.bmp", "program/own2.bmp"})
-        ASSERT_TRUE(QFile(folder.filePath(QLatin1String(name))).open(QIODevice::WriteOnly));
+    for (const char* name : {"../outside.bmp", "gauge2.bmp", "own1.bmp", "own2.bmp"})
+        ASSERT_TRUE(QFile(scratch().filePath(QLatin1String(name))).open(QIODevice::WriteOnly));
     open();
     prompts.answers = {Answer::Yes, Answer::Yes};
     window.trvControl->setCurrentItem(root(1)->child(1));
     QTest::keyClick(window.trvControl, Qt::Key_Delete);
-    EXPECT_FALSE(QFile::exists(folder.filePath("program/gauge2.bmp")));
+    EXPECT_FALSE(scratch().exists("gauge2.bmp"));
     window.trvControl->setCurrentItem(root(1)->child(0));
     QTest::keyClick(window.trvControl, Qt::Key_Delete);
-    for (const char* name : {"outside.bmp", "program/own1.bmp", "program/own2.bmp"})
-        EXPECT_TRUE(QFile::exists(folder.filePath(QLatin1String(name)))) << name;
+    for (const char* name : {"../outside.bmp", "own1.bmp", "own2.bmp"})
+        EXPECT_TRUE(scratch().exists(QLatin1String(name))) << name;
     EXPECT_TRUE(below(1).isEmpty());
 }
 
-TEST_F(PaletteTest, IconsAreMadeForEveryKindAndEntry) {
+TEST_F(PaletteTest, EveryKindHasABitmapAndEveryEntryThePictureOfItsList) {
     IniFile made;
-    for (const char* key : {"bone", "btwo"})
-        addCustomEntry(made, Kind::Alphanumeric, QLatin1String(key), {"1500", "1500"}, 1, "old.bmp");
-    addCustomEntry(made, Kind::AngularGauge, "aone", {"nonsense"}, 0, "old.bmp");
+    const std::unique_ptr<Instrument> dark = makeInstrument(Kind::AngularGauge, nullptr);
+    QStringList list;
+    const int highest = dark->Serialise(list);
+    for (const char* key : {"aone", "atwo"})
+        addCustomEntry(made, Kind::AngularGauge, QLatin1String(key), list, highest, "agauge.bmp/../x.bmp");
+    addCustomEntry(made, Kind::AngularGauge, "athree", {"nonsense"}, 0, "old.bmp");
     ASSERT_TRUE(made.save(LibraryPath));
+    const QByteArray before = made.toBytes();
     open();
     EXPECT_TRUE(window.lvControl->item(0)->icon().isNull()) << "no bitmap, no icon";
     window.GenerateIcons();
     EXPECT_FALSE(window.lvControl->item(0)->icon().isNull());
-    const QStringList found = bitmaps();
-    for (const char* plain : {"agauge.bmp", "alphanume.bmp", "strip.bmp", "xygraph.bmp"})
-        EXPECT_TRUE(found.contains(QLatin1String(plain))) << plain;
-    QStringList names;
-    for (const int number : {1, 2}) names += customThumbnail(file(), Kind::Alphanumeric, number);
-    names += customThumbnail(file(), Kind::AngularGauge, 1);
-    for (const QString& name : names) {
-        EXPECT_EQ(names.count(name), 1) << "two entries never share a bitmap";
-        EXPECT_TRUE(found.contains(name)) << name.toStdString();
-    }
-    const QImage image(folder.filePath("agauge.bmp"));
+    EXPECT_EQ(bitmaps(), QStringList({"agauge.bmp", "alphanume.bmp", "led.bmp", "lgauge.bmp", "odo.bmp",
+                                      "pctbar.bmp", "strip.bmp", "texttag.bmp", "xygraph.bmp"}));
+    const QImage image(scratch().filePath("agauge.bmp"));
     EXPECT_EQ(image.size(), QSize(192, 192)); // 203 less the frame
     EXPECT_NE(image.pixel(96, 96), image.pixel(2, 96));
+    for (const char* name : {"2a", "3a", "4a"}) {
+        const QImage icon = seen(QLatin1String(name));
+        EXPECT_NE(icon.pixel(28, 28), icon.pixel(1, 28)) << name;
+    }
+    EXPECT_EQ(file().toBytes(), before) << "looking changes nothing";
+}
+
+/// A library of thousands costs what is seen of it.
+TEST_F(PaletteTest, IconsAreMadeWhenTheyAreSeen) {
+    IniFile made;
+    constexpr int kEntries = 300;
+    for (int i = 0; i < kEntries; ++i)
+        addCustomEntry(made, Kind::TextTag, QStringLiteral("hentry %1").arg(i),
+                       {"3000", "3000", QString::number(i)}, 2, {});
+    ASSERT_TRUE(made.save(LibraryPath));
+    open();
+    window.trvControl->setCurrentItem(root(7));
+    ASSERT_EQ(listed().size(), kEntries + 1);
+    seen("2h");
+    const auto count = [this] { return static_cast<int>(icons().size()); };
+    EXPECT_LT(count(), kEntries / 2);
+    window.lvControl->scrollToBottom();
+    seen(QString::number(kEntries + 1) + "h");
+    EXPECT_LT(count(), kEntries / 2) << "nothing between them";
 }
 
 TEST_F(PaletteTest, AWrongLibraryLeavesWhatCanBeUsed) {

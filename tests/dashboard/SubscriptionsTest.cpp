@@ -2,7 +2,8 @@
 
 #include "dashboard/Page.h"
 #include "instruments/Instrument.h"
-#include "instruments/displays/NumLedDisplay.h"
+#include "instruments/displays/AngularGaugeDisplay.h"
+#include "instruments/displays/AngularGaugeProperties.h"
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +16,9 @@ namespace {
 class Probe final : public Instrument {
 public:
     Probe(Kind kind, QWidget* page)
-        : Instrument(kind, new NumLedDisplay, page), table(isGraph(kind) ? 6 : 1) {}
+        : Instrument(kind, new AngularGaugeDisplay, page), table(isGraph(kind) ? 6 : 1) {
+        inCTRL().properties().setNumber(GaugeNeedles, 3);
+    }
 
     PinTable curVarTable() const override { return table; }
     void ClearCurrentData() override { ++cleared; }
@@ -119,6 +122,40 @@ TEST_F(SubscriptionsTest, GraphsGetTheirColumnsByAxis) {
     send("Forty", 2);
     EXPECT_EQ(graph->seen, QStringList({"1/0:1", "2/1:1", "1/1:2"}));
     EXPECT_EQ(onlyY->seen, QStringList("1/1:2"));
+}
+
+/// Pin 1 to the last that there is, and one more, whose needle, pointer, portion or track was removed.
+TEST_F(SubscriptionsTest, APinBeyondTheSectionsMovesNothing) {
+    for (const KindInfo& info : kInstrumentKinds) {
+        if (info.kind == Kind::TextTag) continue;
+        instruments.adopt(1, makeInstrument(info.kind, &first));
+        Instrument& instrument = *instruments.all().back().instrument;
+        const std::int16_t sections = instrument.inCTRL().properties().table().parts().pinCountProperty;
+        if (sections != kNoNumber) instrument.inCTRL().properties().setNumber(sections, 3);
+        const auto beyond = static_cast<std::int16_t>(instrument.pinCount() + 1);
+        for (const std::uint8_t axis : {std::uint8_t{0}, std::uint8_t{1}}) {
+            instrument.AssignPin(beyond - 1, axis, QStringLiteral("Five"));
+            instrument.AssignPin(beyond, axis, QStringLiteral("FortyOne"));
+        }
+        table = subscriptionsOf(instruments);
+        const auto state = [&] {
+            QStringList list;
+            instrument.Serialise(list);
+            return list;
+        };
+        const QStringList before = state();
+        send("FortyOne", 77);
+        if (sections != kNoNumber) {
+            instrument.refreshValue(beyond, 77);
+            for (const std::uint8_t axis : {std::uint8_t{0}, std::uint8_t{1}})
+                instrument.refreshValue(beyond, axis, 77);
+        }
+        EXPECT_EQ(state(), before) << info.className;
+        send("Five", 42);
+        EXPECT_NE(state(), before) << info.className << ": the last pin does";
+        instruments.removeFrom(&first);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 }
 
 TEST_F(SubscriptionsTest, NamesThatAreNoneDoNoHarm) {

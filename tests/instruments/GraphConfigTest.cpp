@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
@@ -61,7 +62,7 @@ TEST(frmStripConfig, EditsTheGraphByKeys) {
         EXPECT_TRUE(dialog.findChild<QLineEdit*>("ConfigValueTxt2")->isEnabled());
         type(dialog, "ConfigValueTxt0", "12.5");
         type(dialog, "ConfigValueTxt1", "-5");
-        type(dialog, "ConfigValueTxt2", "x");
+        type(dialog, "ConfigValueTxt2", "2,5");
         press(dialog, "chkShowNum");
         press(dialog, "cmbGrid", Qt::Key_Home);
         press(dialog, "cmbLine", Qt::Key_End);
@@ -76,7 +77,7 @@ TEST(frmStripConfig, EditsTheGraphByKeys) {
         double value;
     } expected[] = {{StripLength, 12.5},
                     {StripMinimumY, -5},
-                    {StripMaximumY, 0},
+                    {StripMaximumY, 2.5},
                     {GraphAutoScaleY, 0},
                     {StripGrid, 0},
                     {StripLineStyle, 4},
@@ -139,6 +140,43 @@ TEST(GraphConfig, WhatWasNotTouchedStaysAsItWas) {
         graph->Serialise(after);
         for (qsizetype i = 0; i < before.size(); ++i) EXPECT_EQ(after.value(i), before.value(i)) << i;
     }
+}
+
+TEST(GraphConfig, WhatIsNoNumberStaysInTheWindowAndIsMarked) {
+    VXXYGRAPH graph(nullptr);
+    graph.show();
+    PropertyStore& p = graph.inCTRL().properties();
+    p.setNumber(GraphAutoScaleX, 0);
+    p.setNumber(StripOrigin, 0.9);
+    p.setNumber(StripLength, 2);
+    inDialog(graph, [&](QDialog& dialog) {
+        EXPECT_EQ(dialog.findChild<QLineEdit*>("txtMaxX")->text(), "2.9");
+        type(dialog, "txtMinY", "ten"); // locked: it takes no part
+        const auto reddest = [&] {
+            const QImage box = dialog.findChild<QLineEdit*>("txtMaxX")->grab().toImage();
+            int most = 0;
+            for (int x = 0; x < box.width(); ++x)
+                most = qMax(most, box.pixelColor(x, 1).red() - box.pixelColor(x, 1).blue());
+            return most;
+        };
+        const int before = reddest();
+        for (const char* wrong : {"ten", "", "2,5,1", "1e999"}) {
+            type(dialog, "txtMaxX", wrong);
+            if (!*wrong) press(dialog, "txtMaxX", Qt::Key_Delete);
+            EXPECT_GT(reddest(), before + 50) << wrong;
+            press(dialog, "cmdApply");
+            EXPECT_TRUE(dialog.isVisible()) << wrong;
+            EXPECT_EQ(dialog.findChild<QLineEdit*>("txtMaxX")->text(), wrong);
+            EXPECT_FALSE(dialog.findChild<QLabel*>("problem")->text().isEmpty()) << wrong;
+            EXPECT_EQ(dialog.focusWidget()->objectName(), "txtMaxX") << wrong;
+        }
+        type(dialog, "txtMaxX", "5,9");
+        EXPECT_TRUE(dialog.findChild<QLabel*>("problem")->text().isEmpty());
+        press(dialog, "cmdApply");
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    EXPECT_EQ(p.number(StripLength), 5);
+    EXPECT_EQ(p.number(StripMinimumY), VXXYGRAPH(nullptr).inCTRL().properties().number(StripMinimumY));
 }
 
 TEST(GraphConfig, CancelChangesNothing) {

@@ -5,7 +5,7 @@
 #include "instruments/Snapshot.h"
 #include "instruments/displays/InnerDisplay.h"
 #include "instruments/displays/NumLedDisplay.h"
-#include "platform/Folders.h"
+#include "platform/Scratch.h"
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QDateTime>
@@ -313,7 +313,7 @@ TEST(Instrument, SnapshotIsNamedByTheTime) {
 
 TEST(Instrument, SnapshotIsSavedInOneSize) {
     const QTemporaryDir folder;
-    setProgramFolder(folder.path());
+    WorkingFolder = folder.path() + u'/';
     const auto instrument = shownReadout();
     QStringList order;
     QObject::connect(instrument.get(), &Instrument::SnapshotBegin, [&] { order << "begin"; });
@@ -324,12 +324,12 @@ TEST(Instrument, SnapshotIsSavedInOneSize) {
         name = file;
     });
     instrument->mnuDefineCustom_Click();
-    setProgramFolder({});
     EXPECT_EQ(order, (QStringList{"begin", "end", "defined"}));
     EXPECT_EQ(instrument->size(), kSize);
-    const QImage picture(folder.filePath(name));
+    const QImage picture(scratchFolder(WorkingFolder) + name);
     EXPECT_EQ(picture.size(), QSize(192, 192));
     EXPECT_NE(picture.pixelColor(0, 100), QColor(Qt::white)) << "the frame is left out";
+    deleteScratchFolder();
 }
 
 TEST(InstrumentKinds, NamesAreFoundInTheirOrder) {

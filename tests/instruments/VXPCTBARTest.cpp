@@ -139,6 +139,8 @@ TEST(VXPCTBAR, ValuesGoToThePortionOfTheirPin) {
     EXPECT_EQ(p.number(PortionValue, 1), 1);
     EXPECT_EQ(p.number(PortionValue, 2), 2);
     EXPECT_EQ(p.number(PortionValue, 0), 3) << "the last pin wraps round";
+    for (const int pin : {0, 4, 5, 6, -1}) bar.refreshValue(std::int16_t(pin), 99);
+    for (const int section : {0, 1, 2}) EXPECT_NE(p.number(PortionValue, section), 99) << "no such portion";
 }
 
 TEST(VXPCTBAR, MovingPortionsLeaveNoTrace) {

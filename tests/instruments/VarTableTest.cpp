@@ -141,6 +141,63 @@ TEST(frmVarTable, ALineOfTheGridFillsTheFields) {
     });
 }
 
+TEST(frmVarTable, APinBeyondTheNeedlesIsShownAsSuchAndCanBeRemoved) {
+    fillTable();
+    VXAGAUGE gauge(nullptr);
+    gauge.inCTRL().properties().setNumber(GaugeNeedles, 3);
+    gauge.AssignPin(1, "EngineSpeed");
+    gauge.AssignPin(3, "RoadSpeed");
+    gauge.inCTRL().properties().setNumber(GaugeNeedles, 2);
+    gauge.show();
+    inWindow(gauge, [&](const Window& window) {
+        ASSERT_EQ(window.grid().rowCount(), 3);
+        EXPECT_EQ(window.row(2), (QStringList{"3 (no needle)", "RoadSpeed", "Standard variables"}));
+        window.choose("cmbPin", "3 (no needle)");
+        window.choose("cmbGroup", "Standard variables");
+        window.choose("cmbVariable", "EngineSpeed");
+        EXPECT_FALSE(window.dialog.findChild<QPushButton*>("cmdApply")->isEnabled());
+        window.press("cmdRemove");
+        EXPECT_EQ(window.grid().rowCount(), 2);
+        EXPECT_EQ(window.list("cmbPin").count(), 2);
+        EXPECT_TRUE(window.dialog.findChild<QPushButton*>("cmdApply")->isEnabled());
+    });
+    EXPECT_EQ(gauge.curVarTable().upperBound(), 1);
+    EXPECT_EQ(gauge.curVarTable().count(), 1);
+}
+
+TEST(frmVarTable, RemoveIsGreyWhereNothingIsBound) {
+    fillTable();
+    VXAGAUGE gauge(nullptr);
+    gauge.inCTRL().properties().setNumber(GaugeNeedles, 2);
+    gauge.AssignPin(1, "EngineSpeed");
+    gauge.show();
+    ScriptedPrompts prompts;
+    inWindow(gauge, [&](const Window& window) {
+        auto* remove = window.dialog.findChild<QPushButton*>("cmdRemove");
+        window.choose("cmbPin", "2");
+        EXPECT_FALSE(remove->isEnabled());
+        for (int i = 0; i < 3; ++i) remove->click();
+        EXPECT_EQ(gauge.curVarTable().count(), 1) << "what is bound still gets its values";
+        window.choose("cmbPin", "1");
+        EXPECT_TRUE(remove->isEnabled());
+        remove->setFocus();
+        window.press("cmdRemove");
+        EXPECT_FALSE(remove->isEnabled());
+        EXPECT_EQ(window.dialog.focusWidget(), &window.list("cmbPin")) << "the next press closes nothing";
+    });
+    EXPECT_EQ(gauge.curVarTable().count(), 0);
+
+    VXXYGRAPH graph(nullptr);
+    graph.AssignPin(1, std::uint8_t{0}, "EngineSpeed");
+    graph.show();
+    inWindow(graph, [&](const Window& window) {
+        window.choose("cmbPin", "1");
+        EXPECT_FALSE(window.dialog.findChild<QPushButton*>("cmdRemove")->isEnabled()) << "Y of it";
+        QTest::keyClick(&window.list("cmbAxis"), Qt::Key_Home);
+        EXPECT_TRUE(window.dialog.findChild<QPushButton*>("cmdRemove")->isEnabled());
+    });
+}
+
 TEST(frmVarTableGraph, BindsTheAxesOfTracks) {
     fillTable();
     VXXYGRAPH graph(nullptr);

@@ -129,6 +129,15 @@ TEST(IniFile, FileIsReplacedAsAWhole) {
     EXPECT_EQ(readIniValue(dir.path(), "S", "k", "folder", 200), "folder");
 }
 
+TEST(IniFile, SectionsThatCanBeFound) {
+    IniFile file = IniFile::parse("a=1\n[ One ]\nx=1\n[two\n[ONE]\n[gone]\ny=2\n[]\n");
+    file.removeSection("Gone");
+    file.setValue("Three", "k", "v");
+    QStringList names = file.sections();
+    names.sort();
+    EXPECT_EQ(names, QStringList({"", "one", "three", "two"}));
+}
+
 TEST(IniFile, LeadingNumbers) {
     const std::pair<const char*, double> cases[] = {
         {"12", 12}, {" 12 twips", 12}, {"-3.5x", -3.5}, {"1e3", 1000}, {"1 2", 12},

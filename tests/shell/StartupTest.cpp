@@ -98,15 +98,6 @@ TEST_F(StartupTest, CarConstantsSurviveACommaLocale) {
     }
 }
 
-TEST_F(StartupTest, OnlyScratchBitmapsAreDeleted) {
-    for (const char* name : {"1.bmp", "notes.txt", "sub/2.bmp"})
-        write(programFolder() + QLatin1String(name), "x");
-    deleteScratchBitmaps();
-    EXPECT_FALSE(QFile::exists(programFolder() + "1.bmp"));
-    EXPECT_TRUE(QFile::exists(programFolder() + "notes.txt"));
-    EXPECT_TRUE(QFile::exists(programFolder() + "sub/2.bmp"));
-}
-
 TEST(Options, WordsAreCheckedBeforeAnythingOpens) {
     struct Case {
         QStringList words;
@@ -124,6 +115,12 @@ TEST(Options, WordsAreCheckedBeforeAnythingOpens) {
         {{"vistor", "--source"}, false},
         {{"vistor", "--nonsense"}, false},
         {{"vistor", "layout.vis"}, false},
+        // Those of the toolkit, in all their forms, and nothing that only looks like one of them.
+        {{"vistor", "-platform", "offscreen", "-style", "windows", "--play"}, true},
+        {{"vistor", "--platform", "offscreen", "-style=windows", "-reverse", "--widgetcount"}, true},
+        {{"vistor", "-platform", "offscreen", "layout.vis"}, false},
+        {{"vistor", "-platforms", "offscreen"}, false},
+        {{"vistor", "-reverse", "--nonsense"}, false},
     };
     for (const Case& c : cases)
         EXPECT_EQ(readOptions(c.words).problem.isEmpty(), c.fine) << qPrintable(c.words.join(u' '));
@@ -131,6 +128,8 @@ TEST(Options, WordsAreCheckedBeforeAnythingOpens) {
     EXPECT_TRUE(options.play && options.tab == 3);
     EXPECT_EQ(options.source, "FIL,a.run");
     EXPECT_EQ(options.exitAfter, 2.5);
+    EXPECT_FALSE(options.styleChosen);
+    EXPECT_TRUE(readOptions({"vistor", "--style=windows"}).styleChosen);
 }
 
 } // namespace

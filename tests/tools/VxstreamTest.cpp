@@ -39,7 +39,7 @@ private:
 };
 
 TEST_F(Vxstream, CsvToRunToText) {
-    write("in.csv", "Time,2,30\n0,3000,48.25\n0.25,3100.5,\n");
+    write("in.csv", "Time,2,30\n0,3000,48.25\n0.015625,3100.5,\n");
     const Outcome made =
         run({QStringLiteral("from-csv"), path("in.csv"), QStringLiteral("--out"), path("a.run")});
     EXPECT_EQ(made.code, 0) << made.errors;
@@ -50,17 +50,17 @@ TEST_F(Vxstream, CsvToRunToText) {
     EXPECT_EQ(run({QStringLiteral("dump"), path("a.run")}).out, "run file, version 200\n"
                                                                 "8: message 1  1=0\n"
                                                                 "24: message 2  2=3000, 30=48.25\n"
-                                                                "46: message 1  1=0.25\n"
+                                                                "46: message 1  1=0.015625\n"
                                                                 "60: message 2  2=3100.5\n"
                                                                 "73: skipped 2 bytes, wrong length\n"
                                                                 "76: 1 bytes without a closing delimiter\n");
     EXPECT_EQ(run({QStringLiteral("dump"), QStringLiteral("--summary"), path("a.run")}).out,
               "run file, version 200\n"
               "4 messages, 5 values, 1 skipped\n"
-              "time 0 to 0.25 s\n"
+              "time 0 to 0.015625 s\n"
               "message 1: 2\n"
               "message 2: 2\n"
-              "channel 1: 2 values, 0 to 0.25, last 0.25\n"
+              "channel 1: 2 values, 0 to 0.015625, last 0.015625\n"
               "channel 2: 2 values, 3000 to 3100.5, last 3100.5\n"
               "channel 30: 1 values, 48.25 to 48.25, last 48.25\n"
               "skipped, wrong length: 1 times, 2 bytes\n"
@@ -72,7 +72,10 @@ TEST_F(Vxstream, NamesComeFromTheDefinitions) {
     const QString delivered = QStringLiteral(VISTOR_SOURCE_DIR "/OtherFiles/VistorVars.cfg");
     const QStringList common = {QStringLiteral("from-csv"), path("in.csv"), QStringLiteral("--out"),
                                 path("a.run"), QStringLiteral("--definitions")};
-    EXPECT_EQ(run(common + QStringList{delivered}).errors, "");
+    for (const QStringList& arguments : {common + QStringList{delivered}, common.mid(0, 4)}) {
+        EXPECT_EQ(run(arguments).errors, "") << "the delivered definitions are taken unasked";
+        EXPECT_TRUE(QFile::exists(path("a.run")));
+    }
     EXPECT_EQ(run({QStringLiteral("dump"), path("a.run")}).out, "run file, version 200\n"
                                                                 "8: message 1  1=0\n"
                                                                 "24: message 2  2=3000, 72=90.5, 204=2.5\n");
@@ -105,10 +108,10 @@ TEST_F(Vxstream, Complaints) {
         {args("simulate --port /dev/null --baud 5000"), 1,
          QStringLiteral("vxstream: 5000 bits per second is no speed of a line\n")},
         {args("simulate --laps 1 --out /nowhere/a.run"), 1,
-         QStringLiteral("vxstream: /nowhere/a.run: there is no such file or folder\n")},
+         QStringLiteral("vxstream: /nowhere/a.run: No such file or directory\n")},
         {args("dump"), 2, QStringLiteral("vxstream: name one file to dump\n")},
         {args("dump /nowhere/a.run"), 1,
-         QStringLiteral("vxstream: /nowhere/a.run: there is no such file or folder\n")},
+         QStringLiteral("vxstream: /nowhere/a.run: No such file or directory\n")},
         {args("from-csv in.csv"), 2, QStringLiteral("vxstream: name one table to read, and --out\n")},
         {{QStringLiteral("from-csv"), csv, QStringLiteral("--out"), path("a.run")},
          1,
