@@ -1,5 +1,6 @@
 #include "acquisition/HandleSerialData.h"
 
+#include "acquisition/DataSource.h"
 #include "acquisition/StreamDecoder.h"
 #include "platform/Clock.h"
 #include "platform/Events.h"
@@ -13,6 +14,9 @@ namespace vistor {
 namespace {
 
 constexpr std::int32_t kCompactionThreshold = 1'000'000;
+constexpr std::int64_t kWindow = 1 << 18; ///< bytes that one call of the decoder may look through
+
+StreamCounts counts;
 
 /// What one call of the decoder delivers.
 struct Message {
@@ -54,12 +58,26 @@ void divideByPulses(double& pulses) {
     if (std::isfinite(quotient) || !std::isfinite(pulses)) pulses = quotient;
 }
 
+/// Tells when an event, one inside a formula's message box for example, ended the play or opened another
+/// source: what was begun is not gone on with then.
+class Stop {
+public:
+    bool operator()() const { return (m_playing && !PlayMode) || m_opening != dataSourceOpenings(); }
+
+private:
+    bool m_playing = PlayMode;
+    std::uint32_t m_opening = dataSourceOpenings();
+};
+
 /// Sends each value of a message through the pipeline. `output` lives as long as the decoding call: a sample
 /// whose transformation fails takes the value of the sample before it.
-void processMessage(Message& message, TickValueArray& values, TickFlagArray& updated, float& output) {
+void processMessage(Message& message, TickValueArray& values, TickFlagArray& updated, float& output,
+                    const Stop& stop) {
+    ++counts.messages;
+    counts.samples += static_cast<std::uint64_t>(message.count);
     if (message.number == kEngineSpeedMessage) divideByPulses(message.values[0]);
     prefetchRows(message);
-    for (std::size_t i = 0; i < static_cast<std::size_t>(message.count); ++i) {
+    for (std::size_t i = 0; i < static_cast<std::size_t>(message.count) && !stop(); ++i) {
         const std::int32_t channel = message.channels[i];
         if (!isVariable(channel)) continue;
         const auto index = static_cast<std::size_t>(channel);
@@ -101,10 +119,10 @@ bool hasFormula(const VariableDefinition& row) {
 }
 
 /// Recomputes the calculated rows in the order of their numbers, whether or not anything arrived.
-void runCalculatedRows(TickValueArray& values, TickFlagArray& updated, float& output) {
+void runCalculatedRows(TickValueArray& values, TickFlagArray& updated, float& output, const Stop& stop) {
     // The list is asked for anew each time: a message box of a faulty formula lets other work run, a load
     // among it.
-    for (std::size_t i = 0; i < calculatedRows().size(); ++i) {
+    for (std::size_t i = 0; i < calculatedRows().size() && !stop(); ++i) {
         const std::int32_t number = calculatedRows()[i];
         const auto index = static_cast<std::size_t>(number);
         if (!hasFormula(VariableTable[index])) {
@@ -114,9 +132,45 @@ void runCalculatedRows(TickValueArray& values, TickFlagArray& updated, float& ou
         }
         updated[index] = kTrue16;
         TransformSample(number, values[index], output);
-        const auto now = static_cast<double>(static_cast<float>(Timer()));
-        values[index] = ProcessSample(number, output, now);
+        values[index] = ProcessSample(number, output, timeStamp(Timer()));
         LastValue[index] = values[index];
+    }
+}
+
+/// The next message, looked for in the window behind StreamPos: a run of junk, however long, is gone through
+/// window by window. kNoMessageNow only at the end of all bytes.
+void decodeNext(StreamDecoder& decoder, const std::vector<std::uint8_t>& bytes, Message& message) {
+    const auto last = static_cast<std::int64_t>(bytes.size()) - 1;
+    const std::int64_t end = std::min(last, StreamPos + kWindow);
+    decoder.DecodeMessage(bytes, StreamPos, static_cast<std::int32_t>(end), message.values, message.channels,
+                          message.count, message.bytes, message.second, message.third, message.number,
+                          message.status, true);
+    if (message.status == kNoMessageNow && end < last) message.status = kJunkSkipped;
+}
+
+/// Gets more bytes once those that are there are used up; true when some came.
+bool hasMore(std::vector<std::uint8_t>& bytes, const SliceLimits& limits) {
+    compact(bytes);
+    return limits.more && limits.more(bytes);
+}
+
+SliceEnd decodeMessages(std::vector<std::uint8_t>& bytes, TickValueArray& values, TickFlagArray& updated,
+                        float& targetTime, bool paced, const SliceLimits& limits, float& output,
+                        const Stop& stop) {
+    StreamDecoder decoder;
+    Message message;
+    while (true) {
+        const bool pumped = DoEvents();
+        if (stop()) return SliceEnd::stopped;
+        if (!HasBytes(bytes)) return SliceEnd::outOfBytes;
+        decodeNext(decoder, bytes, message);
+        if (message.status == kMessageDecoded) {
+            processMessage(message, values, updated, output, stop);
+            if (paced && reachesTarget(message, targetTime)) return SliceEnd::targetReached;
+        } else if (message.status == kNoMessageNow && !hasMore(bytes, limits)) {
+            return SliceEnd::outOfBytes;
+        }
+        if (pumped && std::chrono::steady_clock::now() >= limits.until) return SliceEnd::timeOver;
     }
 }
 
@@ -137,25 +191,26 @@ void ConcatanateBytes(std::vector<std::uint8_t>& target, std::vector<std::uint8_
     addition = {};
 }
 
+SliceEnd decodeSlice(std::vector<std::uint8_t>& bytes, TickValueArray& values, TickFlagArray& updated,
+                     float& targetTime, bool paced, const SliceLimits& limits) {
+    float output = 0;
+    const Stop stop;
+    if (StreamPos >= static_cast<std::int64_t>(bytes.size())) StreamPos = 0;
+    const SliceEnd end = decodeMessages(bytes, values, updated, targetTime, paced, limits, output, stop);
+    if (end == SliceEnd::stopped || stop()) return SliceEnd::stopped;
+    compact(bytes);
+    runCalculatedRows(values, updated, output, stop);
+    return end;
+}
+
 void DecodeStream(std::vector<std::uint8_t>& bytes, TickValueArray& values, TickFlagArray& updated,
                   float& targetTime, bool paced) {
-    StreamDecoder decoder;
-    Message message;
-    float output = 0;
     if (targetTime < 0) StreamPos = 0;
-    if (StreamPos >= static_cast<std::int64_t>(bytes.size())) StreamPos = 0;
-    while (message.status != kNoMessageNow) {
-        DoEvents();
-        if (!HasBytes(bytes)) break; // also when an event closed the source in the middle of a burst
-        decoder.DecodeMessage(bytes, StreamPos, static_cast<std::int32_t>(bytes.size()) - 1, message.values,
-                              message.channels, message.count, message.bytes, message.second, message.third,
-                              message.number, message.status, true);
-        if (message.status != kMessageDecoded) continue;
-        processMessage(message, values, updated, output);
-        if (paced && reachesTarget(message, targetTime)) break;
-    }
-    compact(bytes);
-    runCalculatedRows(values, updated, output);
+    decodeSlice(bytes, values, updated, targetTime, paced, {});
+}
+
+const StreamCounts& streamCounts() {
+    return counts;
 }
 
 } // namespace vistor

@@ -17,6 +17,8 @@ inline constexpr ModeCommand kModeCommands[] = {
     {"mnuLoadConfig", true, false},
     {"mnuSaveAs", true, false},
     {"mnuSaveConfig", true, false},
+    {"mnuOpenRecent", true, false},
+    {"mnuRecover", true, false},
     {"mnuLoadVarInfo", true, false},
     {"mnuSaveVarInfo", true, false},
     {"mnuView", true, false},

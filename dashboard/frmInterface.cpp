@@ -1,6 +1,7 @@
 #include "dashboard/frmInterface.h"
 
 #include "dashboard/Palette.h"
+#include "dashboard/RecoveryKeeper.h"
 #include "instruments/Instrument.h"
 #include "platform/Events.h"
 #include "platform/Twips.h"
@@ -20,6 +21,7 @@ constexpr int kNarrowest = 60;      ///< twips that a page is narrower than the 
 constexpr int kLowest = 360;        ///< and lower
 constexpr int kHighestDrag = 12200; ///< twips; beyond it a page does not follow while a border is dragged
 constexpr int kNoLimit = 1 << 24;
+constexpr QSize kLeastSize(480, 320); ///< pixels; room for all panes
 
 template <class View>
 View* named(View* view, const char* name) {
@@ -42,6 +44,7 @@ frmInterface::frmInterface(QWidget* parent)
       m_palette(new Palette(trvControl, lvControl)) {
     setObjectName(QStringLiteral("frmInterface"));
     setWindowTitle(QStringLiteral("Untitled"));
+    setMinimumSize(kLeastSize);
     makePanes();
     addPage();
     mainTab->TabCaption(0, QStringLiteral("VX"));
@@ -89,6 +92,7 @@ void frmInterface::Form_Load() {
     takeVariableTable();
     setCommandsForMode();
     enablePaste(m_pasteEnabled);
+    beginRecovery();
 }
 
 void frmInterface::applySettings() {
@@ -111,9 +115,11 @@ void frmInterface::applySettings() {
 bool frmInterface::Form_Unload() {
     if (!m_loaded) return true;
     if (ProfileChanged && !askToSave()) return false;
+    keepLayout(RecoveryReason::NotSaved);
     m_loaded = false;
     ++m_clearings;
     storeSettings();
+    endRecovery();
     return true;
 }
 
@@ -125,7 +131,8 @@ void frmInterface::storeSettings() {
     writeWindowGeometry(file,
                         {ControlManager1->paneBox(kPalettePane), bar, ControlManager1->paneBox(kVariablePane),
                          ControlManager1->paneBox(kPagesPane)});
-    file.setValue(QStringLiteral("VXVISTOR"), QStringLiteral("LASTFILE"), ProfilePath);
+    file.setValue(QStringLiteral("VXVISTOR"), QStringLiteral("LASTFILE"),
+                  ProfilePath.isEmpty() ? LastProfilePath : ProfilePath);
     file.saveOrTell(SettingsPath, QStringLiteral("The settings"));
 }
 
@@ -137,6 +144,12 @@ void frmInterface::closeEvent(QCloseEvent* event) {
     const bool wasLoaded = m_loaded;
     event->setAccepted(Form_Unload());
     if (wasLoaded && event->isAccepted()) Q_EMIT unloaded();
+}
+
+void frmInterface::resizeEvent(QResizeEvent*) {
+    if (outerWindow().isMinimized()) return;
+    m_outerSize = outerWindow().size();
+    m_outerMaximised = outerWindow().isMaximized();
 }
 
 void frmInterface::ArrangeSplitter() {
@@ -189,13 +202,23 @@ void frmInterface::showPageInFront() {
     for (Page* page : pic) page->setVisible(page->number() == CurrentTab);
 }
 
+/// What stands behind gets no values until it comes to the front.
+void frmInterface::interruptHidden() {
+    for (const InstrumentElement& element : instruments.all()) {
+        const Page* page = pageOf(*element.instrument);
+        if (page && page->number() != CurrentTab) element.instrument->interruptData();
+    }
+}
+
 void frmInterface::mainTab_Click() {
     CurrentTab = static_cast<std::int16_t>(mainTab->Tab());
     showPageInFront();
+    interruptHidden();
 }
 
 void frmInterface::mainTab_MouseDown(Qt::MouseButton button, const QPoint& place) {
     if (PlayMode || button != Qt::RightButton) return;
+    mainTab->Tab(mainTab->tabAt(place)); // the menu's entries act on the one in front
     Q_EMIT commandEnabled(QStringLiteral("mnuClosePane"), mainTab->Tab() == mainTab->Tabs() - 1);
     Q_EMIT menuWanted(QStringLiteral("mnuDropDown2"), place);
 }

@@ -14,6 +14,10 @@
 
 #include <QPointer>
 #include <QStringList>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
 
 class QLineEdit;
 class QListWidget;
@@ -21,10 +25,15 @@ class QTreeWidget;
 
 namespace vistor {
 
+class IniFile;
 class Palette;
+class RecoveryKeeper;
+enum class RecoveryReason;
 class VariableTreeView;
+struct RecoveryCopy;
 struct Profile;
 struct ProfileInstrument;
+struct TreeLine;
 
 class frmInterface : public QWidget {
     Q_OBJECT
@@ -46,7 +55,8 @@ public:
     QStringList ClipboardImage;         ///< the instrument's list
     bool HasProfilePath = false;
     QString ProfilePath;
-    float SavedLeft = 0; ///< twips; of an instrument while its picture is taken for the library
+    QString LastProfilePath; ///< of the run before; empty once this run has opened or saved a layout
+    float SavedLeft = 0;     ///< twips; of an instrument while its picture is taken for the library
     float SavedTop = 0;
     std::int32_t CurBackColour = 0; ///< handed to every page and instrument
     std::int32_t CurLabelColour = 0;
@@ -145,7 +155,8 @@ public:
     void mnuExit_Click();
     void Toolbar_ButtonClick(int button);
 
-    /// Asks whether to save changes, and saves on yes. False when the person cancelled.
+    /// Asks whether to save changes, and saves on yes. False when the person cancelled, here or in the file
+    /// dialog, or the file could not be written: what asked must then stop.
     bool askToSave();
     void mnuNew_Click();
     void mnuLoadConfig_Click();
@@ -153,10 +164,29 @@ public:
     void mnuSaveAs_Click();
     /// Asks for a file and loads it. Cancelled, it detaches what is open from its file.
     void LoadVis();
+    /// Opens a file on top of what stands. One that cannot be read is told and changes nothing; of a damaged
+    /// one what is good is shown, and the next save asks for a name.
     void loadLastFile(const QString& path);
-    /// Reads a file on top of what stands; one that cannot be read counts as empty. When an event in the
+    /// Reads a file on top of what stands and leaves the open profile's path alone. When an event in the
     /// middle clears the pages or unloads the window, the rest is left out.
     void LoadProfileFile(const QString& path);
+    /// Loads a file as LoadVis does once it is chosen, after asking what is to come of the layout that
+    /// stands.
+    void openRecent(const QString& path);
+
+    // What is kept in case it is wanted again (dashboard/Recovery.h).
+    /// Keeps the layout if it is changed, and the table if it was changed since the last copy. The minute's
+    /// timer calls it; in play mode it does nothing.
+    void keepEveryMinute();
+    /// Keeps the variable table, unless it is the delivered one.
+    void keepTable(RecoveryReason reason);
+    /// Tells a person who begins that an earlier run left work behind.
+    void tellOfLostWork();
+    /// Loads a copy as an unsaved layout without a file, after the same question.
+    void openRecovered(const RecoveryCopy& copy);
+    /// Stores the settings, and a copy of what is not saved of which the next start tells: somebody ends the
+    /// program. Nothing is asked; the program may go on.
+    void storeForEnd();
 
     void mnuNewTab_Click();
     void mnuNewPane_Click();
@@ -172,6 +202,8 @@ Q_SIGNALS:
     /// A menu, menu entry or toolbar button of the main window is to be enabled or disabled.
     void commandEnabled(const QString& name, bool enabled);
     void buttonEnabled(int number, bool enabled);
+    /// A layout was read from this file or written to it.
+    void profileOpened(const QString& path);
     /// A toolbar button stands for this menu entry of the main window.
     void commandWanted(const QString& name);
     /// A pop-up menu of the main window is wanted at a place of the screen.
@@ -194,12 +226,14 @@ protected:
     /// Closing this window is leaving the program.
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     /// What Escape puts back, and what a handle's drag starts from.
     struct DragStart {
         QPointer<Instrument> instrument;
         PlacedBox box;
+        TwipsPoint press; ///< in its own coordinates
         bool profileChanged = false;
     };
 
@@ -222,34 +256,60 @@ private:
 
     void makeVariablePane();
     void placeVariablePane();
-    void editLine(const QString& key);
+    void editLine(const TreeLine& line);
 
     Page* addPage();
     void fitPage(Page* page, int highest);
     void showPageInFront();
+    void interruptHidden();
     void clearPage(std::size_t number);
+    bool isPageEmpty(std::size_t number) const;
+    void clearCurrentTab();
+    void closeLastTab();
+    void closeAllTabs();
     /// A new tab at the end with its page, in front.
     void appendTab(const QString& caption);
     void makeTabKeys();
 
     std::optional<QString> askForFile(std::optional<QString> (*ask)(const FileRequest&), const char* title);
-    void saveProfile(const QString& path);
+    std::optional<QString> askForLoad();
+    /// Opens a file in place of what stands (`clear`) or on top of it. False when it gave nothing, or an
+    /// event in the middle began a new profile.
+    bool openProfile(const QString& path, bool clear);
+    void takeProfile(const Profile& profile);
+    /// Saves where the profile lies, or where the person says. True when a whole file holds what stands;
+    /// else nothing has changed but for the path that a cancel empties.
+    bool save();
+    bool saveProfile(const QString& path);
     Profile currentProfile();
     QWidget& outerWindow();
+    void allowMinimising(bool allowed);
     void takeSize(const Profile& profile);
     void takeCaptions(const QStringList& captions);
     bool placeInstruments(const std::vector<ProfileInstrument>& saved);
     void placeInstrument(const ProfileInstrument& saved);
 
+    void beginRecovery();
+    void endRecovery();
+    QString layoutHash();
+    bool isLayoutEmpty() const;
+    /// What stands now is what a file holds, or nothing: there is nothing to lose.
+    void layoutSaved();
+    void keepLayout(RecoveryReason reason);
+    /// The same of a layout that is saved too: the next save would write over its file.
+    void keepBeforeClearing(RecoveryReason reason);
+    void keepLayoutNow(RecoveryReason reason, bool evenSaved);
+    void loadAskingFirst(const std::function<void(bool clear)>& load);
+    void loadRecovered(const RecoveryCopy& copy, const IniFile& document, bool clear);
+
     Instrument* newInstrument(Kind kind, Page* page);
     void giveState(Instrument& instrument);
     Page* currentPage() const;
     SnapGrid snapGrid() const;
-    TwipsPoint screenSize() const;
 
     Instrument* placeNew(Kind kind, float x, float y, const QStringList& list = {});
     void connectEditing(Instrument* added);
-    void beginDrag(Instrument* dragged);
+    void beginDrag(Instrument* dragged, TwipsPoint press);
     void cancelDrag(Instrument* dragged);
     void endDrag();
     void moveInstrument(Instrument* moved, TwipsPoint start, TwipsPoint mouse);
@@ -271,7 +331,14 @@ private:
     int m_clearings = 0;           ///< how often all pages were cleared, or the window unloaded
     bool m_loadingProfile = false; ///< lets events run, in which nobody may save, load or play
     DragStart m_drag;
+    // The window with its frame when it last was not minimised.
+    QSize m_outerSize;
+    bool m_outerMaximised = false;
     QPointer<Instrument> m_clicked;
+    std::unique_ptr<RecoveryKeeper> m_recovery; ///< from load to unload
+    QTimer m_minute;
+    QString m_savedHash;              ///< of the layout as its file has it
+    std::uint64_t m_keptRevision = 0; ///< of the table, when it was loaded or kept
     bool m_pasteEnabled = false;
     bool m_loaded = false;
 };

@@ -1,5 +1,6 @@
 // The change between edit mode and play mode, the dispatch of values, and what all instruments share:
 // colours, labels, grid.
+#include "acquisition/AcquisitionTick.h"
 #include "acquisition/DataSource.h"
 #include "acquisition/FrmSelectInput.h"
 #include "dashboard/ModeCommands.h"
@@ -27,12 +28,15 @@ void setBackground(QWidget* view, const QColor& colour) {
 
 void frmInterface::mnuPlayMode_Click() {
     if (m_loadingProfile) return;
+    keepEveryMinute(); // nothing is kept while it plays
     Q_EMIT propertiesWindowWanted(false);
     if (!OpenDataSource()) {
         CloseDataSource();
         PlayMode = false;
+        Q_EMIT propertiesWindowWanted(true);
         return;
     }
+    startPlayClock();
     PlayMode = true;
     RebuildSubscriptions();
     Q_EMIT timerWanted(kTickMilliseconds);
@@ -66,11 +70,21 @@ void frmInterface::setCommandsForMode() {
     for (const ModeButton& button : kModeButtons)
         Q_EMIT buttonEnabled(button.number, PlayMode ? button.inPlayMode : button.inEditMode);
     setViewsForMode();
+    allowMinimising(!PlayMode);
     // A grid that was turned off may still stand on other pages than the first.
     if (PlayMode || ShowGrid != 1)
         ClearGrid();
     else
         DrawGrid();
+}
+
+/// Only of the window inside the main one: in play mode a dashboard that is not seen gets values for nothing.
+void frmInterface::allowMinimising(bool allowed) {
+    QWidget* frame = parentWidget();
+    if (!frame) return;
+    if (!allowed && frame->isMinimized())
+        frame->setWindowState(m_outerMaximised ? Qt::WindowMaximized : Qt::WindowNoState);
+    frame->setWindowFlag(Qt::WindowMinimizeButtonHint, allowed);
 }
 
 void frmInterface::setViewsForMode() {

@@ -1,4 +1,5 @@
 // The commands on tabs and their pages.
+#include "dashboard/Recovery.h"
 #include "dashboard/TabRules.h"
 #include "dashboard/frmInterface.h"
 #include "instruments/Colours.h"
@@ -7,6 +8,8 @@
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QShortcut>
+
+#include <algorithm>
 
 namespace vistor {
 
@@ -65,7 +68,20 @@ void frmInterface::clearPage(std::size_t number) {
     if (number < pic.size()) instruments.removeFrom(pic[number]);
 }
 
+bool frmInterface::isPageEmpty(std::size_t number) const {
+    const auto& all = instruments.all();
+    return number >= pic.size() ||
+           std::none_of(all.begin(), all.end(), [&](const InstrumentElement& element) {
+               return element.number != 0 && pageOf(*element.instrument) == pic[number];
+           });
+}
+
 void frmInterface::mnuClearCurrentTab_Click() {
+    if (!isPageEmpty(static_cast<std::size_t>(CurrentTab))) keepBeforeClearing(RecoveryReason::ClearTab);
+    clearCurrentTab();
+}
+
+void frmInterface::clearCurrentTab() {
     clearPage(static_cast<std::size_t>(CurrentTab));
     // An empty profile of one tab has nothing worth saving.
     if (mainTab->Tabs() == 1) ProfileChanged = false;
@@ -78,14 +94,20 @@ void frmInterface::mnuClearPane_Click() {
 }
 
 void frmInterface::mnuClearAllTabs_Click() {
+    keepBeforeClearing(RecoveryReason::ClearAll);
     ++m_clearings;
     for (std::size_t number = 0; number < pic.size(); ++number) clearPage(number);
 }
 
 void frmInterface::mnuCloseLastTab_Click() {
+    if (!isPageEmpty(pic.size() - 1)) keepBeforeClearing(RecoveryReason::CloseTab);
+    closeLastTab();
+}
+
+void frmInterface::closeLastTab() {
     const int last = mainTab->Tabs() - 1;
     mainTab->Tab(last);
-    mnuClearCurrentTab_Click();
+    clearCurrentTab();
     if (last == 0) return;
     // The page leaves the list before its tab goes: events of that change must not find it.
     Page* closed = pic.back();
@@ -102,9 +124,14 @@ void frmInterface::mnuClosePane_Click() {
 }
 
 void frmInterface::mnuCloseAllTabs_Click() {
+    keepBeforeClearing(RecoveryReason::CloseAll);
+    closeAllTabs();
+}
+
+void frmInterface::closeAllTabs() {
     ++m_clearings;
     const int count = mainTab->Tabs();
-    for (int i = 0; i < count; ++i) mnuCloseLastTab_Click();
+    for (int i = 0; i < count; ++i) closeLastTab();
     mainTab->TabCaption(0, QStringLiteral("VX"));
     ProfileChanged = false;
 }

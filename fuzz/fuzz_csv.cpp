@@ -3,7 +3,6 @@
 #include "acquisition/StreamDecoder.h"
 #include "fuzz/Harness.h"
 #include "maths/LoadAndSaveVariableDefinitions.h"
-#include "platform/CodePage.h"
 #include "tools/CsvImport.h"
 
 #include <QBuffer>
@@ -19,7 +18,8 @@ constexpr std::size_t kLargestRun = 1 << 20;
 
 const Definitions& delivered() {
     static const Definitions definitions = [] {
-        const auto file = readDefinitionFile(QStringLiteral(VISTOR_SOURCE_DIR "/OtherFiles/VistorVars.cfg"));
+        const FileBytes file =
+            readDefinitionFile(QStringLiteral(VISTOR_SOURCE_DIR "/OtherFiles/VistorVars.cfg"));
         return readDefinitions(viewOf(file.bytes)).value();
     }();
     return definitions;

@@ -4,6 +4,7 @@
 #include <QPalette>
 
 #include <algorithm>
+#include <cmath>
 
 namespace vistor {
 namespace {
@@ -59,6 +60,16 @@ std::int32_t numberOf(const QColor& colour) {
 QColor mixed(const QColor& a, const QColor& b, double share) {
     const auto channel = [share](int from, int to) { return qRound(from + (to - from) * share); };
     return QColor(channel(a.red(), b.red()), channel(a.green(), b.green()), channel(a.blue(), b.blue()));
+}
+
+double brightness(const QColor& colour) {
+    return 0.299 * colour.red() + 0.587 * colour.green() + 0.114 * colour.blue();
+}
+
+QColor legibleOn(const QColor& wanted, const QColor& ground) {
+    constexpr double kLeastContrast = 70;
+    if (std::abs(brightness(wanted) - brightness(ground)) >= kLeastContrast) return wanted;
+    return mixed(ground, brightness(ground) < 128 ? Qt::white : Qt::black, 0.75);
 }
 
 } // namespace vistor

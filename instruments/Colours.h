@@ -21,4 +21,10 @@ std::int32_t numberOf(const QColor& colour);
 /// Between two colours: 0 gives the first, 1 the second.
 QColor mixed(const QColor& a, const QColor& b, double share);
 
+/// How bright a colour looks, 0 to 255.
+double brightness(const QColor& colour);
+/// A colour for text on a ground: the wanted one, or where that is too near to the ground's brightness to be
+/// read, a light or dark one.
+QColor legibleOn(const QColor& wanted, const QColor& ground);
+
 } // namespace vistor

@@ -72,7 +72,13 @@ void GraphInstrument::refreshValue(std::int16_t pin, std::uint8_t axis, float va
 }
 
 void GraphInstrument::ClearCurrentData() {
+    forgetHalves();
     strip().clearPoints();
+}
+
+void GraphInstrument::interruptData() {
+    forgetHalves();
+    strip().interrupt();
 }
 
 void GraphInstrument::Deserialise(const QStringList& list) {
@@ -103,6 +109,11 @@ void GraphInstrument::pinsChanged() {
 void GraphInstrument::forgetValues() {
     m_tracks.clear();
     pinsChanged();
+}
+
+/// A half that waits would make a point with one of another time.
+void GraphInstrument::forgetHalves() {
+    for (Track& track : m_tracks) track.x.waiting = track.y.waiting = false;
 }
 
 void GraphInstrument::nameTraces(const PinTable& table) {

@@ -24,8 +24,9 @@ public:
     /// The names, and in columns 2 to 5 the latest values and what of them waits for its other half.
     PinTable curVarTable() const override;
     void refreshValue(std::int16_t pin, std::uint8_t axis, float value) override;
-    /// Forgets the points, and nothing else.
+    /// Forgets the points, and halves of points that wait.
     void ClearCurrentData() override;
+    void interruptData() override;
     void UserControl_Initialize() override;
     void Deserialise(const QStringList& list) override;
     PinTable AssignPin(int pin, std::uint8_t axis, const QString& name) override;
@@ -60,6 +61,7 @@ private:
     };
 
     void forgetValues();
+    void forgetHalves();
     void nameTraces(const PinTable& table);
 
     std::vector<Track> m_tracks; ///< as many as the pin table has rows, 0 unused

@@ -114,6 +114,8 @@ void Instrument::refreshValue(std::int16_t pin, std::uint8_t, float value) {
 
 void Instrument::ClearCurrentData() {}
 
+void Instrument::interruptData() {}
+
 void Instrument::TagOn(bool on) {
     if (on != m_tagOn) mnuTag_Click();
 }

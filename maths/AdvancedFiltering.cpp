@@ -4,6 +4,7 @@
 #include "variables/SetupVariables.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <functional>
 
@@ -11,7 +12,8 @@ namespace vistor {
 namespace {
 
 constexpr double kPi = 3.141592654; // this many digits: stored designs were made with it
-constexpr double kRealPole = 0.0001;
+
+using Complex = std::complex<double>;
 
 bool isOrder(std::int32_t order) {
     return order >= 0 && order <= kHighestOrder;
@@ -116,88 +118,77 @@ void placePrototypePoles(const Prototype& prototype, std::vector<double>& polesR
     polesIm[1] = 0;
 }
 
-/// The two poles of the band-pass into which one of the prototype goes.
-struct PolePair {
-    Pole first;
-    Pole second;
+/// The factor by which a low-pass becomes a band-pass between two corners, and 1 less its square, which near
+/// the ends of the axis is too small to be told from the factor.
+struct BandFactor {
+    double alpha = 0;
+    double rest = 0;
 };
 
-PolePair mappedRealPole(double re, double alpha) {
-    const double h = 0.5 * alpha * (1 + re);
-    const double d = Square(h) - re;
-    const double root = std::sqrt(std::abs(d));
-    if (d > 0) return {{h + root, 0}, {h - root, 0}};
-    return {{h, root}, {h, -root}};
-}
-
-PolePair mappedComplexPole(const Pole& pole, double alpha) {
-    const double x = 0.5 * alpha * (1 + pole.re);
-    const double y = 0.5 * alpha * pole.im;
-    const double c1 = Square(x) - Square(y) - pole.re;
-    const double c2 = 2 * x * y - pole.im;
-    const double r = std::sqrt(Square(c1) + Square(c2));
-    const double s = std::sqrt(std::abs(c1 + r) * 0.5);
-    double t = 0;
-    putUnlessFailed(t, c2 / (2 * s));
-    return {{x + s, y + t}, {x - s, y - t}};
-}
-
-/// The factor by which a low-pass becomes a band-pass between two corners.
-double bandPassAlpha(double nyquist, double lowHz, double highHz) {
+BandFactor bandFactor(double nyquist, double lowHz, double highHz) {
     const double w1 = 0.5 * kPi * lowHz / nyquist;
     const double w2 = 0.5 * kPi * highHz / nyquist;
-    double alpha = 0;
-    putUnlessFailed(alpha, std::cos(w1 + w2) / std::cos(w2 - w1));
-    return alpha;
+    BandFactor factor;
+    putUnlessFailed(factor.alpha, std::cos(w1 + w2) / std::cos(w2 - w1));
+    putUnlessFailed(factor.rest, std::sin(2 * w1) * std::sin(2 * w2) / Square(std::cos(w2 - w1)));
+    return factor;
 }
 
-/// Maps every other row, from 1 on: of each conjugate pair one. Rounds beyond m find nothing of use, and
-/// what they store is overwritten by the last loop. Of a real pole that goes into two real ones, the last
-/// loop takes the first twice.
-void mapToBandPass(int order, int m, double alpha, std::vector<double>& polesRe,
-                   std::vector<double>& polesIm) {
-    for (int j = 0; j <= (order - 1) / 2 && order > 0; ++j) {
-        const auto i = static_cast<std::size_t>(2 * j + 1);
-        const Pole pole{polesRe[i], polesIm[i]};
-        const PolePair pair =
-            std::abs(pole.im) < kRealPole ? mappedRealPole(pole.re, alpha) : mappedComplexPole(pole, alpha);
-        putUnlessFailed(polesRe[i], pair.first.re);
-        putUnlessFailed(polesRe[i + 1], pair.second.re);
-        putUnlessFailed(polesIm[i], pair.first.im);
-        putUnlessFailed(polesIm[i + 1], pair.second.im);
+/// The two poles of the band-pass into which one of the prototype goes: h + sqrt(h^2 - p) and h - sqrt(h^2 -
+/// p) with h = alpha (1 + p) / 2, the difference of squares so written that a narrow band, whose poles lie
+/// close to the circle, keeps its digits.
+std::array<Complex, 2> bandPassPoles(const Complex& pole, const BandFactor& factor) {
+    const Complex below = 1.0 - pole;
+    const Complex above = 1.0 + pole;
+    const Complex middle = 0.5 * factor.alpha * above;
+    const Complex root = 0.5 * std::sqrt(below * below - factor.rest * (above * above));
+    return {middle + root, middle - root};
+}
+
+/// The poles in their rows.
+struct PoleRows {
+    std::vector<double>& re;
+    std::vector<double>& im;
+
+    void put(std::size_t row, const Complex& pole) const {
+        putUnlessFailed(re[row], pole.real());
+        putUnlessFailed(im[row], pole.imag());
     }
-    const auto count = static_cast<std::size_t>(m);
-    if (IsOdd(m)) {
-        polesRe[2] = polesRe[count + 1];
-        polesIm[2] = polesIm[count + 1];
+    /// A pole and its conjugate.
+    void putPair(std::size_t row, const Complex& pole) const {
+        put(row, {pole.real(), std::abs(pole.imag())});
+        put(row + 1, {pole.real(), -std::abs(pole.imag())});
     }
-    for (std::size_t i = count; i >= 1; --i) {
-        const double re = polesRe[i];
-        const double im = std::abs(polesIm[i]);
-        polesRe[2 * i - 1] = polesRe[2 * i] = re;
-        polesIm[2 * i - 1] = im;
-        polesIm[2 * i] = -im;
+};
+
+/// Each pole of the prototype goes into two. Those of its real pole, in rows 1 and 2, are both real in a wide
+/// band and conjugate else; of a conjugate pair one is mapped and its two get their conjugates.
+void mapToBandPass(int m, const BandFactor& factor, const PoleRows& poles) {
+    const std::vector<double> re = poles.re;
+    const std::vector<double> im = poles.im;
+    const std::size_t odd = IsOdd(m) ? 1 : 0;
+    if (odd == 1) {
+        const auto [first, second] = bandPassPoles(re[1], factor);
+        poles.putPair(1, first);
+        if (first.imag() == 0) poles.put(2, second);
+    }
+    for (std::size_t i = 1 + odd; i <= static_cast<std::size_t>(m); i += 2) {
+        const auto [first, second] = bandPassPoles({re[i], im[i]}, factor);
+        poles.putPair(2 * i - 1, first);
+        poles.putPair(2 * i + 1, second);
     }
 }
 
-/// Multiplies the polynomial in powers of 1/z by 1 + c1/z + c2/z^2, up to its highest row.
-void multiplyIn(std::vector<double>& polynomial, double c1, double c2) {
-    std::vector<double> product = polynomial;
-    putUnlessFailed(product[1], polynomial[1] + c1 * polynomial[0]);
-    for (std::size_t r = 2; r < polynomial.size(); ++r)
-        putUnlessFailed(product[r], polynomial[r] + c1 * polynomial[r - 1] + c2 * polynomial[r - 2]);
-    polynomial = std::move(product);
+/// The squared distance of exp(iw) from a root.
+double squaredDistance(double w, const Complex& root) {
+    return Square(std::cos(w) - root.real()) + Square(std::sin(w) - root.imag());
 }
 
-/// The squared magnitude of the polynomial at exp(iw).
-double squaredMagnitude(const std::vector<double>& polynomial, std::int32_t order, double w) {
-    double re = 0, im = 0;
-    for (std::int32_t k = 0; k <= order; ++k) {
-        const double coefficient = polynomial[static_cast<std::size_t>(k)];
-        re += std::cos(k * w) * coefficient;
-        im += std::sin(k * w) * coefficient;
-    }
-    return Square(re) + Square(im);
+/// The magnitude of a section at exp(iw), in dB; not finite at a zero and at a pole.
+double decibelsOf(const FilterSection& section, double w) {
+    const double numerator = squaredDistance(w, section.zeros[0]) * squaredDistance(w, section.zeros[1]);
+    const double denominator = squaredDistance(w, section.poles[0]) * squaredDistance(w, section.poles[1]);
+    return 10 / std::log(10.0) * std::log(Square(section.gain) * numerator / denominator);
 }
 
 /// The frequency of a row; the ends stay off the exact zeros at z = 1 and z = -1.
@@ -236,50 +227,41 @@ void DesignPolesAndZeros(std::vector<double>& zeros, std::vector<double>& polesR
     if (type != kBandPass) return;
     std::fill(first, first + m, 1.0);
     std::fill(first + m, first + 2 * m, -1.0);
-    mapToBandPass(order, m, bandPassAlpha(nyquist, lowHz, highHz), polesRe, polesIm);
+    mapToBandPass(m, bandFactor(nyquist, lowHz, highHz), {polesRe, polesIm});
 }
 
-void DesignFilter(std::vector<double>& a, std::vector<double>& b, std::int32_t model, std::int32_t type,
+void DesignFilter(std::vector<FilterSection>& sections, std::int32_t model, std::int32_t type,
                   std::int32_t order, float ripple, double sampleRate, double nyquist, double lowHz,
                   double highHz) {
+    sections.clear();
     std::vector<double> zeros, polesRe, polesIm;
     DesignPolesAndZeros(zeros, polesRe, polesIm, model, type, order, ripple, sampleRate, nyquist, lowHz,
                         highHz);
-    const std::size_t rows = isOrder(order) ? static_cast<std::size_t>(order) + 1 : 0;
-    for (std::vector<double>* polynomial : {&a, &b}) {
-        polynomial->assign(rows, 0.0);
-        if (rows > 0) polynomial->front() = 1;
-    }
-    if (rows == 0) return;
-    std::size_t s = 0;
+    if (zeros.empty()) return;
+    std::size_t row = 1;
     if (IsOdd(order)) {
-        a[1] = -zeros[1];
-        b[1] = -polesRe[1];
-        s = 1;
+        sections.push_back({{zeros[1], 0}, {polesRe[1], 0}, 1});
+        row = 2;
     }
-    for (std::size_t j = 1; j <= static_cast<std::size_t>(order / 2); ++j) {
-        const std::size_t i = 2 * j - 1 + s;
-        multiplyIn(a, -(zeros[i] + zeros[i + 1]), zeros[i] * zeros[i + 1]);
-        multiplyIn(b, -2 * polesRe[i], Square(polesIm[i]) + Square(polesRe[i]));
-    }
+    for (; row < static_cast<std::size_t>(order); row += 2)
+        sections.push_back(
+            {{zeros[row], zeros[row + 1]},
+             {Complex(polesRe[row], polesIm[row]), Complex(polesRe[row + 1], polesIm[row + 1])},
+             1});
 }
 
-std::vector<double> FrequencyResponse(std::vector<double>& a, const std::vector<double>& b,
-                                      std::int32_t order) {
+std::vector<double> FrequencyResponse(std::vector<FilterSection>& sections) {
     std::vector<double> response(kResponseRows, 0.0);
-    const std::size_t needed = static_cast<std::size_t>(std::max(order, -1)) + 1; // 0 for a negative order
-    if (needed == 0 || a.size() < needed || b.size() < needed) return response;
+    if (sections.empty()) return response;
     double peak = -100.0;
     for (std::size_t i = 0; i < response.size(); ++i) {
-        const double w = frequencyOfRow(i);
-        const double denominator = squaredMagnitude(b, order, w);
-        if (denominator != 0)
-            putUnlessFailed(response[i],
-                            10 / std::log(10.0) * std::log(squaredMagnitude(a, order, w) / denominator));
+        double sum = 0;
+        for (const FilterSection& section : sections) sum += decibelsOf(section, frequencyOfRow(i));
+        putUnlessFailed(response[i], sum);
         peak = Larger(peak, response[i]);
     }
     for (double& row : response) row -= peak;
-    for (double& row : a) row *= std::pow(10.0, -0.05 * peak);
+    sections.front().gain *= std::pow(10.0, -0.05 * peak);
     return response;
 }
 

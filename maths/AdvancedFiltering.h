@@ -1,7 +1,10 @@
 // Designs recursive digital filters: an analogue prototype, brought over by the bilinear transformation. In:
-// model, type, order, ripple and corners. Out: the coefficients of the transfer function and its response.
+// model, type, order, ripple and corners. Out: the second-order sections of the transfer function and its
+// response.
 #pragma once
 
+#include <array>
+#include <complex>
 #include <cstdint>
 #include <vector>
 
@@ -18,6 +21,16 @@ inline constexpr std::int32_t kBandPass = 3;
 inline constexpr int kResponseRows = 101;           ///< from 0 to the Nyquist frequency in equal steps
 inline constexpr std::int32_t kHighestOrder = 1000; ///< beyond it, or below 0, results are empty
 
+/// One factor of the transfer function: two zeros on the real axis over two poles, which are conjugate or
+/// both real. A root at 0 changes no magnitude; the one section of an odd order's real pole has such. Roots
+/// hold what the coefficients of one polynomial lose: poles near z = 1 or -1 lie too close together for
+/// those.
+struct FilterSection {
+    std::array<double, 2> zeros{};
+    std::array<std::complex<double>, 2> poles{};
+    double gain = 1;
+};
+
 /// Zeros and poles in rows 1 to `order`; rows 0 to `order` + 1 are there. Zeros lie on the real axis.
 /// `ripple` is in dB, frequencies are in Hz; the sample rate is passed along unused.
 void DesignPolesAndZeros(std::vector<double>& zeros, std::vector<double>& polesRe,
@@ -25,16 +38,15 @@ void DesignPolesAndZeros(std::vector<double>& zeros, std::vector<double>& polesR
                          std::int32_t order, float ripple, double sampleRate, double nyquist, double lowHz,
                          double highHz);
 
-/// The numerator `a` and denominator `b`, rows 0 to `order`; row k goes with z to the power -k, and b[0]
-/// is 1.
-void DesignFilter(std::vector<double>& a, std::vector<double>& b, std::int32_t model, std::int32_t type,
+/// The filter as sections, one for each two of `order`, one more where that is odd; none outside 0 to
+/// kHighestOrder.
+void DesignFilter(std::vector<FilterSection>& sections, std::int32_t model, std::int32_t type,
                   std::int32_t order, float ripple, double sampleRate, double nyquist, double lowHz,
                   double highHz);
 
-/// The magnitudes in dB, rows 0 to 100, relative to the highest of them. Scales `a` so that the highest gain
-/// is 1. All 0 when the arrays are shorter than the order says.
-std::vector<double> FrequencyResponse(std::vector<double>& a, const std::vector<double>& b,
-                                      std::int32_t order);
+/// The magnitudes in dB, rows 0 to 100, relative to the highest of them. Scales the first section's gain so
+/// that the highest gain is 1. All 0 without sections.
+std::vector<double> FrequencyResponse(std::vector<FilterSection>& sections);
 
 bool IsOdd(std::int32_t n);
 double Square(double x);

@@ -213,8 +213,7 @@ bool CheckExpression(const QString& formula, std::vector<std::int32_t>& usedVari
     evaluator.SetVariable(QStringLiteral("x"), 1);
     for (std::int32_t number = 1; number < kVariableCount; ++number)
         evaluator.SetVariable(variableName(number), 1);
-    double value = 0;
-    const bool valid = evaluator.Value(value);
+    const bool valid = evaluator.compiles();
 
     bool used = false;
     usedVariables.assign(kVariableCount, 0); // and so it stays for a faulty text

@@ -45,9 +45,9 @@ bool ConvertValue(const QString& formula, std::int32_t index, float& value, bool
 /// finite.
 float EvaluateExpression(const QString& formula, float value, std::int32_t index);
 
-/// Whether an expression evaluates when every name it may use is 1. `usedVariables` gets the numbers it
-/// refers to (at least one element), `usedCarItems` 17 flags: 1 to 10 for CAR_1 to CAR_10, 11 to 16 for CdA
-/// to Humid.
+/// Whether an expression compiles to one result; that a trial value of it is not finite tells nothing of
+/// others. `usedVariables` gets the numbers it refers to (at least one element), `usedCarItems` 17 flags: 1
+/// to 10 for CAR_1 to CAR_10, 11 to 16 for CdA to Humid.
 bool CheckExpression(const QString& formula, std::vector<std::int32_t>& usedVariables,
                      std::vector<bool>& usedCarItems);
 

@@ -45,6 +45,10 @@ bool takesOrderTwoOnly(const FilterSettings& settings) {
     return highTooLow || lowTooLow;
 }
 
+bool hasBand(const FilterSettings& settings) {
+    return settings.type != kBandPass || settings.lowHz < settings.highHz;
+}
+
 void clampFilterSettings(FilterSettings& settings) {
     settings.highHz = Clamp(1, finite(settings.highHz), 50);
     settings.lowHz = Clamp(1, finite(settings.lowHz), 50);
@@ -55,10 +59,10 @@ void clampFilterSettings(FilterSettings& settings) {
 
 ResponseTable responseTable(const FilterSettings& settings) {
     const auto order = static_cast<std::int32_t>(settings.order);
-    std::vector<double> a, b;
-    DesignFilter(a, b, settings.model, settings.type, order, static_cast<float>(settings.ripple),
+    std::vector<FilterSection> sections;
+    DesignFilter(sections, settings.model, settings.type, order, static_cast<float>(settings.ripple),
                  kFilterSampleRate, kFilterNyquist, settings.lowHz, settings.highHz);
-    const std::vector<double> response = FrequencyResponse(a, b, order);
+    const std::vector<double> response = FrequencyResponse(sections);
     ResponseTable table;
     for (std::size_t i = 0; i < table.size(); ++i)
         table[i] = {static_cast<double>(i) / 50, std::pow(10.0, response[i])};

@@ -37,6 +37,10 @@ void storeFilterSettings(const FilterSettings& settings, VariableDefinition& row
 /// Whether a corner that the type uses lies too low for orders above 2.
 bool takesOrderTwoOnly(const FilterSettings& settings);
 
+/// Whether there is a filter between the corners: not for a band-pass whose high corner is not above the low
+/// one.
+bool hasBand(const FilterSettings& settings);
+
 /// Brings the numbers into their ranges: corners 1 to 50 Hz, an even order 2 to 10, ripple 0.01 to 3 dB.
 void clampFilterSettings(FilterSettings& settings);
 

@@ -2,6 +2,7 @@
 
 #include <cctype>
 #include <cmath>
+#include <cstring>
 #include <deque>
 #include <map>
 #include <muParser.h>
@@ -93,19 +94,45 @@ struct ManyArguments {
 
 constexpr ManyArguments kManyArguments[] = {{"MIN", smallest}, {"MAX", greatest}, {"SUM", sum}};
 
+constexpr const char* kBlanks = " \t\r\n";
+
+bool isPartOfName(char character) {
+    return std::isalnum(static_cast<unsigned char>(character)) || character == '_';
+}
+
 /// The parser wants a function's bracket right behind its name.
 std::string withoutGapBeforeBrackets(const std::string& text) {
     std::string result;
     for (const char character : text) {
         if (character == '(') {
-            const std::size_t last = result.find_last_not_of(" \t\r\n");
-            const bool name = last != std::string::npos &&
-                              (std::isalnum(static_cast<unsigned char>(result[last])) || result[last] == '_');
-            if (name) result.resize(last + 1);
+            const std::size_t last = result.find_last_not_of(kBlanks);
+            if (last != std::string::npos && isPartOfName(result[last])) result.resize(last + 1);
         }
         result += character;
     }
     return result;
+}
+
+/// The parser takes one sign before an operand: of several ("x - - -1", "--x") a minus is left where minuses
+/// are odd in number, else a blank. Behind an operand a sign is an operator and stands.
+std::string withOneSign(std::string text) {
+    bool behindOperand = false;
+    char* sign = nullptr; // before the operand to come
+    for (char& character : text) {
+        if (std::strchr(kBlanks, character)) continue;
+        if (behindOperand || (character != '+' && character != '-')) {
+            behindOperand = isPartOfName(character) || character == '.' || character == ')';
+            sign = nullptr;
+            continue;
+        }
+        const bool minus = (character == '-') != (sign && *sign == '-');
+        if (sign)
+            character = ' ';
+        else
+            sign = &character;
+        *sign = minus ? '-' : ' ';
+    }
+    return text;
 }
 
 /// The text in the parser's own terms.
@@ -130,7 +157,7 @@ std::string normalised(const QString& text) {
             result += character == '=' ? std::string("==") : std::string(1, character);
         }
     }
-    return withoutGapBeforeBrackets(result);
+    return withOneSign(withoutGapBeforeBrackets(result));
 }
 
 } // namespace
@@ -138,7 +165,7 @@ std::string normalised(const QString& text) {
 /// Variables lie in a deque so that their addresses, which the compiled code holds, never change.
 struct FormulaEvaluator::Parser {
     bool compiled = false; ///< the text was compiled, well or not, and nothing was defined since
-    bool good = false;     ///< and it evaluates
+    bool good = false;     ///< and gives one result
     mu::Parser engine;
     std::deque<double> values;
     std::map<std::string, double*> names;
@@ -199,9 +226,12 @@ bool FormulaEvaluator::compile() {
     return the.good;
 }
 
+bool FormulaEvaluator::compiles() {
+    return m_parser && m_parser->compiled ? m_parser->good : compile();
+}
+
 bool FormulaEvaluator::Value(double& value) {
-    const bool ready = m_parser && m_parser->compiled ? m_parser->good : compile();
-    if (!ready) return false;
+    if (!compiles()) return false;
     try {
         const double result = m_parser->engine.Eval();
         if (!std::isfinite(result)) return false;

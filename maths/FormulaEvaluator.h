@@ -10,8 +10,8 @@ namespace vistor {
 
 /// An evaluator of arithmetic texts. Names are found without regard to case; "." is the decimal mark and ","
 /// parts arguments. What the formula editor inserts works as it stands: "{SIN}" reads as SIN and "{/}" as
-/// "/". A lone "=" compares, as "<>" does. A parser is made only when it is first needed, and a text compiled
-/// only when it differs from the one before.
+/// "/". A lone "=" compares, as "<>" does; signs may stand one behind the other. A parser is made only when
+/// it is first needed, and a text compiled only when it differs from the one before.
 class FormulaEvaluator {
 public:
     FormulaEvaluator();
@@ -21,6 +21,8 @@ public:
 
     /// Sets the text to evaluate.
     void Expression(const QString& text);
+    /// Whether the text is an expression of known names with one result, be that finite or not.
+    bool compiles();
     /// Evaluates into `value`. False on a bad text or a result that is not finite; `value` then stands as it
     /// was.
     bool Value(double& value);

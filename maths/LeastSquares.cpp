@@ -2,130 +2,103 @@
 
 #include "maths/PassOver.h"
 
+#include <Eigen/QR>
+#include <algorithm>
+#include <charconv>
 #include <cmath>
-#include <utility>
 
 namespace vistor {
 namespace {
 
-using Row = std::array<double, kMostPoints + 1>;
+constexpr int kMostDigits = 17;
+constexpr int kLeastExponent = -330; ///< below that of every number
 
-void divideRow(Row& row, double divisor) {
-    for (double& cell : row) putUnlessFailed(cell, cell / divisor);
+/// A short number near the middle of the points, so that it reads well in a formula, and the distance of the
+/// farthest point from it.
+ScaledPolynomial axisOf(std::span<const FitPoint> points) {
+    const auto [least, most] = std::ranges::minmax(points, {}, &FitPoint::x);
+    ScaledPolynomial axis;
+    axis.centre = roundedAt(most.x / 2 + least.x / 2, decimalExponent(most.x / 2 - least.x / 2));
+    const double reach = std::max(std::abs(least.x - axis.centre), std::abs(most.x - axis.centre));
+    if (reach > 0 && std::isfinite(reach)) axis.scale = reach;
+    return axis;
 }
 
-void subtractRow(Row& row, const Row& other, double factor) {
-    for (std::size_t i = 0; i < row.size(); ++i) putUnlessFailed(row[i], row[i] - factor * other[i]);
-}
-
-/// The row whose element stands for the pivot of column k: the one on the diagonal, which for normal
-/// equations is as good as any and keeps columns of very different size apart; the largest below it when it
-/// is 0.
-std::size_t pivotRow(const FitMatrix& matrix, std::size_t k) {
-    std::size_t best = k;
-    if (matrix.cell[k][k] != 0) return best;
-    for (std::size_t i = k + 1; i <= matrix.rows; ++i)
-        if (std::abs(matrix.cell[i][k]) > std::abs(matrix.cell[best][k])) best = i;
-    return best;
-}
-
-FitMatrix identity(std::size_t size) {
-    FitMatrix matrix;
-    matrix.rows = matrix.columns = size;
-    for (std::size_t i = 1; i <= size; ++i) matrix.cell[i][i] = 1;
-    return matrix;
+double largestOf(std::span<const double> values) {
+    double largest = 0;
+    for (const double value : values) largest = std::max(largest, std::abs(value));
+    return largest;
 }
 
 } // namespace
 
-bool LeastSquares::Gene_Coeffs(std::span<const FitPoint> points, int degree) {
-    if (points.size() > kMostPoints || degree < 0 || degree >= kMostCoefficients) return false;
-    m_design = {};
-    m_values = {};
-    m_design.rows = m_values.rows = points.size();
-    m_design.columns = static_cast<std::size_t>(degree) + 1;
-    m_values.columns = 1;
-    for (std::size_t i = 1; i <= points.size(); ++i) {
-        double power = 1;
-        for (std::size_t column = 1; column <= m_design.columns; ++column) {
-            putUnlessFailed(m_design.cell[i][column], power);
-            power *= points[i - 1].x;
-        }
-        m_values.cell[i][1] = points[i - 1].y;
-    }
-    return true;
+int decimalExponent(double magnitude) {
+    if (!(magnitude > 0)) return kLeastExponent; // NaN too
+    const double exponent = std::floor(std::log10(magnitude));
+    return static_cast<int>(std::min(exponent, 308.0));
 }
 
-FitCoefficients LeastSquares::LstSqrN() {
-    A = m_design;
-    A_IN_C();
-    C_IN_B();
-    Transpose();
-    Matmult();
-    C_IN_A(); // the square matrix of the normal equations
-    Matinv();
-    A_IN_C();
-    B_IN_A();
-    C_IN_B(); // design matrix and inverse, which is symmetric: their product turned over is what is wanted
-    Matmult();
-    C_IN_A();
-    Transpose();
-    B = m_values;
-    Matmult();
+double roundedAt(double value, int exponent) {
+    const int digits = decimalExponent(std::abs(value)) - exponent + 1;
+    const double unit = std::pow(10.0, exponent);
+    if (digits < 1) return std::abs(value) > unit / 2 ? std::copysign(unit, value) : 0;
+    char text[40];
+    const auto [end, written] =
+        std::to_chars(std::begin(text), std::end(text), value, std::chars_format::scientific,
+                      std::min(digits, kMostDigits) - 1);
+    double rounded = value;
+    std::from_chars(text, end, rounded);
+    return rounded;
+}
+
+double valueAt(const ScaledPolynomial& polynomial, double x) {
+    const double t = (x - polynomial.centre) / polynomial.scale;
+    double sum = 0;
+    for (std::size_t i = polynomial.coefficients.size(); i-- > 1;) sum = sum * t + polynomial.coefficients[i];
+    return sum;
+}
+
+FitCoefficients powersAbout(const ScaledPolynomial& polynomial, double centre) {
+    constexpr std::size_t kRows = kMostCoefficients;
+    std::array<long double, kRows> powers{}; // more digits than what is written
+    long double divisor = 1;
+    for (std::size_t i = 0; i < kRows; ++i, divisor *= static_cast<long double>(polynomial.scale))
+        if (polynomial.coefficients[i + 1] != 0)
+            powers[i] = static_cast<long double>(polynomial.coefficients[i + 1]) / divisor;
+    const long double shift = static_cast<long double>(centre) - static_cast<long double>(polynomial.centre);
+    for (std::size_t first = 0; first < kRows; ++first) // a synthetic division by (x - centre) each
+        for (std::size_t i = kRows - 1; i-- > first;) powers[i] += shift * powers[i + 1];
     FitCoefficients coefficients{};
-    for (std::size_t i = 1; i <= m_design.columns; ++i) coefficients[i] = C.cell[i][1];
+    for (std::size_t i = 0; i < kRows; ++i)
+        putUnlessFailed(coefficients[i + 1], static_cast<double>(powers[i]));
     return coefficients;
 }
 
-void LeastSquares::Transpose() {
-    for (std::size_t i = 1; i < A.cell.size(); ++i)
-        for (std::size_t j = 1; j < i; ++j) std::swap(A.cell[i][j], A.cell[j][i]);
-    std::swap(A.rows, A.columns);
+bool LeastSquares::Gene_Coeffs(std::span<const FitPoint> points, int degree) {
+    if (points.empty() || points.size() > kMostPoints || degree < 0 || degree >= kMostCoefficients)
+        return false;
+    m_axis = axisOf(points);
+    m_design.clear();
+    m_values.clear();
+    for (const FitPoint& point : points) m_values.push_back(point.y);
+    for (int power = 0; power <= degree; ++power)
+        for (const FitPoint& point : points)
+            m_design.push_back(std::pow((point.x - m_axis.centre) / m_axis.scale, power));
+    return true;
 }
 
-void LeastSquares::A_IN_C() {
-    C = A;
-}
-
-void LeastSquares::B_IN_A() {
-    A = B;
-}
-
-void LeastSquares::C_IN_B() {
-    B = C;
-}
-
-void LeastSquares::C_IN_A() {
-    A = C;
-}
-
-void LeastSquares::Matmult() {
-    C = {};
-    C.rows = A.rows;
-    C.columns = B.columns;
-    for (std::size_t i = 1; i <= A.rows; ++i)
-        for (std::size_t j = 1; j <= B.columns; ++j)
-            for (std::size_t k = 1; k <= A.columns; ++k)
-                putUnlessFailed(C.cell[i][j], C.cell[i][j] + A.cell[i][k] * B.cell[k][j]);
-}
-
-void LeastSquares::Matinv() {
-    FitMatrix inverse = identity(A.rows);
-    for (std::size_t k = 1; k <= A.rows; ++k) {
-        const std::size_t pivot = pivotRow(A, k);
-        std::swap(A.cell[k], A.cell[pivot]);
-        std::swap(inverse.cell[k], inverse.cell[pivot]);
-        const double divisor = A.cell[k][k];
-        divideRow(A.cell[k], divisor);
-        divideRow(inverse.cell[k], divisor);
-        for (std::size_t i = 1; i <= A.rows; ++i) {
-            if (i == k) continue;
-            const double factor = A.cell[i][k];
-            subtractRow(A.cell[i], A.cell[k], factor);
-            subtractRow(inverse.cell[i], inverse.cell[k], factor);
-        }
-    }
-    A = inverse;
+ScaledPolynomial LeastSquares::LstSqrN() const {
+    const auto rows = static_cast<Eigen::Index>(m_values.size());
+    const auto columns = rows > 0 ? static_cast<Eigen::Index>(m_design.size()) / rows : 0;
+    ScaledPolynomial polynomial = m_axis;
+    const double size = largestOf(m_values); // so that no square of a value overflows
+    if (columns == 0 || size == 0) return polynomial;
+    const Eigen::Map<const Eigen::MatrixXd> design(m_design.data(), rows, columns);
+    const Eigen::Map<const Eigen::VectorXd> values(m_values.data(), rows);
+    const Eigen::VectorXd solution = design.colPivHouseholderQr().solve(values / size);
+    for (Eigen::Index i = 0; i < columns; ++i)
+        putUnlessFailed(polynomial.coefficients[static_cast<std::size_t>(i) + 1], solution[i] * size);
+    return polynomial;
 }
 
 } // namespace vistor

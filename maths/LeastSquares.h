@@ -1,9 +1,10 @@
-// Fits a polynomial to points by least squares, on fixed matrices. In: points and a degree. Out:
-// coefficients.
+// Fits a polynomial to points by least squares, on centred and scaled abscissae. In: points and a degree.
+// Out: coefficients.
 #pragma once
 
 #include <array>
 #include <span>
+#include <vector>
 
 namespace vistor {
 
@@ -15,42 +16,44 @@ struct FitPoint {
     double y = 0;
 };
 
-/// Rows and columns from 1; row 0 and column 0 are not used.
-struct FitMatrix {
-    std::array<std::array<double, kMostPoints + 1>, kMostPoints + 1> cell{};
-    std::size_t rows = 0;
-    std::size_t columns = 0;
-
-    friend bool operator==(const FitMatrix&, const FitMatrix&) = default;
-};
-
 /// Row 1 is the constant term, row 2 goes with x, and so on.
 using FitCoefficients = std::array<double, 12>;
 
-/// The solver with its matrices. `A`, `B` and `C` are what the helpers work on.
+/// A polynomial in t = (x - centre) / scale, which lies between -1 and 1 over the points it was fitted to. So
+/// its terms are of the size of its values, wherever on the axis the points lie.
+struct ScaledPolynomial {
+    double centre = 0;
+    double scale = 1;
+    FitCoefficients coefficients{};
+};
+
+double valueAt(const ScaledPolynomial& polynomial, double x);
+
+/// The coefficients of the same polynomial in powers of (x - centre). One that is beyond the range of numbers
+/// is 0.
+FitCoefficients powersAbout(const ScaledPolynomial& polynomial, double centre);
+
+/// The number nearest to `value` that is a whole multiple of 10 to the power `exponent`, in 17 digits at
+/// most.
+double roundedAt(double value, int exponent);
+
+/// The exponent of the largest power of ten that is not above `magnitude`; below all of them for 0.
+int decimalExponent(double magnitude);
+
 class LeastSquares {
 public:
-    /// Fills the design matrix: row i holds x[i] to the powers 0 to `degree`. At most kMostPoints points and
-    /// a degree below kMostCoefficients; false, and nothing done, beyond that.
+    /// Fills the design matrix: row i holds t[i] to the powers 0 to `degree`. At most kMostPoints points and
+    /// a degree below kMostCoefficients; false, and nothing done, beyond that and without points.
     bool Gene_Coeffs(std::span<const FitPoint> points, int degree);
 
-    /// Solves the normal equations for the points of Gene_Coeffs: rows 1 to degree + 1 of the result. Where
-    /// the matrix is singular it holds whatever the divisions that worked gave.
-    FitCoefficients LstSqrN();
-
-    void Transpose(); ///< A turns over
-    void A_IN_C();    ///< C becomes a copy of A; the other three likewise
-    void B_IN_A();
-    void C_IN_B();
-    void C_IN_A();
-    void Matmult(); ///< C becomes A times B
-    void Matinv();  ///< A becomes its inverse
-
-    FitMatrix A, B, C;
+    /// The best polynomial for the points of Gene_Coeffs, by a QR decomposition with pivoting of columns.
+    /// Where the points leave coefficients open, some of these are 0.
+    ScaledPolynomial LstSqrN() const;
 
 private:
-    FitMatrix m_design;
-    FitMatrix m_values; ///< the column of y
+    ScaledPolynomial m_axis;      ///< centre and scale
+    std::vector<double> m_design; ///< column behind column
+    std::vector<double> m_values;
 };
 
 } // namespace vistor

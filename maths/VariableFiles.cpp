@@ -43,6 +43,10 @@ void localiseDelivered(const QString& path) {
     VariableSlots.fill({});
 }
 
+QByteArray variableFileBytes(const VariableFileForm& form) {
+    return form.unitsFile ? xvrBytes(VariableTable) : definitionBytes(UnitConversions, VariableTable);
+}
+
 void saveVariables(const QString& path, const VariableFileForm& form) {
     if (form.unitsFile)
         SaveXvrDocument(path);

@@ -2,6 +2,7 @@
 // call these and know nothing of the forms. In: paths. Out: the live tables, or files.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -33,6 +34,8 @@ void loadVariables(const QString& path, const VariableFileForm& form = kVariable
 /// Brings a delivered text file, whose numbers have ".", to the separator of the person's locale. Goes
 /// through the live table. A file that is no document stays as it is.
 void localiseDelivered(const QString& path);
+/// The live table as a file of the form holds it.
+QByteArray variableFileBytes(const VariableFileForm& form = kVariableFileForm);
 /// Writes the live table to a file of the form.
 void saveVariables(const QString& path, const VariableFileForm& form = kVariableFileForm);
 

@@ -94,8 +94,13 @@ frmFilterDesign::frmFilterDesign(VariableDefinition& row, QWidget* parent) : QDi
     OkayButton->setDefault(true);
     connect(OkayButton, &QPushButton::clicked, this, &frmFilterDesign::OkayButton_Click);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto* note = new QLabel(
+        tr("The filter is designed, drawn and kept with the variable. Samples do not pass through it."));
+    note->setObjectName(QStringLiteral("note"));
+    note->setWordWrap(true);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(body, 1);
+    layout->addWidget(note);
     layout->addWidget(buttons);
     resize(kWindowSize);
     Form_Load();
@@ -193,9 +198,15 @@ void frmFilterDesign::RegenScreen() {
     InputText[kOrderBox]->setEnabled(!takesOrderTwoOnly(m_settings));
     writeBoxes();
     showHint();
+    OkayButton->setEnabled(isDesigned());
     QList<QPointF> points;
-    for (const ResponsePoint& point : responseTable(m_settings)) points += {point.place, point.height};
+    if (hasBand(m_settings))
+        for (const ResponsePoint& point : responseTable(m_settings)) points += {point.place, point.height};
     m_response->replace(points);
+}
+
+bool frmFilterDesign::isDesigned() const {
+    return m_settings.model == kNoFilter || hasBand(m_settings);
 }
 
 void frmFilterDesign::readBoxes() {
@@ -211,8 +222,7 @@ void frmFilterDesign::writeBoxes() {
 void frmFilterDesign::showHint() {
     QString words;
     if (takesOrderTwoOnly(m_settings)) words = tr("A corner below 5 Hz takes order 2 only.");
-    if (m_settings.type == kBandPass && m_settings.highHz <= m_settings.lowHz)
-        words = tr("The high corner has to lie above the low corner.");
+    if (!isDesigned()) words = tr("The high corner has to lie above the low corner.");
     m_hint->setText(m_settings.model == kNoFilter ? QString() : words);
 }
 
@@ -252,6 +262,7 @@ void frmFilterDesign::InputText_KeyPress(QLineEdit& box) {
 
 void frmFilterDesign::OkayButton_Click() {
     RegenScreen(); // what was typed last may not have been looked at yet
+    if (!isDesigned()) return;
     storeFilterSettings(m_settings, m_row);
     accept();
 }

@@ -41,6 +41,7 @@ private:
     void FilterTypeOptions_Click(std::int32_t type);
     void InputText_KeyPress(QLineEdit& box);
     void OkayButton_Click();
+    bool isDesigned() const; ///< without a filter always
     void readBoxes();
     void writeBoxes();
     void showHint();

@@ -8,6 +8,7 @@ namespace vistor {
 namespace {
 
 std::function<double()> otherClock;
+std::function<double()> otherSteady;
 
 constexpr std::int64_t kSecondsOfDay = 86400;
 
@@ -30,9 +31,16 @@ struct Midnight {
 
 Midnight midnight;
 
-} // namespace
+/// What the program's clock was at a moment of the steady one, once it was started.
+struct Start {
+    bool runs = false;
+    double clock = 0;
+    double steady = 0;
+};
 
-double Timer() {
+Start start;
+
+double secondsOfDay() {
     if (otherClock) return otherClock();
     timespec now{};
     clock_gettime(CLOCK_REALTIME, &now);
@@ -41,8 +49,29 @@ double Timer() {
            static_cast<double>(now.tv_nsec) * 1e-9;
 }
 
-void setClock(std::function<double()> clock) {
+} // namespace
+
+double steadySeconds() {
+    if (otherSteady) return otherSteady();
+    if (otherClock) return otherClock();
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
+
+double Timer() {
+    if (!start.runs || (otherClock && !otherSteady)) return secondsOfDay();
+    return start.clock + (steadySeconds() - start.steady);
+}
+
+void startClock(bool wraps) {
+    start = {!wraps, secondsOfDay(), steadySeconds()};
+}
+
+void setClock(std::function<double()> clock, std::function<double()> steady) {
     otherClock = std::move(clock);
+    otherSteady = std::move(steady);
+    start = {};
 }
 
 } // namespace vistor

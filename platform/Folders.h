@@ -5,6 +5,9 @@
 
 namespace vistor {
 
+/// Characters of the longest path there is, with the NUL at its end.
+inline constexpr int kLongestPath = 4096;
+
 /// The person's folder for application data: $XDG_CONFIG_HOME, or ".config" in the home folder. Empty when
 /// there is neither.
 QString applicationDataFolder();

@@ -221,15 +221,17 @@ void IniFile::eachKey(const QByteArray& section, const std::function<bool(std::s
 }
 
 QStringList IniFile::sections() const {
-    QStringList names;
-    for (const Place head : m_text->sections()) {
+    QSet<QByteArray> names;
+    m_text->eachSection([&](IniText::Place head) {
         const QByteArray name = foldedName(headName(m_text->lineAt(head)));
-        const Edits* const edits = editsOf(name);
-        if (!edits || !edits->dropped) names += QString::fromUtf8(name);
+        if (const Edits* const edits = editsOf(name); !edits || !edits->dropped) names.insert(name);
+    });
+    for (auto it = m_edits.constBegin(); it != m_edits.constEnd(); ++it) {
+        if (!it.value().head.isEmpty()) names.insert(it.key());
     }
-    for (auto it = m_edits.constBegin(); it != m_edits.constEnd(); ++it)
-        if (!it->head.isEmpty()) names += QString::fromUtf8(it.key());
-    return names;
+    QStringList list;
+    for (const QByteArray& name : names) list += QString::fromUtf8(name);
+    return list;
 }
 
 QStringList IniFile::keys(const QString& section) const {

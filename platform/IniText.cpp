@@ -180,12 +180,11 @@ IniText::Place IniText::section(const QByteArray& name) const {
     return find(heads(), viewOf(name));
 }
 
-std::vector<IniText::Place> IniText::sections() const {
+void IniText::eachSection(const std::function<void(Place)>& take) const {
     const std::uint32_t mask = (std::uint32_t{1} << m_placeBits) - 1;
-    std::vector<Place> places;
-    for (const std::uint32_t slot : heads().slots)
-        if (slot != kEmpty) places.push_back(slot & mask);
-    return places;
+    for (const std::uint32_t slot : heads().slots) {
+        if (slot != kEmpty) take(slot & mask);
+    }
 }
 
 IniText::Section& IniText::known(Place head) const {

@@ -42,8 +42,8 @@ public:
 
     /// The head of the first section of a folded name.
     Place section(const QByteArray& name) const;
-    /// The heads of the first sections of all names, in no order.
-    std::vector<Place> sections() const;
+    /// Hands over the head of the first section of every name, in no order.
+    void eachSection(const std::function<void(Place)>& take) const;
     /// The first line of the section at `head` that has a key of a folded name with "=" inside it `further`
     /// times; or the first behind `behind`.
     Place key(Place head, const QByteArray& name, qsizetype further) const;

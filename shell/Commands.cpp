@@ -33,13 +33,14 @@ constexpr MenuEntry adding(const char* menu, const char* name, const char* capti
 
 constexpr MenuHead kMenus[] = {
     {"mnuFile", "&File", ""},
+    {"mnuOpenRecent", "Open recen&t", "mnuFile", "mnuSaveConfig"},
     {"mnuView", "&View", ""},
     {"mnuAddControl", "&Add Control", ""},
     {"mnuWindow", "Window", ""},
     {"mnuTabControl", "Tab Management", "mnuWindow"},
     {"mnuHelp", "Help", ""},
     {"mnuDropDown", "", nullptr},
-    {"mnuDDAddControl", "&Add Control", "mnuDropDown", true},
+    {"mnuDDAddControl", "&Add Control", "mnuDropDown", ""},
     {"mnuDropDown2", "", nullptr},
     {"mnuDropDown3", "", nullptr},
 };
@@ -52,6 +53,7 @@ constexpr MenuEntry kEntries[] = {
      "Ctrl+S"},
     {"mnuFile", "mnuSaveAs", "Save Profile &As", nullptr, onDashboard<&frmInterface::mnuSaveAs_Click>,
      "Ctrl+Shift+S"},
+    {"mnuFile", "mnuRecover", "Re&cover...", nullptr, onMain<&frmMain::mnuRecover_Click>},
     {"mnuFile", nullptr, nullptr, nullptr, nullptr},
     {"mnuFile", "mnuLoadVarInfo", "Load &Variable Information", nullptr,
      onMain<&frmMain::mnuLoadVarInfo_Click>},
@@ -67,6 +69,8 @@ constexpr MenuEntry kEntries[] = {
      onDashboard<&frmInterface::mnuSelectDataSource_Click>},
     {"mnuFile", nullptr, nullptr, nullptr, nullptr},
     {"mnuFile", "mnuExit", "E&xit", "exit", onDashboard<&frmInterface::mnuExit_Click>},
+
+    {"mnuOpenRecent", "mnuClearRecent", "&Clear list", nullptr, onMain<&frmMain::mnuClearRecent_Click>},
 
     {"mnuView", "mnuOptions", "&Options", "options", onDashboard<&frmInterface::mnuOptions_Click>},
     {"mnuView", nullptr, nullptr, nullptr, nullptr},
@@ -105,6 +109,7 @@ constexpr MenuEntry kEntries[] = {
     {"mnuHelp", "mnuVXHelp", "&Help Index", "help", onMain<&frmMain::mnuVXHelp_Click>},
     {"mnuHelp", "mnuHelpContents", "Help Contents", "contents", onMain<&frmMain::mnuHelpContents_Click>,
      "F1"},
+    {"mnuHelp", "notices", "&Notices...", nullptr, onMain<&frmMain::showNotices>}, // in both modes
     {"mnuHelp", nullptr, nullptr, nullptr, nullptr},
     {"mnuHelp", "mnuAbout", "&About Us", "mark", onMain<&frmMain::mnuAbout_Click>},
 

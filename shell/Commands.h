@@ -16,8 +16,8 @@ using Operation = void (*)(frmMain& window);
 struct MenuHead {
     const char* name;
     const char* caption;
-    const char* parent; ///< a menu's name, empty for the menu bar, null for a pop-up menu
-    bool leads = false; ///< it comes before the parent's entries, not behind them
+    const char* parent;           ///< a menu's name, empty for the menu bar, null for a pop-up menu
+    const char* before = nullptr; ///< the parent's entry behind it; empty for the first, null for none
 };
 
 struct MenuEntry {

@@ -95,7 +95,8 @@ void paintWords(QPainter& painter) {
     line(painter, 153, 13, QColor(kDim), QStringLiteral("Telemetry dashboard for motorsport"));
     line(painter, 194, 11, QColor(kDim),
          QStringLiteral("Uses Qt %1 (GNU LGPL 3), Qt Charts (GPL 3),").arg(QLatin1String(qVersion())));
-    line(painter, 210, 11, QColor(kDim), QStringLiteral("muParser (BSD 2-Clause), Expat (MIT)"));
+    line(painter, 210, 11, QColor(kDim),
+         QStringLiteral("muParser (BSD 2-Clause), Expat (MIT), Eigen (MPL 2)"));
 }
 
 } // namespace

@@ -20,7 +20,6 @@
 namespace vistor {
 namespace {
 
-constexpr int kPathBuffer = 200;
 constexpr qint64 kLargestDelivered = 32 << 20; ///< bytes
 
 /// False when there is nothing to copy.
@@ -115,7 +114,7 @@ void readCarConstants() {
 
 QString lastLayout() {
     return readIniValue(SettingsPath, QStringLiteral("VXVISTOR"), QStringLiteral("LASTFILE"), QString(),
-                        kPathBuffer);
+                        kLongestPath);
 }
 
 QString offerLayout(const QString& last) {

@@ -2,6 +2,7 @@
 
 #include "dashboard/Pictures.h"
 #include "platform/Prompts.h"
+#include "platform/WholeFile.h"
 #include "shell/HelpLook.h"
 
 #include <QDir>
@@ -27,6 +28,18 @@ constexpr std::size_t kLongestHistory = 200;
 
 constexpr int kPageRole = Qt::UserRole;
 constexpr int kAnchorRole = Qt::UserRole + 1;
+constexpr qint64 kLargestPicture = 16 << 20; ///< bytes
+
+/// Shows pages, and of what they name plain files in their own folder and the folders in it.
+class PageView final : public QTextBrowser {
+public:
+    QVariant loadResource(int, const QUrl& name) override {
+        const QString folder = searchPaths().value(0);
+        const QString file = QDir::cleanPath(folder + name.path());
+        const bool inside = name.scheme().isEmpty() && file.startsWith(folder);
+        return inside ? readWholeFile(file, kLargestPicture).bytes : QVariant();
+    }
+};
 
 } // namespace
 
@@ -35,7 +48,7 @@ frmHelp::frmHelp(QWidget* parent)
       contents(new QTreeWidget),
       index(new QListWidget),
       indexFilter(new QLineEdit),
-      page(new QTextBrowser),
+      page(new PageView),
       tabs(new QTabWidget) {
     setObjectName(QStringLiteral("frmHelp"));
     setWindowTitle(QStringLiteral("Vistor Help"));

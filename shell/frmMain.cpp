@@ -13,6 +13,8 @@
 #include "platform/Scratch.h"
 #include "platform/WholeFile.h"
 #include "shell/CarDialog.h"
+#include "shell/NoticeLine.h"
+#include "shell/RecentFiles.h"
 #include "shell/Startup.h"
 #include "shell/frmHelp.h"
 #include "shell/frmStartSplash.h"
@@ -30,6 +32,7 @@ namespace vistor {
 namespace {
 
 constexpr qint64 kLargestIcon = 16 << 20; ///< bytes
+constexpr QSize kRestoredSize(1000, 560); ///< of the dashboard's window where it is not maximised
 
 bool isYes(const char* question) {
     return MsgBox(QLatin1String(question), Icon::Notice, Buttons::YesNo) == Answer::Yes;
@@ -37,7 +40,7 @@ bool isYes(const char* question) {
 
 } // namespace
 
-frmMain::frmMain() : m_dashboard(new frmInterface) {
+frmMain::frmMain() : m_dashboard(new frmInterface), m_notices(new NoticeLine(this)) {
     setObjectName(QStringLiteral("frmMain"));
     makeMenus();
     makeToolbar();
@@ -45,10 +48,7 @@ frmMain::frmMain() : m_dashboard(new frmInterface) {
     connectDashboard();
     Timer1.setTimerType(Qt::PreciseTimer);
     connect(&Timer1, &QTimer::timeout, this, &frmMain::Timer1_Timer);
-    m_refresh = [this](const QString& name, float value) {
-        ++m_updates;
-        m_dashboard->refreshControls(name, value);
-    };
+    m_refresh = [this](const QString& name, float value) { m_dashboard->refreshControls(name, value); };
 }
 
 frmMain::~frmMain() = default;
@@ -78,6 +78,10 @@ void frmMain::connectDashboard() {
     connect(m_dashboard, &frmInterface::timerWanted, this, &frmMain::setTimer);
     connect(m_dashboard, &frmInterface::sourceChanged, this, &frmMain::renewStatus);
     connect(m_dashboard, &frmInterface::unloaded, this, &frmMain::close);
+    connect(m_dashboard, &frmInterface::profileOpened, this, [this](const QString& path) {
+        m_dashboard->LastProfilePath.clear();
+        keepRecent(withRecentFile(readRecentFiles(SettingsPath), path));
+    });
 }
 
 bool frmMain::MDIForm_Load(const QString& profile) {
@@ -99,6 +103,7 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     DoEvents();
     showDashboard();
     const QString last = lastLayout();
+    m_dashboard->LastProfilePath = last;
     setTimer(kTickMilliseconds);
     deleteForsakenScratch(WorkingFolder);
     splash.close();
@@ -111,6 +116,7 @@ bool frmMain::MDIForm_Load(const QString& profile) {
     readCarConstants();
     createFormulaEvaluators();
     tellMissingCarNumbers();
+    m_dashboard->tellOfLostWork();
     m_loaded = true;
     if (m_closeWanted) QTimer::singleShot(0, this, &QWidget::close);
     return true;
@@ -118,6 +124,7 @@ bool frmMain::MDIForm_Load(const QString& profile) {
 
 void frmMain::showDashboard() {
     m_dashboard->Form_Load();
+    m_dashboard->parentWidget()->resize(kRestoredSize);
     m_dashboard->parentWidget()->showMaximized();
     m_dashboard->ArrangeSplitter();
     showStatus();
@@ -199,7 +206,13 @@ void frmMain::mnuHelpContents_Click() {
 }
 
 void frmMain::mnuAbout_Click() {
-    frmStartSplash(this).exec();
+    auto* about = new frmStartSplash(this);
+    about->setAttribute(Qt::WA_DeleteOnClose);
+    about->open(); // without a loop of its own, which would hold up whatever is under way
+}
+
+void frmMain::showNotices() {
+    m_notices->openList();
 }
 
 void frmMain::openMenu(const QString& name, const QPoint& place) {

@@ -18,6 +18,7 @@ class frmHelp;
 enum class HelpCommand;
 class frmInterface;
 class Instrument;
+class NoticeLine;
 class frmProperties;
 
 class frmMain : public QMainWindow {
@@ -48,13 +49,21 @@ public:
     void mnuLoadVarInfo_Click();
     void mnuSaveVarInfo_Click();
     void mnuRestoreDefaultVar_Click();
+    /// Lists the copies that were kept, and loads the one that the person opens.
+    void mnuRecover_Click();
+    void mnuClearRecent_Click();
     void mnuVXHelp_Click();
     void mnuHelpContents_Click();
     void mnuAbout_Click();
     /// Opens the window of the car's numbers, modally.
     void editCar();
+    /// Opens the list of the newest notices.
+    void showNotices();
     /// Shows or hides the properties window, as the entry is checked now.
     void mnuShowPropertiesWindow_Click();
+
+    /// Stores what there is to store and lets the source go, without a question: a signal ends the program.
+    void endBySignal();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -67,6 +76,12 @@ private:
     void connectDashboard();
     void showDashboard();
     bool shutDown();
+    void replaceVariables(const QString& path);
+    void recoverVariables(const struct RecoveryCopy& copy);
+    void fillRecent(QMenu* menu);
+    void showRecent(QMenu* menu);
+    void openRecent(const QString& path);
+    void keepRecent(const QStringList& files);
 
     void openHelp(HelpCommand command);
     void showProperties(bool shown);
@@ -81,6 +96,7 @@ private:
     void renewStatus();
 
     frmInterface* m_dashboard;
+    NoticeLine* m_notices;
     frmHelp* m_help = nullptr; ///< made when it is first asked for
     QString m_helpFolder;
     frmProperties* m_properties = nullptr; ///< made when it is first wanted
@@ -92,13 +108,18 @@ private:
     QLabel* m_source = nullptr;
     QLabel* m_time = nullptr;
     QLabel* m_rate = nullptr;
+    QLabel* m_age = nullptr;
     QLabel* m_mode = nullptr;
-    int m_updates = 0;          ///< values handed on since the status was last shown
-    double m_statusTime = 0;    ///< clock at that moment
-    bool m_loading = false;     ///< start-up lets events run before it is done
-    bool m_closeWanted = false; ///< and the person closed the window in one of them
+    std::uint64_t m_samples = 0; ///< decoded when the status was last shown
+    double m_statusTime = 0;     ///< steadySeconds() at that moment
+    bool m_loading = false;      ///< start-up lets events run before it is done
+    bool m_closeWanted = false;  ///< and the person closed the window in one of them
     bool m_loaded = false;
 };
+
+/// How the stream is doing in words for the status bar: when its last message came, or why none comes. `now`:
+/// steadySeconds().
+QString streamInWords(const StreamState& state, double now);
 
 /// A data source's descriptor in words for the status bar.
 QString sourceInWords(const QString& descriptor);

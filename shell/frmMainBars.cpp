@@ -49,7 +49,9 @@ void frmMain::makeMenu(const MenuHead& head) {
     m_commands.insert(QLatin1String(head.name), menu->menuAction());
     if (head.parent && *head.parent) {
         QMenu* parent = m_menus.value(QLatin1String(head.parent));
-        parent->insertMenu(head.leads ? parent->actions().value(0) : nullptr, menu);
+        const QString before = QLatin1String(head.before ? head.before : "");
+        QAction* const first = head.before ? parent->actions().value(0) : nullptr;
+        parent->insertMenu(before.isEmpty() ? first : m_commands.value(before), menu);
     } else if (head.parent)
         menuBar()->addMenu(menu);
     for (const MenuEntry& entry : menuEntries()) {
@@ -67,6 +69,7 @@ void frmMain::makeMenu(const MenuHead& head) {
         connect(action, &QAction::triggered, this, [this, run = entry.run] { run(*this); });
         m_commands.insert(action->objectName(), action);
     }
+    if (QLatin1String(head.name) == QLatin1String("mnuOpenRecent")) fillRecent(menu);
 }
 
 void frmMain::makeToolbar() {
@@ -99,28 +102,42 @@ void frmMain::makeStatusBar() {
     m_source = statusPart(statusBar(), "source", 1);
     m_time = statusPart(statusBar(), "time", 0);
     m_rate = statusPart(statusBar(), "rate", 0);
+    m_age = statusPart(statusBar(), "age", 0);
     m_mode = statusPart(statusBar(), "mode", 0);
 }
 
 void frmMain::showStatus() {
-    const double now = Timer();
-    const double passed = std::abs(now - m_statusTime); // the clock may pass midnight
+    const double now = steadySeconds();
+    const double passed = std::abs(now - m_statusTime);
     if (passed < kStatusSeconds) return;
     m_source->setText(sourceInWords(DataSourceDescriptor));
     m_mode->setText(PlayMode ? QStringLiteral("Play mode") : QStringLiteral("Edit mode"));
-    m_time->setVisible(PlayMode);
-    m_rate->setVisible(PlayMode);
+    for (QLabel* part : {m_time, m_rate, m_age}) part->setVisible(PlayMode);
+    const std::uint64_t samples = streamCounts().samples;
     if (PlayMode && m_statusTime > 0) {
         m_time->setText(QStringLiteral("Logger time %1 s").arg(double(LastValue[kTimeVariable]), 0, 'f', 1));
-        m_rate->setText(QStringLiteral("%1 updates/s").arg(std::lround(m_updates / passed)));
+        m_rate->setText(QStringLiteral("%1 samples/s")
+                            .arg(std::lround(static_cast<double>(samples - m_samples) / passed)));
+        m_age->setText(streamInWords(m_tick.state(), now));
     }
-    m_updates = 0;
+    m_samples = samples;
     m_statusTime = now;
 }
 
 void frmMain::renewStatus() {
     m_statusTime = 0; // not waiting for its turn
     showStatus();
+}
+
+QString streamInWords(const StreamState& state, double now) {
+    if (state.waits) return QStringLiteral("Waits for an answer");
+    if (state.messages == 0)
+        return state.ended ? QStringLiteral("No message in this file") : QStringLiteral("No message yet");
+    if (state.ended) return QStringLiteral("Recording ended");
+    const double age = now - state.lastMessage;
+    if (age < 1) return QStringLiteral("Last message just now");
+    return age < 120 ? QStringLiteral("Last message %1 s ago").arg(static_cast<int>(age))
+                     : QStringLiteral("Last message %1 min ago").arg(static_cast<int>(age / 60));
 }
 
 QString sourceInWords(const QString& descriptor) {

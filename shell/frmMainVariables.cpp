@@ -1,6 +1,7 @@
 // The commands that load, save and restore the variable definitions. In: the person's answers. Out: the
 // tables, the tree, the files.
 #include "dashboard/Hourglass.h"
+#include "dashboard/Recovery.h"
 #include "dashboard/frmInterface.h"
 #include "maths/VariableFiles.h"
 #include "platform/Prompts.h"
@@ -26,8 +27,13 @@ void frmMain::mnuLoadVarInfo_Click() {
     if (MsgBox(question, Icon::Question, Buttons::YesNo) != Answer::Yes) return;
     const auto path = OpenFile(definitionFile("Load Variable Information..."));
     if (!path || path->isEmpty()) return;
+    m_dashboard->keepTable(RecoveryReason::LoadVariables);
+    replaceVariables(*path);
+}
+
+void frmMain::replaceVariables(const QString& path) {
     const Hourglass hourglass;
-    loadVariables(*path);
+    loadVariables(path);
     m_dashboard->takeVariableTable();
     // Where there was no table and the file was none, the working file may still be mended.
     if (!VariableTable.empty()) saveVariables(VariableFilePath);
@@ -44,6 +50,7 @@ void frmMain::mnuRestoreDefaultVar_Click() {
     if (MsgBox(QStringLiteral("Do you want to restore default variable information?"), Icon::Question,
                Buttons::YesNo) != Answer::Yes)
         return;
+    m_dashboard->keepTable(RecoveryReason::RestoreVariables);
     const QString restored = restoreDefinitionFile();
     if (restored.isEmpty()) {
         MsgBox(QStringLiteral("Can't find default variable file"), Icon::Stop);

@@ -1,14 +1,19 @@
 // The program's entry: command line, look, main window.
 #include "dashboard/ReadoutValues.h"
 #include "dashboard/frmInterface.h"
+#include "platform/EndSignals.h"
+#include "platform/Notices.h"
 #include "platform/QtPlainTexts.h"
 #include "platform/QtPrompts.h"
+#include "platform/WholeFile.h"
 #include "shell/Appearance.h"
 #include "shell/Options.h"
 #include "shell/frmMain.h"
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QApplication>
+#include <QBuffer>
+#include <QFileInfo>
 #include <QScreen>
 
 #include <cstdio>
@@ -29,8 +34,18 @@ void sizeWindow(frmMain& window) {
         window.setWindowState(Qt::WindowMaximized);
 }
 
+/// Whether all that was asked for on the command line came about.
+bool allDone = true;
+
 void saveScreenshot(frmMain& window, const QString& path) {
-    if (!window.grab().save(path)) std::fprintf(stderr, "%s: cannot be written\n", qPrintable(path));
+    QBuffer bytes;
+    const QByteArray form = QFileInfo(path).suffix().toLatin1();
+    const QString problem = window.grab().save(&bytes, form.constData())
+                                ? writeWholeFile(path, bytes.data())
+                                : QStringLiteral("its ending is that of no kind of picture, as .png is");
+    if (problem.isEmpty()) return;
+    allDone = false;
+    std::fprintf(stderr, "%s was not written: %s\n", qPrintable(path), qPrintable(problem));
 }
 
 /// The end of an unattended run: picture, values, and out, whatever is still open.
@@ -40,7 +55,7 @@ void finish(frmMain& window, const Options& options) {
     if (!values.isEmpty()) std::printf("%s\n", qPrintable(values));
     window.dashboard().ProfileChanged = false;
     window.close();
-    QCoreApplication::exit(0);
+    QCoreApplication::exit(allDone ? 0 : 1);
 }
 
 void schedule(frmMain& window, const Options& options) {
@@ -57,7 +72,12 @@ int run(const Options& options) {
     QtPrompts prompts;
     if (!options.exitAfter) setPrompter(&prompts);
     frmMain window;
+    if (options.exitAfter) setNoticeListener({}); // nobody is there to read the line: to the error stream
     sizeWindow(window);
+    const EndSignals signals([&window] { window.endBySignal(); });
+    const auto store = [&window] { window.dashboard().storeForEnd(); };
+    QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, &window, store, Qt::DirectConnection);
+    QObject::connect(qGuiApp, &QCoreApplication::aboutToQuit, &window, store);
     if (!window.MDIForm_Load(options.profile)) return 1;
     window.dashboard().mainTab->Tab(options.tab - 1);
     if (!options.source.isEmpty()) DataSourceDescriptor = options.source;
@@ -65,7 +85,7 @@ int run(const Options& options) {
     schedule(window, options);
     const int result = QApplication::exec();
     setPrompter(nullptr);
-    return result;
+    return allDone ? result : 1;
 }
 
 } // namespace
@@ -85,6 +105,6 @@ int main(int argc, char** argv) {
     }
     const QApplication application(argc, argv);
     keepTextsPlain();
-    applyAppearance();
+    applyAppearance(!options.styleChosen);
     return run(options);
 }

@@ -32,7 +32,8 @@ bool isWindow(const QString& file) {
 
 /// What needs no window in a folder of windows.
 bool isCore(const QString& file) {
-    return file.startsWith(QStringLiteral("dashboard/ProfileFile"));
+    return file.startsWith(QStringLiteral("dashboard/ProfileFile")) ||
+           file.startsWith(QStringLiteral("dashboard/Recovery"));
 }
 
 /// Files of a folder that do not stand in the layer of their folder.

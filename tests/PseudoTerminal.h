@@ -35,6 +35,12 @@ public:
         return written < 0 ? 0 : static_cast<std::size_t>(written);
     }
 
+    /// Whether the last one to close the device would drop DTR.
+    bool hangsUpOnClose() const {
+        termios settings{};
+        return tcgetattr(m_master, &settings) == 0 && (settings.c_cflag & HUPCL) != 0;
+    }
+
     /// Pulls the plug.
     void hangUp() {
         if (m_master >= 0) ::close(m_master);

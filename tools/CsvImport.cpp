@@ -55,10 +55,20 @@ std::optional<QByteArrayList> splitFields(const QByteArray& line, char separator
     return fields;
 }
 
+/// What a head line has most of outside quotes.
 char separatorOf(const QByteArray& head) {
     char best = ',';
-    for (const char candidate : {';', '\t'})
-        if (head.count(candidate) > head.count(best)) best = candidate;
+    qsizetype most = 0;
+    for (const char candidate : {',', ';', '\t'}) {
+        qsizetype count = 0;
+        bool quoted = false;
+        for (const char c : head) {
+            quoted = quoted != (c == '"');
+            count += c == candidate && !quoted ? 1 : 0;
+        }
+        if (count > most) best = candidate;
+        most = std::max(most, count);
+    }
     return best;
 }
 
@@ -142,7 +152,7 @@ private:
         const QString time = foldedCase(m_options.timeColumn.section(QLatin1Char('['), 0, 0).trimmed());
         bool isNumber = false;
         const int number = name.toInt(&isNumber);
-        if (name == (time.isEmpty() ? QStringLiteral("TIME") : time))
+        if (name == (time.isEmpty() ? foldedCase(QStringLiteral("Time")) : time))
             column.channel = kTimeVariable;
         else if (isNumber)
             column.channel = number;

@@ -161,7 +161,7 @@ QString HeadUnits::problem(const Unit& shown, const Offer& own, const QString& u
     QStringList ways;
     if (inverse(shown.line)) ways << shown.label;
     for (const Unit* one : own)
-        if (one->plain) ways << one->key;
+        if (one->plain && inverse(one->line)) ways << one->key;
     ways.removeAll(QString());
     ways.removeDuplicates();
     const QString others = ways.isEmpty() ? QString() : QStringLiteral("use %1, or ").arg(ways.join(u", "));

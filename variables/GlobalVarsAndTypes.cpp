@@ -7,7 +7,7 @@ std::vector<VariableDefinition> VariableTableEdit;
 std::vector<UnitConversion> UnitConversions;
 std::array<QString, 25> VariableSlots;
 std::array<QString, 4> UnitSlots;
-std::array<float, kVariableCount> SampleTime{};
+std::array<double, kVariableCount> SampleTime{};
 std::array<double, kVariableCount> SampleDistance{};
 std::array<float, kVariableCount> LastValue{};
 std::array<std::int32_t, kVariableCount> IndexNumbers{};

@@ -77,8 +77,8 @@ extern std::array<QString, 25>
     VariableSlots; ///< texts of the block that the reader of text files is in; kept between its calls
 extern std::array<QString, 4> UnitSlots; ///< the same for a unit conversion
 
-extern std::array<float, kVariableCount>
-    SampleTime; ///< s since midnight of the last sample, 0: none; by the pipeline
+extern std::array<double, kVariableCount>
+    SampleTime; ///< the program's clock at the last sample, a timeStamp(), 0: none; by the pipeline
 extern std::array<double, kVariableCount> SampleDistance; ///< distance at the last sample; by the pipeline
 extern std::array<float, kVariableCount> LastValue; ///< last output of the pipeline; by the decoding loop
 extern std::array<std::int32_t, kVariableCount>
@@ -90,7 +90,7 @@ extern std::int32_t StreamPos;       ///< 0 to the last byte of StreamBytes; by 
 extern std::int32_t EmptyReadCount;  ///< serial reads in a row that brought nothing; by the data source
 extern QString DataSourceDescriptor; ///< "SER,...", "GSM,..." or "FIL,..."; by the source window
 extern std::int16_t RunFileHandle;   ///< above 0 while a run file is open, else -1; by the data source
-extern float TimeBase;   ///< -99 live, -1 recorded and not started, else s since midnight of the start
+extern float TimeBase;   ///< -99 live, -1 recorded and not started, else the program's clock at the start
 extern bool PlayMode;    ///< true while acquisition runs; written by the dashboard's mode commands
 extern bool TagsVisible; ///< the labels command's state; written by TagsOn
 extern bool PropertiesWindowShown;         ///< the properties window follows the mouse

@@ -92,6 +92,13 @@ float clamped(float v, const VariableDefinition& row) {
 
 } // namespace
 
+double timeStamp(double now) {
+    constexpr double kFineUpTo = 131072;
+    constexpr double kSteps = 128;
+    return now < kFineUpTo ? static_cast<double>(static_cast<float>(now))
+                           : std::nearbyint(now * kSteps) / kSteps;
+}
+
 void TransformSample(std::int32_t number, float value, float& output) {
     if (number < 0 || number >= kVariableCount) return;
     const auto index = static_cast<std::size_t>(number);
@@ -105,12 +112,12 @@ float ProcessSample(const std::int32_t& number, const float& value, const double
     if (number < 0 || number >= kVariableCount) return value;
     const auto index = static_cast<std::size_t>(number);
     const VariableDefinition& row = rowOf(index);
-    const auto oldTime = static_cast<double>(SampleTime[index]);
+    const double oldTime = SampleTime[index];
     const auto last = static_cast<double>(LastValue[index]);
     const double oldDistance = SampleDistance[index];
     const double dt = now - oldTime;
-    SampleTime[index] = static_cast<float>(now);
-    const auto newTime = static_cast<double>(SampleTime[index]);
+    const double newTime = timeStamp(now);
+    SampleTime[index] = newTime;
     noteDistance(SampleDistance[index]);
 
     float v = value;

@@ -11,9 +11,13 @@ namespace vistor {
 /// had when the conversion produced no value. A row that the table lacks counts as one without settings.
 void TransformSample(std::int32_t number, float value, float& output);
 
-/// Runs the stages of the row over a value, `now` being the clock in seconds since midnight, and keeps its
-/// stamps. The caller stores the result in LastValue. A stage whose arithmetic fails (overflow, invalid,
-/// division by zero) hands on what it received. Numbers outside 0 to 8000 give the value back.
+/// A clock value as the stamps keep it: rounded to 32 bits, as long as these tell 1/128 s apart (up to 131072
+/// s, a day and a half), beyond that to 1/128 s.
+double timeStamp(double now);
+
+/// Runs the stages of the row over a value, `now` being the program's clock in seconds, and keeps its stamps.
+/// The caller stores the result in LastValue. A stage whose arithmetic fails (overflow, invalid, division by
+/// zero) hands on what it received. Numbers outside 0 to 8000 give the value back.
 float ProcessSample(const std::int32_t& number, const float& value, const double& now);
 
 } // namespace vistor

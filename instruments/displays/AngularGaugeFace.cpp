@@ -60,7 +60,7 @@ void paintCaption(QPainter& painter, const PropertyStore& p, const DialLayout& l
     const auto font = dialFont(p, p.integer(CaptionFont, i), dial.radius);
     if (!font) return;
     painter.setFont(*font);
-    painter.setPen(colourOf(p.integer(CaptionColour, i)));
+    painter.setPen(legibleOn(colourOf(p.integer(CaptionColour, i)), groundOf(p, layout)));
     const int alignment = p.integer(CaptionAlignment, i);
     const QPointF place(boundedPlace(p, CaptionX, i), boundedPlace(p, CaptionY, i));
     paintTextAt(painter, dial.centre + place * dial.radius, text,

@@ -117,6 +117,11 @@ std::optional<QFont> dialFont(const PropertyStore& properties, int section, doub
     return legibleFont(properties, kDialFont, section, properties.integer(GaugeFonts), radius);
 }
 
+QColor groundOf(const PropertyStore& properties, const DialLayout& layout) {
+    return layout.face == GaugeFaceForm::None ? layout.style.back
+                                              : colourOf(properties.integer(GaugeFaceColour));
+}
+
 ScalePlace DialLayout::scaleAt(int index) const {
     const int last = static_cast<int>(scales.size()) - 1;
     return scales[static_cast<std::size_t>(std::clamp(index, 0, last))];

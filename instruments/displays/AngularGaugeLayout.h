@@ -45,6 +45,9 @@ struct DialLayout {
 /// `page` is the colour behind the instrument.
 DialLayout layOutDial(const PropertyStore& properties, const QRectF& panel, const QColor& page);
 
+/// The colour that texts of a dial stand on.
+QColor groundOf(const PropertyStore& properties, const DialLayout& layout);
+
 /// The font of a font section, for a dial of this radius. No value where it would be too small to read.
 std::optional<QFont> dialFont(const PropertyStore& properties, int section, double radius);
 

@@ -8,6 +8,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 
 namespace vistor {
 namespace {
@@ -37,6 +38,15 @@ void paintDots(QPainter& painter, std::span<const QLineF> marks, double width, c
     painter.setBrush(colour);
     const double radius = std::max(width, 1.0);
     for (const QLineF& mark : marks) painter.drawEllipse(mark.center(), radius, radius);
+}
+
+/// The upright box of one that is turned, degrees.
+QRectF boxAround(const QPointF& centre, const QSizeF& size, double turn) {
+    const double along = std::abs(std::cos(turn * M_PI / 180));
+    const double across = std::abs(std::sin(turn * M_PI / 180));
+    const QSizeF box(size.width() * along + size.height() * across,
+                     size.width() * across + size.height() * along);
+    return {centre - QPointF(box.width() / 2, box.height() / 2), box};
 }
 
 } // namespace
@@ -69,17 +79,18 @@ void paintTicMarks(QPainter& painter, std::span<const QLineF> marks, int form, d
         paintLines(painter, marks, width, colour);
 }
 
-void paintTicLabels(QPainter& painter, std::span<const TicLabel> labels) {
+void paintTicLabels(QPainter& painter, std::span<const TicLabel> labels, const QRectF& room) {
     const QFontMetricsF metrics(painter.font());
     const double height = metrics.capHeight();
     std::vector<QRectF> boxes;
     for (const TicLabel& label : labels) {
         const double width = metrics.horizontalAdvance(label.text) + kLabelGap * height;
-        boxes.emplace_back(label.centre.x() - width / 2, label.centre.y() - 0.6 * height, width,
-                           1.2 * height);
+        boxes.push_back(boxAround(label.centre, {width, 1.2 * height}, label.turn));
     }
     for (const int shown : labelsWithRoom(boxes)) {
         const TicLabel& label = labels[static_cast<std::size_t>(shown)];
+        const QSizeF size(metrics.horizontalAdvance(label.text), height);
+        if (!room.contains(boxAround(label.centre, size, label.turn))) continue;
         painter.save();
         painter.translate(label.centre);
         painter.rotate(label.turn);

@@ -31,8 +31,9 @@ struct TicLabel {
     QPointF centre;
     double turn = 0; ///< degrees clockwise
 };
-/// In the painter's font and pen, as many as find room.
-void paintTicLabels(QPainter& painter, std::span<const TicLabel> labels);
+/// In the painter's font and pen, as many as find room beside one another. One that would be cut at the edge
+/// of `room` is left out.
+void paintTicLabels(QPainter& painter, std::span<const TicLabel> labels, const QRectF& room);
 
 /// A line of text in the painter's font and pen, its capitals centred on the place's height. `before` is the
 /// share of its width that lies before the place.

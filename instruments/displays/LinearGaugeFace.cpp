@@ -1,6 +1,7 @@
 #include "instruments/displays/LinearGaugeFace.h"
 
 #include "instruments/Colours.h"
+#include "instruments/displays/FittedText.h"
 #include "instruments/displays/GaugePaint.h"
 
 #include <QFontMetricsF>
@@ -61,8 +62,8 @@ double sharpPlace(double along, double width) {
     return std::round(along - width / 2) + width / 2;
 }
 
-void paintMarks(QPainter& painter, const PropertyStore& p, const LinearScale& scale, const TicRun& run,
-                int i) {
+void paintMarks(QPainter& painter, const PropertyStore& p, const QColor& ground, const LinearScale& scale,
+                const TicRun& run, int i) {
     const double near = scale.across(boundedPlace(p, LinearTicNear, i));
     const double far = scale.across(boundedPlace(p, LinearTicFar, i));
     const double share = p.flag(LinearTicLabels, i) ? kMajorWidth : kMinorWidth;
@@ -74,7 +75,7 @@ void paintMarks(QPainter& painter, const PropertyStore& p, const LinearScale& sc
     }
     const int form = p.integer(LinearTicShape, i);
     const double size = form == int(TicForm::Line) ? width : 2 * width;
-    paintTicMarks(painter, marks, form, size, colourOf(p.integer(LinearTicColour, i)));
+    paintTicMarks(painter, marks, form, size, legibleOn(colourOf(p.integer(LinearTicColour, i)), ground));
 }
 
 /// Labels end or begin at their place, so that they never run into their tics. -1: they lie before it.
@@ -84,13 +85,6 @@ double sideOf(const PropertyStore& p, int i) {
     return place < tics ? -1 : 1;
 }
 
-double widest(const QFont& font, const std::vector<QString>& texts) {
-    const QFontMetricsF metrics(font);
-    double width = 0;
-    for (const QString& text : texts) width = std::max(width, metrics.horizontalAdvance(text));
-    return width;
-}
-
 /// From the labels' place to the edge that they grow to.
 double roomBeside(const QRectF& room, const LinearScale& scale, double across, double side) {
     const double low = scale.vertical ? room.left() : room.top();
@@ -98,12 +92,13 @@ double roomBeside(const QRectF& room, const LinearScale& scale, double across, d
     return (side < 0 ? across - low : high - across) - 2;
 }
 
-/// Smaller where the widest label would not fit between its place and the edge of the room.
-QFont fittedFont(QFont font, const std::vector<QString>& texts, double room) {
-    constexpr int kSmallest = 8;
-    const double width = widest(font, texts);
-    if (width > room)
-        font.setPixelSize(std::max(int(font.pixelSize() * std::max(room, 0.0) / width), kSmallest));
+/// Smaller where a label would not fit between its place and the edge of the room; none where none would.
+std::optional<QFont> fittedFont(QFont font, const std::vector<QString>& texts, double room) {
+    for (const QString& text : texts) {
+        const auto fitted = fontToFit(font, text, room);
+        if (!fitted) return {};
+        font = *fitted;
+    }
     return font;
 }
 
@@ -128,9 +123,10 @@ void paintLabels(QPainter& painter, const PropertyStore& p, const LinearLayout& 
     const double side = sideOf(p, i);
     const bool turned = p.flag(LinearTicLabelsTurned, i);
     const bool beside = scale.vertical != turned; // their length runs across the scale
-    if (beside) *font = fittedFont(*font, texts, roomBeside(layout.room, scale, across, side));
+    if (beside) font = fittedFont(*font, texts, roomBeside(layout.room, scale, across, side));
+    if (!font) return;
     painter.setFont(*font);
-    painter.setPen(colourOf(p.integer(LinearTicLabelColour, i)));
+    painter.setPen(legibleOn(colourOf(p.integer(LinearTicLabelColour, i)), layout.style.back));
     const QFontMetricsF metrics(*font);
     std::vector<TicLabel> labels;
     for (int tic = 0; tic < run.count; ++tic) {
@@ -139,13 +135,13 @@ void paintLabels(QPainter& painter, const PropertyStore& p, const LinearLayout& 
         labels.push_back(
             {text, scale.point(scale.along(run.value(tic)), across + side * half), turned ? -90.0 : 0.0});
     }
-    paintTicLabels(painter, labels);
+    paintTicLabels(painter, labels, layout.room);
 }
 
 void paintTics(QPainter& painter, const PropertyStore& p, const LinearLayout& layout, int i) {
     const LinearScale scale = layout.scaleAt(p.sectionNamed(LinearTicScale, i));
     const TicRun run = ticRunOf(p, kLinearTics, scale.range, i);
-    paintMarks(painter, p, scale, run, i);
+    paintMarks(painter, p, layout.style.back, scale, run, i);
     if (p.flag(LinearTicLabels, i)) paintLabels(painter, p, layout, scale, run, i);
 }
 
@@ -154,7 +150,7 @@ void paintCaption(QPainter& painter, const PropertyStore& p, const LinearLayout&
     const auto font = linearFont(p, p.sectionNamed(LinearCaptionFont, i), layout.unit);
     if (text.isEmpty() || !font) return;
     painter.setFont(*font);
-    painter.setPen(colourOf(p.integer(LinearCaptionColour, i)));
+    painter.setPen(legibleOn(colourOf(p.integer(LinearCaptionColour, i)), layout.style.back));
     const QPointF place = linearTextPlace(layout.room, boundedPlace(p, LinearCaptionX, i),
                                           boundedPlace(p, LinearCaptionY, i), *font);
     paintTextAt(painter, place, text, 0.5);

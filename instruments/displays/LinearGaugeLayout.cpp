@@ -187,13 +187,15 @@ PointerPlace pointerOf(const PropertyStore& p, int i, const LinearScale& on) {
 void layOutNumber(LinearLayout& layout, const PropertyStore& p, int i) {
     const auto font = linearFont(p, p.sectionNamed(LinearNumberFont, i), layout.unit);
     if (!p.flag(LinearPointerNumber, i) || !font) return;
-    layout.numbers.push_back({.section = i,
-                              .at = linearTextPlace(layout.room, boundedPlace(p, LinearNumberX, i),
-                                                    boundedPlace(p, LinearNumberY, i), *font),
-                              .font = *font,
-                              .colour = colourOf(p.integer(LinearNumberColour, i)),
-                              .decimals = std::clamp(p.integer(LinearNumberDecimals, i), 0, 6),
-                              .unit = p.text(LinearNumberUnit, i).left(kLongestText)});
+    layout.numbers.push_back(
+        {.section = i,
+         .at = linearTextPlace(layout.room, boundedPlace(p, LinearNumberX, i),
+                               boundedPlace(p, LinearNumberY, i), *font),
+         .font = *font,
+         .colour = legibleOn(colourOf(p.integer(LinearNumberColour, i)), layout.style.back),
+         .room = layout.room,
+         .decimals = std::clamp(p.integer(LinearNumberDecimals, i), 0, 6),
+         .unit = p.text(LinearNumberUnit, i).left(kLongestText)});
 }
 
 void layOutPointers(LinearLayout& layout, const PropertyStore& p) {

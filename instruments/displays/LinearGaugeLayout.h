@@ -26,6 +26,7 @@ struct NumberPlace {
     QPointF at; ///< its middle
     QFont font;
     QColor colour;
+    QRectF room; ///< that it may not leave
     int decimals = 0;
     QString unit;
 };

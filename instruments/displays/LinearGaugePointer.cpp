@@ -1,6 +1,7 @@
 #include "instruments/displays/LinearGaugePointer.h"
 
 #include "instruments/Colours.h"
+#include "instruments/displays/FittedText.h"
 #include "instruments/displays/GaugePaint.h"
 
 #include <QFontMetricsF>
@@ -110,9 +111,16 @@ void LinearPointer::paintMark(QPainter& painter, double place) const {
 
 LinearNumber::LinearNumber(const NumberPlace& place) : m_number(place) {
     const QFontMetricsF metrics(place.font);
-    const QString longest = labelText(-88888888.888888, place.decimals) + place.unit;
-    const double width = metrics.horizontalAdvance(longest);
-    m_bounds = QRectF(place.at.x() - width / 2, place.at.y() - metrics.height(), width, 2 * metrics.height());
+    const QString longest = labelText(-888888888.888888, place.decimals) + place.unit;
+    const double width = std::min(metrics.horizontalAdvance(longest), place.room.width());
+    m_bounds =
+        QRectF(middleFor(width) - width / 2, place.at.y() - metrics.height(), width, 2 * metrics.height());
+}
+
+/// Its own place, or as near to that as the edges of the room let a number of this width stand.
+double LinearNumber::middleFor(double width) const {
+    const QRectF& room = m_number.room;
+    return std::max(std::min(m_number.at.x(), room.right() - width / 2), room.left() + width / 2);
 }
 
 double LinearNumber::rounded(const PropertyStore& properties) const {
@@ -128,9 +136,11 @@ bool LinearNumber::changed(const PropertyStore& properties) const {
 void LinearNumber::paint(QPainter& painter, const PropertyStore& properties) {
     const double value = properties.number(LinearPointerValue, m_number.section);
     const QString digits = std::isfinite(value) ? labelText(value, m_number.decimals) : QStringLiteral("–");
-    painter.setFont(m_number.font);
+    const FittedText shown = fittedNumber(m_number.font, digits + m_number.unit, m_number.room.width());
+    painter.setFont(shown.font);
     painter.setPen(m_number.colour);
-    paintTextAt(painter, m_number.at, digits + m_number.unit, 0.5);
+    const double middle = middleFor(QFontMetricsF(shown.font).horizontalAdvance(shown.text));
+    paintTextAt(painter, {middle, m_number.at.y()}, shown.text, 0.5);
     m_painted = rounded(properties);
 }
 

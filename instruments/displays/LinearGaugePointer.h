@@ -44,6 +44,7 @@ public:
 
 private:
     double rounded(const PropertyStore& properties) const;
+    double middleFor(double width) const;
 
     NumberPlace m_number;
     QRectF m_bounds; ///< of the longest number

@@ -1,6 +1,7 @@
 #include "instruments/displays/NumLedDisplay.h"
 
 #include "instruments/Colours.h"
+#include "instruments/displays/FittedText.h"
 #include "instruments/displays/PropertyStyles.h"
 
 #include <QPainter>
@@ -110,7 +111,7 @@ void NumLedDisplay::layOut() {
     const double margin = std::min(double(p.bounded(NumLedMargin)), std::min(width(), height()) / 4.0);
     QRectF room = panelInside(panelStyleOf(p, kPanel), rect()).adjusted(margin, margin, -margin, -margin);
     m_unitPlace = {};
-    if (const QString& unit = p.text(NumLedUnit); !unit.isEmpty()) {
+    if (const QString unit = p.text(NumLedUnit).left(kLongestText); !unit.isEmpty()) {
         const double advance = QFontMetricsF(unitFont(room.height())).horizontalAdvance(unit) + margin;
         const double taken = std::min(advance, room.width() / 3);
         m_unitPlace = QRectF(room.right() - taken, room.top(), taken, room.height());
@@ -142,12 +143,14 @@ void NumLedDisplay::paintStatic(QPainter& painter) {
 }
 
 void NumLedDisplay::paintUnit(QPainter& painter, const QRectF& place) const {
-    painter.setFont(unitFont(place.height()));
-    painter.setPen(colourIn(properties(), NumLedCaptionColour));
+    const FittedText unit =
+        fittedWord(unitFont(place.height()), properties().text(NumLedUnit).left(kLongestText), place.width());
+    painter.setFont(unit.font);
+    painter.setPen(
+        legibleOn(colourIn(properties(), NumLedCaptionColour), colourIn(properties(), NumLedBackColour)));
     QRectF line = place;
     line.setBottom(m_row.bounds.bottom() + QFontMetricsF(painter.font()).descent());
-    painter.drawText(line, int(Qt::AlignRight | Qt::AlignBottom) | Qt::TextSingleLine,
-                     properties().text(NumLedUnit));
+    painter.drawText(line, int(Qt::AlignRight | Qt::AlignBottom) | Qt::TextSingleLine, unit.text);
 }
 
 const QPixmap& NumLedDisplay::glyph(std::uint16_t segments) {

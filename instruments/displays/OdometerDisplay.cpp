@@ -1,6 +1,7 @@
 #include "instruments/displays/OdometerDisplay.h"
 
 #include "instruments/Colours.h"
+#include "instruments/displays/FittedText.h"
 #include "instruments/displays/PropertyMakers.h"
 #include "instruments/displays/PropertyStyles.h"
 
@@ -98,7 +99,7 @@ void OdometerDisplay::layOut() {
     const double margin = std::min(double(p.bounded(OdoMargin)), std::min(width(), height()) / 4.0);
     QRectF room = panelInside(panelStyleOf(p, kPanel), rect()).adjusted(margin, margin, -margin, -margin);
     m_unitPlace = {};
-    if (const QString& unit = p.text(OdoUnit); !unit.isEmpty()) {
+    if (const QString unit = p.text(OdoUnit).left(kLongestText); !unit.isEmpty()) {
         const double advance = QFontMetricsF(unitFont(room.height())).horizontalAdvance(unit) + margin + 2;
         const double taken = std::min(advance, room.width() / 3);
         m_unitPlace = QRectF(room.right() - taken, room.top(), taken, room.height());
@@ -127,14 +128,16 @@ void OdometerDisplay::makePictures() {
 }
 
 void OdometerDisplay::paintUnit(QPainter& painter) const {
-    painter.setFont(unitFont(m_unitPlace.height()));
-    painter.setPen(colourOf(properties().integer(OdoCaptionColour)));
+    const PropertyStore& p = properties();
+    const FittedText unit =
+        fittedWord(unitFont(m_unitPlace.height()), p.text(OdoUnit).left(kLongestText), m_unitPlace.width());
+    painter.setFont(unit.font);
+    painter.setPen(legibleOn(colourOf(p.integer(OdoCaptionColour)), colourOf(p.integer(OdoBackColour))));
     QRectF line = m_unitPlace;
     line.setBottom(m_drums.at(0).bottom() - m_drums.drum.height() * 0.14);
     const QFontMetricsF metrics(painter.font());
-    const QString unit = metrics.elidedText(properties().text(OdoUnit), Qt::ElideRight, line.width());
     painter.drawText(line.adjusted(0, 0, 0, metrics.descent()),
-                     int(Qt::AlignRight | Qt::AlignBottom) | Qt::TextSingleLine, unit);
+                     int(Qt::AlignRight | Qt::AlignBottom) | Qt::TextSingleLine, unit.text);
 }
 
 /// The recess that the drums turn in, its edge lit from above.

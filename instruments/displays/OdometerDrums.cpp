@@ -64,6 +64,7 @@ DrumRow drumRow(double value, const DrumForm& form) {
     const bool negative = value < 0 && digits > 0;
     const int drums = row.count - (negative ? 1 : 0);
     const double all = powerOfTen(drums);
+    if (negative && form.rollOver && digits >= all) return filled(form, {Drum::Face::Minus, 0});
     const bool atEnd = !form.rollOver && digits >= all - 1;
     int used = atEnd ? setNines(row, drums) : setDigits(row, std::fmod(digits, all), drums);
     if (form.leadingZeros) used = drums;

@@ -38,7 +38,8 @@ struct DrumRow {
 };
 
 /// The drums for a value. A drum turns on while the one to its right goes from 9 to 0. The sign takes a drum,
-/// the first one or that before the first digit. What is not a number shows a dash on each.
+/// the first one or that before the first digit. What is not a number shows a dash on each, and so does one
+/// below 0 beyond the drums of a counter that rolls over: none runs round that way.
 DrumRow drumRow(double value, const DrumForm& form);
 
 /// Drums side by side with a gap for the decimal mark.

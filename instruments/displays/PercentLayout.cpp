@@ -119,6 +119,10 @@ std::optional<QFont> fontFor(const PercentPlan& plan, const PropertyStore& p) {
 
 } // namespace
 
+QColor PortionStyle::onPortion() const {
+    return legibleOn(textColour, colour);
+}
+
 std::optional<QFont> fittedTo(QFont font, double textWidth, double room) {
     if (textWidth <= kTextRoom * room) return font;
     const int pixels = static_cast<int>(font.pixelSize() * std::max(kTextRoom * room, 0.0) / textWidth);

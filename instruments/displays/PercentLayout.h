@@ -15,6 +15,8 @@ struct PortionStyle {
     QColor textColour;
     PortionTextForm text = PortionTextForm::Percent;
     QString name;
+
+    QColor onPortion() const;
 };
 
 struct PercentPlan {

@@ -39,7 +39,7 @@ PanelStyle panelStyleOf(const PropertyStore& properties, const PanelNumbers& num
     style.caption = properties.text(numbers.caption).left(kLongestText);
     style.captionAlignment = alignmentOf(properties.integer(numbers.captionAlignment));
     style.captionBelow = properties.integer(numbers.captionPlace) == 1;
-    style.captionColour = colour(numbers.captionColour);
+    style.captionColour = legibleOn(colour(numbers.captionColour), style.back);
     return style;
 }
 

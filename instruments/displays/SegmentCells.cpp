@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <optional>
 #include <string_view>
 
 namespace vistor {
@@ -131,6 +132,27 @@ std::string_view digitsOf(double size, int decimals, bool fixed, std::array<char
     return fixed ? text : withoutTrailingZeros(text);
 }
 
+/// The number that a text says, with either mark; none for another text.
+std::optional<double> numberOf(QStringView text) {
+    std::array<char, 80> bytes;
+    if (text.size() > static_cast<qsizetype>(bytes.size())) return {};
+    if (text.startsWith(u'+')) text = text.sliced(1);
+    char* end = bytes.data();
+    for (const QChar sign : text) *end++ = sign == u',' ? '.' : sign.toLatin1();
+    double number = 0;
+    const auto read = std::from_chars(bytes.data(), end, number);
+    if (read.ec != std::errc() || read.ptr != end) return {};
+    return number;
+}
+
+/// A number in a text that is too long for its cells.
+SegmentRow fewerCells(QStringView text, int digits) {
+    const qsizetype mark = std::max(text.indexOf(u'.'), text.indexOf(u','));
+    return numberCells(*numberOf(text), {.digits = digits,
+                                         .decimals = mark < 0 ? 0 : static_cast<int>(text.size() - mark - 1),
+                                         .plusMinus = text.startsWith(u'+')});
+}
+
 } // namespace
 
 void SegmentRow::append(char16_t sign) {
@@ -168,7 +190,7 @@ SegmentRow textCells(QStringView text, int digits) {
         const bool point = sign == u'.' || sign == u',';
         const bool joins =
             point && row.count > 0 && !row.cells[static_cast<std::size_t>(row.count - 1)].point;
-        if (row.count == most && !joins) break;
+        if (row.count == most && !joins) return numberOf(text) ? fewerCells(text, most) : row;
         row.append(sign.unicode());
     }
     return row;

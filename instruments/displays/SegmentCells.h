@@ -38,7 +38,8 @@ struct NumberForm {
 /// fills the cells with dashes.
 SegmentRow numberCells(double value, const NumberForm& form);
 
-/// A text's first `digits` cells.
+/// A text's first `digits` cells; a number that needs more loses decimals, or shows dashes, as numberCells
+/// does.
 SegmentRow textCells(QStringView text, int digits);
 
 enum Segment : std::uint16_t {

@@ -83,6 +83,7 @@ QString ticText(const Tics& tics, int index, int leastDecimals) {
 
 StripLayout layOutStrip(const QRectF& room, const StripLook& look) {
     StripLayout layout;
+    layout.room = room;
     const double margin = std::clamp(std::min(room.width(), room.height()) * 0.03, 2.0, 10.0);
     QRectF frame = room.adjusted(margin, margin, -margin, -margin);
     const double left = look.widestY + kTextGap;
@@ -100,7 +101,7 @@ StripLayout layOutStrip(const QRectF& room, const StripLook& look) {
     if (layout.numbersY && !look.legend)
         frame.setTop(frame.top() + look.lineHeight / 4); // the topmost number
     layout.frame = frame.isValid() ? onPixels(frame, look.ratio) : QRectF(room.topLeft(), QSizeF(1, 1));
-    const double inset = std::min(4.0, layout.frame.height() / 8);
+    const double inset = std::min(4.0, std::min(layout.frame.width(), layout.frame.height()) / 8);
     layout.data = layout.frame.adjusted(inset, inset, -inset, -inset);
     return layout;
 }

@@ -66,6 +66,7 @@ struct StripLook {
 };
 
 struct StripLayout {
+    QRectF room;   ///< of all of it
     QRectF frame;  ///< of the grid, on whole device pixels
     QRectF data;   ///< where the ranges' ends lie: inside the frame, so that what is extreme is seen whole
     QRectF legend; ///< empty: none

@@ -1,7 +1,7 @@
 #include "instruments/displays/StripDisplay.h"
 
 #include "instruments/Colours.h"
-#include "instruments/displays/StripPath.h"
+#include "instruments/displays/StripDashes.h"
 #include "instruments/displays/StripRaster.h"
 
 #include <QPainter>
@@ -78,6 +78,10 @@ void StripDisplay::clearPoints() {
     m_kept.forget();
     touch();
     redraw();
+}
+
+void StripDisplay::interrupt() {
+    for (TraceRing& ring : m_traces) ring.interrupt();
 }
 
 const TraceRing* StripDisplay::heldBy(int trace) const {
@@ -171,10 +175,18 @@ void StripDisplay::paintMoving(QPainter& painter) {
     const Scene scene = sceneNow();
     paintPlot(scene);
     copyPlot(painter, scene);
+    if (scene.style.marker) paintMarkerNow(painter, scene);
+    paintTexts(painter, scene);
+}
+
+void StripDisplay::paintTexts(QPainter& painter, const Scene& scene) const {
+    paintCaptions(painter, scene.style, scene.layout, properties());
     paintNumbers(painter, scene.style, scene.layout, scene.x, scene.y);
     if (!scene.layout.legend.isEmpty()) paintLegend(painter, scene.style, scene.layout, legendEntries());
-    if (scene.style.marker) paintMarkerNow(painter, scene);
-    paintCaptions(painter, scene.style, scene.layout, properties());
+}
+
+void StripDisplay::paintTexts(QPainter& painter) const {
+    paintTexts(painter, sceneNow());
 }
 
 /// Pixel by pixel also where the display stands between the screen's pixels.
@@ -275,16 +287,22 @@ void StripDisplay::paintWholePlot(const Scene& scene) {
 void StripDisplay::paintTrace(const Scene& scene, StripRaster& raster, int trace) {
     const TraceRing& ring = *heldBy(trace);
     const TraceStyle style = traceStyle(properties(), trace);
-    auto [x, y, stroke] = lineOf(scene, trace);
+    const auto [x, y, stroke] = lineOf(scene, trace);
+    const double pen = stroke.width / 2 + 1;
     std::vector<double> dashes;
     for (const double dash : style.dashes) dashes.push_back(dash * stroke.width);
-    stroke.dashes = dashes;
     if (m_scrolling) {
         const auto runs = std::min<std::size_t>(ring.runCount(), kMostRunsPainted);
-        for (std::size_t i = 0; i < runs; ++i) raster.paintRun(ring, ring.run(i), x, y, stroke);
+        for (std::size_t i = 0; i < runs; ++i) {
+            if (dashes.empty())
+                raster.paintRun(ring, ring.run(i), x, y, stroke);
+            else
+                paintPieces(raster, dashedInOrder(ring, ring.run(i), x, y, m_plot.size(), pen, dashes),
+                            stroke);
+        }
     } else {
         PathCells& visited = m_visited[static_cast<std::size_t>(trace)];
-        const PathPieces path = thinnedPath(ring, x, y, m_plot.size(), stroke.width / 2 + 1, visited);
+        const PathPieces path = thinnedPath(ring, x, y, m_plot.size(), pen, visited);
         paintPieces(raster, dashes.empty() ? path : dashed(path, dashes), stroke);
     }
     if (style.symbol != StripSymbol::None) paintSymbols(ring, x, y, style, scene.ratio);

@@ -28,6 +28,8 @@ public:
     void addPoint(int trace, double x, double y);
     /// Method 127.
     void clearPoints();
+    /// No line leads from the points so far to those that come.
+    void interrupt();
     /// Methods 148 and 149. Of a trace that holds nothing, the ends of its range, so that the scale stays.
     double highestY(int trace) const;
     double lowestY(int trace) const;
@@ -40,6 +42,8 @@ public:
     void setTraceNames(const QStringList& names);
     /// Where the parts of the picture stand now, in logical pixels.
     StripLayout layoutNow() const;
+    /// Numbers, legend and captions, without the traces.
+    void paintTexts(QPainter& painter) const;
 
 protected:
     void propertiesReplaced() override { tellVisible(); }
@@ -56,6 +60,7 @@ private:
     /// On a scrolling display at the newest point of the current trace, else where the properties say.
     void paintMarkerNow(QPainter& painter, const Scene& scene) const;
     void copyPlot(QPainter& painter, const Scene& scene) const;
+    void paintTexts(QPainter& painter, const Scene& scene) const;
     void paintPlot(const Scene& scene);
     void paintWholePlot(const Scene& scene);
     /// Adds to the picture what has come since it was painted.

@@ -26,6 +26,7 @@ bool KeptTracks::canGrow(const std::vector<double>& look, const std::vector<Trac
 bool KeptTracks::onlyLacksNew(const TraceRing& ring, const Track& track) {
     if (ring.added() == track.anchored) return true;
     if (ring.added() < track.anchored) return false; // the ring has begun again
+    if (ring.gapSince(track.anchored)) return false;
     const std::uint64_t fresh = ring.added() - track.anchored;
     const std::uint64_t dropped = ring.added() - ring.size();
     return fresh <= kMostNew && fresh < ring.size() && dropped <= track.dropped + ring.size() / kStaleShare;

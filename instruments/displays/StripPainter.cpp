@@ -105,11 +105,13 @@ void paintNumbers(QPainter& painter, const StripStyle& style, const StripLayout&
         const double width = metrics.horizontalAdvance(x.texts[i]);
         const double left = frame.left() + mapX(x.tics.at(i)) - width / 2;
         if (left + width / 2 > frame.right() + 1 || left + width / 2 < frame.left() - 1) continue;
+        if (left < layout.room.left() || left + width > layout.room.right()) continue; // it would be cut
         painter.drawText(QPointF(left, frame.bottom() + 3 + metrics.ascent()), x.texts[i]);
     }
     for (int i = 0; layout.numbersY && i < y.tics.count; ++i) {
         const double width = metrics.horizontalAdvance(y.texts[i]);
-        const double base = frame.top() + mapY(y.tics.at(i)) + middle;
+        const double wanted = frame.top() + mapY(y.tics.at(i)) + middle;
+        const double base = std::max(std::min(wanted, layout.room.bottom()), layout.room.top() + 2 * middle);
         painter.drawText(QPointF(frame.left() - 5 - width, base), y.texts[i]);
     }
     // Filled: a stroked rectangle takes twenty times as long.
@@ -127,22 +129,23 @@ void paintLegend(QPainter& painter, const StripStyle& style, const StripLayout& 
     std::vector<double> lengths;
     for (const LegendEntry& entry : entries) lengths.push_back(metrics.horizontalAdvance(entry.name));
     const double taken = double(entries.size()) * (kChip + kChipGap + kEntryGap) - kEntryGap;
-    const double most = longestWithRoom(lengths, place.width() - taken);
+    const double squeeze = std::min(place.width() / taken, 1.0); // no entry is lost
+    const double most = std::max(longestWithRoom(lengths, place.width() - taken), 0.0);
     const double line = place.center().y();
     double left = place.left();
     painter.setFont(style.font);
     for (const LegendEntry& entry : entries) {
-        const QString name = metrics.elidedText(entry.name, Qt::ElideRight, most);
-        const double end = left + kChip + kChipGap + metrics.horizontalAdvance(name);
-        if (end > place.right() + 1) return;
+        QString name = metrics.elidedText(entry.name, Qt::ElideRight, most);
+        if (metrics.horizontalAdvance(name) > most + 1) name.clear(); // not even the dots
+        const double end = left + kChip * squeeze;
+        const double text = end + kChipGap * squeeze;
         painter.setPen(chipPen(entry.style));
-        painter.drawLine(QPointF(left, line), QPointF(left + kChip, line));
+        painter.drawLine(QPointF(left, line), QPointF(end, line));
         if (entry.style.symbol != StripSymbol::None)
-            drawSymbol(painter, entry.style, QPointF(left + kChip / 2, line), 7);
+            drawSymbol(painter, entry.style, QPointF((left + end) / 2, line), 7);
         painter.setPen(style.fore);
-        painter.drawText(QPointF(left + kChip + kChipGap, line + (metrics.ascent() - metrics.descent()) / 2),
-                         name);
-        left = end + kEntryGap;
+        painter.drawText(QPointF(text, line + (metrics.ascent() - metrics.descent()) / 2), name);
+        left = text + metrics.horizontalAdvance(name) + kEntryGap * squeeze;
     }
 }
 
@@ -171,7 +174,7 @@ void paintCaptions(QPainter& painter, const StripStyle& style, const StripLayout
         const QString text = p.text(StripCaption, i).left(kLongestText);
         const double slack = std::max(layout.frame.width() - metrics.horizontalAdvance(text), 0.0);
         const double fall = std::max(layout.frame.height() - metrics.height(), 0.0);
-        painter.setPen(colourOf(p.integer(StripCaptionColour, i)));
+        painter.setPen(legibleOn(colourOf(p.integer(StripCaptionColour, i)), style.plot));
         painter.drawText(layout.frame.topLeft() + QPointF(slack * x, fall * y + metrics.ascent()), text);
     }
 }

@@ -1,10 +1,7 @@
 #include "instruments/displays/StripPath.h"
 
-#include <QRectF>
-
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 
 namespace vistor {
 namespace {
@@ -17,33 +14,11 @@ constexpr double kStepInk = 3;        ///< that a step costs beside its length
 constexpr int kMostCells = 8192;      ///< along a step; a longer one comes from far outside
 constexpr double kPassedInk = 0.1;    ///< a pixel that is not drawn again
 
-double lengthOf(const QPointF& step) {
-    return std::sqrt(step.x() * step.x() + step.y() * step.y());
-}
-
-/// The part of a step that lies in a rectangle, as shares of its length.
-struct StepPart {
-    double from = 0;
-    double to = 1;
-
-    bool empty() const { return from >= to; }
-};
-
 /// Leaves of a part what lies on one side of an edge: where `start` + share * `way` is not negative.
 void cut(StepPart& part, double start, double way) {
     if (start < 0 && start + way < 0) part.to = part.from;
     if (start < 0 && way > 0) part.from = std::max(part.from, -start / way);
     if (start + way < 0 && way < 0) part.to = std::min(part.to, -start / way);
-}
-
-StepPart partInside(const QRectF& room, const QPointF& from, const QPointF& way) {
-    StepPart part;
-    if (room.contains(from) && room.contains(from + way)) return part;
-    cut(part, from.x() - room.left(), way.x());
-    cut(part, room.right() - from.x(), -way.x());
-    cut(part, from.y() - room.top(), way.y());
-    cut(part, room.bottom() - from.y(), -way.y());
-    return part;
 }
 
 /// The cells that a step goes through behind its start; of a short one only its end.
@@ -72,6 +47,19 @@ public:
         m_penDown = drawn && part.to == 1;
         m_endedFresh = m_endedFresh || part.empty() || part.to < 1;
         m_length += length;
+    }
+
+    /// A path of one place alone.
+    void dot(const QPointF& place) {
+        if (!m_seen.contains(place) || m_visited.visit(place)) return;
+        lift();
+        pass(place, place, false);
+        m_ends.back() = m_length;
+    }
+    /// No line leads from here to the next step.
+    void lift() {
+        m_penDown = false;
+        m_endedFresh = true;
     }
 
     /// The path the right way round.
@@ -118,59 +106,21 @@ private:
     std::vector<double> m_ends; ///< of the pieces, along the path
 };
 
-class DashCutter {
-public:
-    explicit DashCutter(std::span<const double> dashes)
-        : m_dashes(dashes), m_period(std::accumulate(dashes.begin(), dashes.end(), 0.0)) {}
-
-    bool cuts() const { return m_period > 0; }
-
-    /// The next line begins so far along the path.
-    void begin(double distance) {
-        m_down = false;
-        m_dash = 0;
-        m_left = m_dashes[0];
-        double ahead = std::fmod(distance, m_period);
-        for (; ahead >= m_left; next()) ahead -= m_left;
-        m_left -= ahead;
-    }
-
-    void line(QPointF from, const QPointF& to) {
-        for (double length = lengthOf(to - from); length > 0;) {
-            const double part = std::min(length, m_left);
-            const QPointF end = from + (to - from) * (part / length);
-            if (m_dash % 2 == 0) draw(from, end);
-            m_down = m_dash % 2 == 0;
-            from = end;
-            length -= part;
-            m_left -= part;
-            if (m_left <= 0) next();
-        }
-    }
-
-    PathPieces pieces;
-
-private:
-    void next() {
-        m_dash = (m_dash + 1) % m_dashes.size();
-        m_left = m_dashes[m_dash];
-    }
-    void draw(const QPointF& from, const QPointF& to) {
-        if (!m_down) {
-            pieces.starts.push_back(pieces.points.size());
-            pieces.points.push_back(from);
-        }
-        pieces.points.push_back(to);
-    }
-
-    std::span<const double> m_dashes;
-    double m_period;
-    std::size_t m_dash = 0;
-    double m_left = 0; ///< of the dash
-    bool m_down = false;
-};
-
 } // namespace
+
+double lengthOf(const QPointF& step) {
+    return std::sqrt(step.x() * step.x() + step.y() * step.y());
+}
+
+StepPart partInside(const QRectF& room, const QPointF& from, const QPointF& way) {
+    StepPart part;
+    if (room.contains(from) && room.contains(from + way)) return part;
+    cut(part, from.x() - room.left(), way.x());
+    cut(part, room.right() - from.x(), -way.x());
+    cut(part, from.y() - room.top(), way.y());
+    cut(part, room.bottom() - from.y(), -way.y());
+    return part;
+}
 
 std::span<const QPointF> PathPieces::piece(std::size_t index) const {
     const std::size_t last = index + 1 < starts.size() ? starts[index + 1] : points.size();
@@ -232,30 +182,25 @@ PathPieces unvisitedParts(std::span<const QPointF> line, const PathCells& visite
 
 PathPieces thinnedPath(const TraceRing& ring, const AxisMap& x, const AxisMap& y, const QSize& image,
                        double pen, PathCells& visited) {
-    if (ring.size() == 0) return {};
     const auto place = [&](std::size_t index) { return QPointF(x(ring.x(index)), y(ring.y(index))); };
     Thinning thinning(image, pen, visited);
-    QPointF last = place(ring.size() - 1);
-    for (std::size_t i = ring.size() - 1; i-- > 0 && !thinning.full();) {
-        const QPointF next = place(i);
-        if (std::abs(next.x() - last.x()) < kLeastStep && std::abs(next.y() - last.y()) < kLeastStep)
-            continue;
-        thinning.step(last, next);
-        last = next;
+    for (std::size_t number = 0; number <= ring.gapCount() && !thinning.full(); ++number) {
+        const PointRun stretch = ring.stretch(number);
+        if (stretch.first == stretch.last) continue;
+        QPointF last = place(stretch.last - 1);
+        bool moved = false;
+        for (std::size_t i = stretch.last - 1; i-- > stretch.first && !thinning.full();) {
+            const QPointF next = place(i);
+            if (std::abs(next.x() - last.x()) < kLeastStep && std::abs(next.y() - last.y()) < kLeastStep)
+                continue;
+            thinning.step(last, next);
+            last = next;
+            moved = true;
+        }
+        if (!moved) thinning.dot(last);
+        thinning.lift();
     }
-    PathPieces path = thinning.taken();
-    return path.starts.empty() ? PathPieces{{last, last}, {0}, {0}} : path;
-}
-
-PathPieces dashed(const PathPieces& path, std::span<const double> dashes) {
-    DashCutter cutter(dashes);
-    if (!cutter.cuts()) return path;
-    for (std::size_t p = 0; p < path.count(); ++p) {
-        const auto piece = path.piece(p);
-        cutter.begin(path.distances[p]);
-        for (std::size_t i = 0; i + 1 < piece.size(); ++i) cutter.line(piece[i], piece[i + 1]);
-    }
-    return cutter.pieces;
+    return thinning.taken();
 }
 
 std::vector<QPointF> symbolPlacesInOrder(const TraceRing& ring, const PointRun& run, const AxisMap& x,

@@ -6,12 +6,25 @@
 #include "instruments/displays/StripTraces.h"
 
 #include <QPointF>
+#include <QRectF>
 #include <QSize>
 
 #include <span>
 #include <vector>
 
 namespace vistor {
+
+double lengthOf(const QPointF& step);
+
+/// The part of a step that lies in a rectangle, as shares of its length.
+struct StepPart {
+    double from = 0;
+    double to = 1;
+
+    bool empty() const { return from >= to; }
+};
+
+StepPart partInside(const QRectF& room, const QPointF& from, const QPointF& way);
 
 /// Lines from point to point; each piece is one of them.
 struct PathPieces {
@@ -54,10 +67,6 @@ PathPieces unvisitedParts(std::span<const QPointF> line, const PathCells& visite
 /// of this one.
 PathPieces thinnedPath(const TraceRing& ring, const AxisMap& x, const AxisMap& y, const QSize& image,
                        double pen, PathCells& visited);
-
-/// Cuts pieces into dashes, on, off, on ... in pixels along the path from its start, so that they stay in
-/// their places while it grows. The pieces that result have no distances.
-PathPieces dashed(const PathPieces& path, std::span<const double> dashes);
 
 /// Places for symbols `spacing` image pixels apart or more, and the same ones while the data scroll: where X
 /// is in order, one point in each stretch of X; else the oldest point in each square of the image.

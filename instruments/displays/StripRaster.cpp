@@ -142,19 +142,6 @@ StripRaster::StripRaster(QImage& image, const QRect& clip, double ratio)
     m_coverage.resize(static_cast<std::size_t>(image.height()) + 2);
 }
 
-void StripRaster::cutDashes(const PointRun& touched, const AxisMap& x, std::span<const double> dashes) {
-    double period = 0;
-    for (const double dash : dashes) period += dash;
-    if (!(period > 0)) return;
-    const double start = std::fmod(x.offset - x.origin * x.factor, period); // dashes move along with the data
-    for (std::size_t column = touched.first; column < touched.last; ++column) {
-        double at = std::fmod(static_cast<double>(column) / m_perPixel - start + 2 * period, period);
-        std::size_t dash = 0;
-        while (dash < dashes.size() && at >= dashes[dash]) at -= dashes[dash++];
-        if (dash % 2 == 1) m_line[column] = {};
-    }
-}
-
 /// The line's spans grown by a disc of that radius, in whole pixels of columns.
 PointRun StripRaster::widen(const PointRun& touched, double radius) {
     const auto reach = static_cast<std::size_t>(radius * m_perPixel);
@@ -173,7 +160,7 @@ PointRun StripRaster::widen(const PointRun& touched, double radius) {
         const auto height = static_cast<float>(std::sqrt(radius * radius - away * away));
         const std::size_t skipped = k > touched.first ? k - touched.first : 0;
         for (std::size_t c = touched.first + skipped; c < touched.last; ++c) put(c - k, m_line[c], height);
-        const std::size_t last = std::min(touched.last, m_stroke.size() - k);
+        const std::size_t last = std::min(touched.last, m_stroke.size() - std::min(k, m_stroke.size()));
         for (std::size_t c = touched.first; c < last; ++c) put(c + k, m_line[c], height);
     }
     return grown;
@@ -227,7 +214,6 @@ void StripRaster::paintRun(const TraceRing& ring, const PointRun& run, const Axi
     if (m_clip.isEmpty()) return;
     const PointRun touched = columnSpans(ring, run, x, y, m_perPixel, m_line);
     if (touched.first == touched.last) return;
-    if (!stroke.dashes.empty()) cutDashes(touched, x, stroke.dashes);
     paintTouched(touched, stroke);
 }
 

@@ -35,8 +35,7 @@ PointRun columnSpans(const TraceRing& ring, const PointRun& run, const AxisMap& 
 
 struct RasterStroke {
     QRgb colour = 0;
-    double width = 1.5;               ///< image pixels
-    std::span<const double> dashes{}; ///< on, off, on ... in image pixels along X; empty: solid
+    double width = 1.5; ///< image pixels
 };
 
 class StripRaster {
@@ -48,13 +47,12 @@ public:
     /// The maps lead to image pixels.
     void paintRun(const TraceRing& ring, const PointRun& run, const AxisMap& x, const AxisMap& y,
                   const RasterStroke& stroke);
-    /// A line through image pixels in any direction; dashes are not heeded.
+    /// A line through image pixels in any direction.
     void paintLine(std::span<const QPointF> points, const RasterStroke& stroke);
 
 private:
     PointRun takeLine(std::span<const QPointF> points);
     void paintTouched(const PointRun& touched, const RasterStroke& stroke);
-    void cutDashes(const PointRun& touched, const AxisMap& x, std::span<const double> dashes);
     PointRun widen(const PointRun& touched, double radius);
     void paintColumn(int column, QRgb colour);
 

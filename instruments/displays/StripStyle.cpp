@@ -44,22 +44,6 @@ double within(const PropertyStore& p, StripProperty number, int index) {
     return std::isnan(value) ? info.initial : std::clamp(value, info.low, info.high);
 }
 
-double brightness(const QColor& colour) {
-    return 0.299 * colour.red() + 0.587 * colour.green() + 0.114 * colour.blue();
-}
-
-QColor legible(const QColor& wanted, const QColor& ground) {
-    constexpr double kLeastContrast = 70;
-    if (std::abs(brightness(wanted) - brightness(ground)) >= kLeastContrast) return wanted;
-    return mixed(ground, brightness(ground) < 128 ? Qt::white : Qt::black, 0.75);
-}
-
-PanelStyle panelStyle(const PropertyStore& p) {
-    PanelStyle style = panelStyleOf(p, kPanel);
-    style.captionColour = legible(style.captionColour, style.back);
-    return style;
-}
-
 QFont numberFont(const PropertyStore& p, const QSizeF& size) {
     if (p.integer(StripFontCount) == 0) {
         QFont font;
@@ -85,10 +69,10 @@ QColor foreColour(const PropertyStore& p) {
 
 StripStyle stripStyle(const PropertyStore& p, const QSizeF& size) {
     StripStyle style;
-    style.panel = panelStyle(p);
+    style.panel = panelStyleOf(p, kPanel);
     const QColor& back = style.panel.back;
     style.plot = brightness(back) < 128 ? mixed(back, Qt::black, 0.35) : mixed(back, Qt::white, 0.6);
-    style.fore = legible(foreColour(p), back);
+    style.fore = legibleOn(foreColour(p), back);
     style.grid = mixed(style.plot, style.fore, 0.15);
     style.frame = mixed(style.plot, style.fore, 0.4);
     style.font = numberFont(p, size);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace vistor {
 void TraceRing::setCapacity(std::size_t capacity) {
@@ -9,7 +10,11 @@ void TraceRing::setCapacity(std::size_t capacity) {
     if (capacity == m_capacity) return;
     TraceRing other;
     other.m_capacity = capacity;
-    for (std::size_t i = size() - std::min(size(), capacity); i < size(); ++i) other.add(x(i), y(i));
+    for (std::size_t i = size() - std::min(size(), capacity); i < size(); ++i) {
+        if (std::binary_search(m_gaps.begin(), m_gaps.end(), oldest() + i)) other.interrupt();
+        other.add(x(i), y(i));
+    }
+    other.m_interrupted = m_interrupted;
     *this = std::move(other);
 }
 
@@ -22,6 +27,7 @@ void TraceRing::clear() {
 bool TraceRing::add(double x, double y) {
     if (!std::isfinite(x) || !std::isfinite(y)) return false;
     noteRun(x);
+    noteGap();
     if (m_x.size() < m_capacity)
         append(x, y);
     else
@@ -119,21 +125,34 @@ std::uint64_t TraceRing::runStart(std::size_t number) const {
 
 void TraceRing::noteRun(double x) {
     const bool jumpedBack = size() > 0 && x < this->x(size() - 1);
-    if (size() == 0 || jumpedBack) {
+    if (size() == 0 || jumpedBack || m_interrupted) {
         m_newestRun = (m_newestRun + 1) % kMostRuns;
         m_runStarts[m_newestRun] = m_added;
         m_runCount = std::min(m_runCount + 1, kMostRuns);
     }
-    const std::uint64_t oldest = m_added + 1 - std::min<std::uint64_t>(m_added + 1, m_capacity);
-    while (m_runCount > 1 && runStart(m_runCount - 2) <= oldest) --m_runCount;
+    while (m_runCount > 1 && runStart(m_runCount - 2) <= oldestThen()) --m_runCount;
+}
+
+/// A gap before the point that comes, and none any more before the oldest that will be held with it.
+void TraceRing::noteGap() {
+    const std::uint64_t kept = oldestThen();
+    while (!m_gaps.empty() && m_gaps.front() <= kept) m_gaps.erase(m_gaps.begin());
+    if (std::exchange(m_interrupted, false) && m_added > kept) m_gaps.push_back(m_added);
 }
 
 PointRun TraceRing::run(std::size_t number) const {
     if (number >= m_runCount) return {};
-    const std::uint64_t oldest = m_added - size();
-    const std::uint64_t first = std::max(runStart(number), oldest);
+    const std::uint64_t first = std::max(runStart(number), oldest());
     const std::uint64_t last = number == 0 ? m_added : runStart(number - 1);
-    return {static_cast<std::size_t>(first - oldest), static_cast<std::size_t>(last - oldest)};
+    return {static_cast<std::size_t>(first - oldest()), static_cast<std::size_t>(last - oldest())};
+}
+
+PointRun TraceRing::stretch(std::size_t number) const {
+    if (number > m_gaps.size()) return {};
+    const std::size_t behind = m_gaps.size() - number; // gaps before its end
+    const std::uint64_t first = behind == 0 ? oldest() : m_gaps[behind - 1];
+    const std::uint64_t last = number == 0 ? m_added : m_gaps[behind];
+    return {static_cast<std::size_t>(first - oldest()), static_cast<std::size_t>(last - oldest())};
 }
 
 } // namespace vistor

@@ -48,6 +48,8 @@ public:
     std::size_t capacity() const { return m_capacity; }
     /// Adds a point; one that is not finite is left out. Takes memory only until the ring is full.
     bool add(double x, double y);
+    /// No line leads from the points so far to the next one: what lay between is not known.
+    void interrupt() { m_interrupted = size() > 0; }
     void clear();
 
     std::size_t size() const { return m_x.size(); }
@@ -63,8 +65,15 @@ public:
     std::size_t firstFrom(std::size_t from, std::size_t last, double x, std::size_t guess) const;
 
     std::size_t runCount() const { return m_runCount; }
-    /// A stretch without a jump back; number 0 is the newest.
+    /// A stretch without a jump back and without a gap; number 0 is the newest.
     PointRun run(std::size_t number) const;
+
+    /// Interruptions among the points held.
+    std::size_t gapCount() const { return m_gaps.size(); }
+    /// The points between two gaps, wherever X goes; number 0 is the newest of gapCount() + 1.
+    PointRun stretch(std::size_t number) const;
+    /// Whether an interruption lies behind the first `count` of the points added since the last clear.
+    bool gapSince(std::uint64_t count) const { return !m_gaps.empty() && m_gaps.back() >= count; }
 
     /// Goes along points of a run from coarse to fine. `walker.block(x0, x1, extremes)` is asked about
     /// stretches of points, the first at x0 and the one behind the last at x1; where it answers false, about
@@ -97,6 +106,10 @@ private:
     template <class Walker>
     void walkStep(std::size_t slot, Walker& walker) const;
     void noteRun(double x);
+    void noteGap();
+    // Counted since the last clear: the oldest point that is held, and that will be with the next one.
+    std::uint64_t oldest() const { return m_added - m_x.size(); }
+    std::uint64_t oldestThen() const { return m_x.size() < m_capacity ? oldest() : oldest() + 1; }
     std::uint64_t runStart(std::size_t number) const; ///< counted since the last clear
 
     std::size_t m_capacity = 10'000;
@@ -108,6 +121,8 @@ private:
     std::array<std::uint64_t, kMostRuns> m_runStarts{};
     std::size_t m_newestRun = 0;
     std::size_t m_runCount = 0;
+    std::vector<std::uint64_t> m_gaps; ///< the first points behind gaps, counted since the last clear
+    bool m_interrupted = false;
 };
 
 template <class Walker>

@@ -57,6 +57,19 @@ int pixelsOf(double points) {
     return qRound(size * kPixelsPerPoint);
 }
 
+/// Smaller where the text would be cut, down to what can still be read.
+QFont fitted(QFont font, const QString& text, const QSize& room, int flags) {
+    constexpr int kSmallest = 7; // pixels
+    constexpr double kStep = 0.9;
+    const auto fits = [&] {
+        const QSize taken = QFontMetrics(font).boundingRect(QRect(QPoint(), room), flags, text).size();
+        return taken.width() <= room.width() && taken.height() <= room.height();
+    };
+    while (font.pixelSize() > kSmallest && !fits())
+        font.setPixelSize(std::max(int(font.pixelSize() * kStep), kSmallest));
+    return font;
+}
+
 } // namespace
 
 constinit const KindTable kTextTagTable{kParts};
@@ -73,10 +86,12 @@ TextTagDisplay::TextTagDisplay(QWidget* parent) : InnerDisplay(kTextTagTable, pa
 void TextTagDisplay::paintStatic(QPainter& painter) {
     const PropertyStore& p = properties();
     painter.fillRect(rect(), tagColour(p.integer(TagBackColour), palette()));
-    painter.setFont(fontOf(p, kFont, pixelsOf(p.number(TagFontSize))));
     painter.setPen(tagColour(p.integer(TagForeColour), palette()));
     const int flags = int(alignmentOf(p.integer(TagAlignment)) | Qt::AlignVCenter) | Qt::TextWordWrap;
-    painter.drawText(rect().adjusted(kMargin, 0, -kMargin, 0), flags, p.text(TagCaption).left(kLongestTag));
+    const QString text = p.text(TagCaption).left(kLongestTag);
+    const QRect room = rect().adjusted(kMargin, 0, -kMargin, 0);
+    painter.setFont(fitted(fontOf(p, kFont, pixelsOf(p.number(TagFontSize))), text, room.size(), flags));
+    painter.drawText(room, flags, text);
 }
 
 } // namespace vistor

@@ -9,7 +9,7 @@ namespace vistor::script {
 namespace {
 
 constexpr int kNotStrength = 6;
-constexpr int kNegateStrength = 13;
+constexpr int kSignStrength = 15;           ///< above the power: -2 ^ 2 is 4
 constexpr std::uint16_t kDeepestTree = 500; ///< also of a long chain, which leans to the left
 
 struct OperatorRow {
@@ -95,8 +95,8 @@ ExprPtr Parser::parseExpression(int least) {
 
 ExprPtr Parser::parseOperand() {
     if (isWord(Word::Not)) return parsePrefixed(Operator::Not, kNotStrength);
-    if (isSymbol(u'-')) return parsePrefixed(Operator::Negate, kNegateStrength);
-    if (isSymbol(u'+')) return parsePrefixed(Operator::Plus, kNegateStrength);
+    if (isSymbol(u'-')) return parsePrefixed(Operator::Negate, kSignStrength);
+    if (isSymbol(u'+')) return parsePrefixed(Operator::Plus, kSignStrength);
     return parseSuffixes(parsePrimary());
 }
 

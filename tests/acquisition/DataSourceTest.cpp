@@ -5,13 +5,18 @@
 #include "acquisition/SourceChoice.h"
 #include "acquisition/StreamEncoder.h"
 #include "platform/IniFile.h"
+#include "platform/Notices.h"
 #include "tests/PseudoTerminal.h"
 #include "tests/TestTables.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <cerrno>
 #include <gtest/gtest.h>
+#include <sys/inotify.h>
+#include <sys/ioctl.h>
 
 namespace vistor {
 namespace {
@@ -100,31 +105,102 @@ TEST(DataSource, SerialReadsNeverWaitAndEndInAZero) {
     EXPECT_FALSE(OpenPort(99, 9600));
 }
 
-TEST(DataSource, TheEleventhEmptyReadOpensThePortAgain) {
+/// Counts how often a file is opened or closed.
+class Watch {
+public:
+    explicit Watch(const QString& path) : m_file(inotify_init1(IN_NONBLOCK)) {
+        inotify_add_watch(m_file, QFile::encodeName(path).constData(), IN_OPEN | IN_CLOSE);
+    }
+    ~Watch() { ::close(m_file); }
+    Watch(const Watch&) = delete;
+    Watch& operator=(const Watch&) = delete;
+
+    int take() {
+        char events[4096];
+        const ssize_t length = ::read(m_file, events, sizeof events);
+        return length < 0 ? 0 : static_cast<int>(length / static_cast<ssize_t>(sizeof(inotify_event)));
+    }
+
+private:
+    int m_file;
+};
+
+void readTimes(int times) {
+    Bytes bytes;
+    for (int i = 0; i < times; ++i) ReadDataSource(bytes);
+}
+
+TEST(DataSource, ASilentLineStaysOpenAndKeepsWhatIsHalfReceived) {
     Line line;
+    Watch watch(line.terminal.device());
     ASSERT_TRUE(OpenDataSource());
+    EXPECT_GT(watch.take(), 0);
     Bytes bytes;
     const Bytes sent = {1};
-    for (int i = 0; i < 10; ++i) ReadDataSource(bytes);
+    readTimes(10);
     EXPECT_EQ(EmptyReadCount, 10);
     line.terminal.write(sent);
     ReadDataSource(bytes);
     EXPECT_EQ(EmptyReadCount, 0); // one byte resets the count
     StreamBytes = {1, 2, 3};
-    for (int i = 0; i < 10; ++i) ReadDataSource(bytes);
-    EXPECT_EQ(StreamBytes.size(), 3U);
-    ReadDataSource(bytes);
+    readTimes(10);
+    EXPECT_EQ(EmptyReadCount, 10);
+    readTimes(1);
     EXPECT_EQ(EmptyReadCount, 0);
-    EXPECT_EQ(StreamBytes, Bytes{0}); // what was not decoded is dropped
+    readTimes(40);
+    EXPECT_EQ(StreamBytes, (Bytes{1, 2, 3}));
+    EXPECT_EQ(watch.take(), 0) << "a board that resets when its port is opened would never come up";
+    EXPECT_TRUE(notices().empty());
+    CloseDataSource();
+    EXPECT_GT(watch.take(), 0);
 }
 
-TEST(DataSource, ADeviceThatVanishesIsPickedUpWhenItReturns) {
+TEST(DataSource, ALineIsClosedWithoutHangingUp) {
+    Line line;
+    ASSERT_TRUE(line.terminal.hangsUpOnClose()) << "as the system makes them";
+    for (int i = 0; i < 2; ++i) {
+        ASSERT_TRUE(OpenDataSource());
+        EXPECT_FALSE(line.terminal.hangsUpOnClose());
+        CloseDataSource();
+        EXPECT_FALSE(line.terminal.hangsUpOnClose());
+    }
+}
+
+/// The messages that arrive of a sender whose delimiters close one message and open the next.
+TEST(DataSource, ALineIsInStepFromItsFirstByteAndAfterEveryPause) {
+    makeTable();
+    Line line;
+    ASSERT_TRUE(OpenDataSource());
+    TickValueArray values{};
+    TickFlagArray updated{};
+    float target = 0;
+    const std::uint64_t before = streamCounts().messages;
+    const auto tick = [&] {
+        Bytes arrived;
+        ReadDataSource(arrived);
+        ConcatanateBytes(StreamBytes, arrived);
+        DecodeStream(StreamBytes, values, updated, target, false);
+    };
+    for (int message = 0; message < 5; ++message) {
+        Bytes stream;
+        const ChannelValue value{5, 1.0 + message};
+        appendMessage(stream, 3, {&value, 1});
+        line.terminal.write(std::span(stream).subspan(1)); // its opening delimiter closed the one before
+        for (int i = 0; i < 30; ++i) tick();
+        EXPECT_EQ(LastValue[5], 1.0F + static_cast<float>(message));
+    }
+    EXPECT_EQ(streamCounts().messages - before, 5U);
+}
+
+TEST(DataSource, ADeviceThatVanishesIsPickedUpWhenItReturnsAndBothAreTold) {
     Line line;
     ASSERT_TRUE(OpenDataSource());
     line.terminal.hangUp();
     Bytes bytes;
-    for (int i = 0; i < 40; ++i) ReadDataSource(bytes);
+    for (int i = 0; i < 100; ++i) ReadDataSource(bytes);
     EXPECT_TRUE(bytes.empty());
+    ASSERT_EQ(notices().size(), 1U) << "not one at each read";
+    EXPECT_TRUE(notices().back().text.contains(QStringLiteral("port 1 is gone")));
     PseudoTerminal back;
     Line::use(back);
     const Bytes sent = {7};
@@ -132,6 +208,60 @@ TEST(DataSource, ADeviceThatVanishesIsPickedUpWhenItReturns) {
     back.write(sent);
     ReadDataSource(bytes);
     EXPECT_EQ(bytes, (Bytes{7, 0}));
+    ASSERT_EQ(notices().size(), 2U);
+    EXPECT_TRUE(notices().back().text.contains(QStringLiteral("is back")));
+    EXPECT_EQ(StreamBytes, Bytes{0x7E});
+}
+
+TEST(DataSource, WhatWillNotOpenIsToldOnceWithWhatToDo) {
+    Line line;
+    const auto file = [&line](const char* name) { return line.dir.filePath(QLatin1String(name)); };
+    writeFile(file("text.run"), "Time,Speed\n1,2\n");
+    writeFile(file("empty.run"), {});
+    QDir().mkdir(file("folder"));
+    PseudoTerminal taken;
+    const int holder = ::open(QFile::encodeName(taken.device()).constData(), O_RDWR | O_NOCTTY);
+    ASSERT_EQ(ioctl(holder, TIOCEXCL), 0);
+    const auto port = [](const char* key, const QString& device) {
+        writeIniValue(SettingsPath, QStringLiteral("PORTS"), QLatin1String(key), device);
+    };
+    port("2", QStringLiteral("/dev/not-there"));
+    port("3", file("text.run"));
+    port("4", taken.device());
+    port("5", file("folder"));
+    const std::pair<QString, const char*> cases[] = {
+        {"FIL,", "No run file is named"},
+        {"FIL," + file("none.run"), "is not there"},
+        {"FIL," + file("folder"), "is a folder"},
+        {"FIL," + file("text.run"), "does not begin as one"},
+        {"FIL," + file("empty.run"), "does not begin as one"},
+        {"FIL,/dev/zero", "no file"},
+        {"FIL," + file("none.run") + ",more", "must not hold a comma"},
+        {"SER", "names no port and speed"},
+        {"SER,99,9600", "There is no port 99"},
+        {"SER,2,9600", "Port 2 (/dev/not-there) is not there. Plug in"},
+        {"SER,3,9600", "is no serial line"},
+        {"SER,4,9600", "in use by another program"},
+        {"SER,5,9600", "is no serial line"},
+    };
+    for (const auto& [descriptor, words] : cases) {
+        clearNotices();
+        DataSourceDescriptor = descriptor;
+        for (int i = 0; i < 2; ++i) EXPECT_FALSE(OpenDataSource());
+        ASSERT_EQ(notices().size(), 1U) << words;
+        EXPECT_TRUE(notices().back().text.contains(QLatin1String(words)))
+            << notices().back().text.toStdString();
+    }
+    ::close(holder);
+    clearNotices();
+    detectPorts();
+    EXPECT_TRUE(notices().empty()) << "looking for ports tells nothing of those that are not there";
+    const QString device = QStringLiteral("/dev/ttyUSB0");
+    EXPECT_EQ(deviceProblem(1, device, EACCES, QStringLiteral("dialout")),
+              "Port 1 (/dev/ttyUSB0): permission denied. Join the group dialout (sudo usermod -aG dialout "
+              "$USER) and log in again.");
+    EXPECT_TRUE(deviceProblem(1, device, EACCES, {}).contains(QStringLiteral("administers")));
+    EXPECT_TRUE(deviceProblem(1, device, EIO, {}).contains(QStringLiteral("cannot be opened")));
 }
 
 TEST(DataSource, EveryMessageOfAFullLineArrives) {

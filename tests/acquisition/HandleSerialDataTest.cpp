@@ -3,6 +3,9 @@
 #include "acquisition/AcquisitionTick.h"
 #include "acquisition/DataSource.h"
 #include "acquisition/StreamEncoder.h"
+#include "maths/ConvertUnits.h"
+#include "platform/Notices.h"
+#include "tests/ScriptedPrompts.h"
 #include "tests/TestTables.h"
 
 #include <QFile>
@@ -164,6 +167,71 @@ TEST(DecodeStream, CompactsBehindAMillionBytesAndLosesTheLastOne) {
     EXPECT_EQ(LastValue[4], 17);
 }
 
+/// Answers a formula's message as a person does who goes back to edit mode.
+class LeavesPlay final : public Prompter {
+public:
+    LeavesPlay() : m_before(setPrompter(this)) {}
+    ~LeavesPlay() override { setPrompter(m_before); }
+    Answer message(const MessageRequest&) override {
+        ++messages;
+        PlayMode = false;
+        return Answer::Ok;
+    }
+    std::optional<QString> input(const InputRequest&) override { return {}; }
+    std::optional<QString> openFile(const FileRequest&) override { return {}; }
+    std::optional<QString> saveFile(const FileRequest&) override { return {}; }
+    std::optional<std::int32_t> colour(std::int32_t) override { return {}; }
+    std::optional<FontChoice> font(const FontChoice&) override { return {}; }
+    int messages = 0;
+
+private:
+    Prompter* m_before;
+};
+
+const QString kFaultyScript = QStringLiteral("Function Output\nOutput = 1 / 0\nEnd Function");
+
+TEST(DecodeStream, EditModeInTheFirstMessageEndsIt) {
+    makeTable();
+    createFormulaEvaluators();
+    for (const int row : {4, 5, 50}) setFormula(row, kFaultyScript);
+    VariableTable[50].VariableType = kCalculatedType;
+    SetupVariables();
+    LeavesPlay person;
+    for (int i = 0; i < 50; ++i) add(StreamBytes, 3, {{4, 1}, {5, 1}, {6, 1}});
+    PlayMode = true;
+    Decoded tick;
+    tick.run(false);
+    EXPECT_EQ(person.messages, 1) << "neither the rest of the message nor the others nor the calculated rows";
+    EXPECT_FALSE(tick.updated[6]);
+}
+
+TEST(DecodeStream, JunkIsGoneThroughInSlices) {
+    constexpr std::size_t kLong = 8'000'000;
+    for (const int junk : {0x55, 0x7E, 0x00, 0x7D}) {
+        makeTable();
+        StreamBytes.assign(kLong, static_cast<std::uint8_t>(junk));
+        addTime(StreamBytes, 12);
+        StreamBytes.push_back(0); // as behind every read
+        StreamPos = 0;
+        TickValueArray values{};
+        TickFlagArray updated{};
+        float target = 1;
+        int slices = 1;
+        const auto slice = [&] {
+            SliceLimits limits;
+            limits.until = std::chrono::steady_clock::now() + std::chrono::milliseconds(1);
+            return decodeSlice(StreamBytes, values, updated, target, true, limits);
+        };
+        SliceEnd end = slice();
+        while (end == SliceEnd::timeOver) {
+            ASSERT_LT(++slices, 100000);
+            end = slice();
+        }
+        EXPECT_EQ(end, SliceEnd::targetReached) << int(junk);
+        EXPECT_EQ(target, 12) << int(junk);
+    }
+}
+
 TEST(DecodeStream, HasBytesAndConcatanateBytes) {
     Bytes target;
     Bytes addition = {1, 2};
@@ -237,6 +305,88 @@ TEST(AcquisitionTick, ARecordingWithoutTimeIsConsumedAtOnce) {
     AcquisitionTick tick;
     EXPECT_EQ(runTick(tick), (Calls{{QStringLiteral("P4"), 99.0F}}));
     EXPECT_TRUE(runTick(tick).empty());
+}
+
+TEST(AcquisitionTick, ALongRecordingIsReadPieceByPieceAndLosesNothing) {
+    constexpr int kMessages = 150000; // more than two megabytes
+    makeTable();
+    setFormula(5, QStringLiteral("VAR_0007 + x")); // row 5 counts
+    setFormula(7, QStringLiteral("VAR_0005"));
+    createFormulaEvaluators();
+    Bytes stream;
+    addTime(stream, 1);
+    for (int i = 0; i < kMessages; ++i) appendMessage(stream, 3, std::vector<ChannelValue>{{5, 1}, {7, 0}});
+    addTime(stream, 2);
+    ASSERT_GT(stream.size(), 2'500'000U);
+    HandClock clock(100);
+    Recording recording(stream);
+    AcquisitionTick tick;
+    std::size_t largest = 0;
+    for (int i = 0; i < 100000 && LastValue[1] < 2; ++i) {
+        runTick(tick);
+        largest = std::max(largest, StreamBytes.size());
+        clock.moveTo(200);
+    }
+    EXPECT_EQ(LastValue[5], kMessages);
+    EXPECT_LT(largest, 3'000'000U);
+    EXPECT_TRUE(notices().empty());
+}
+
+TEST(AcquisitionTick, WhatCannotBePlayedIsToldOnce) {
+    struct Case {
+        int messages; ///< without a time
+        std::size_t junk;
+        const char* words;
+    };
+    const Case cases[] = {{0, 0, "holds no message that can be read"},
+                          {0, 3'000'000, "holds no message that can be read"},
+                          {3, 0, "holds no time message"}};
+    for (const Case& c : cases) {
+        clearNotices();
+        makeTable();
+        Bytes stream(c.junk, 0x55);
+        for (int i = 0; i < c.messages; ++i) add(stream, 3, {{4, 1}});
+        Recording recording(stream);
+        AcquisitionTick tick;
+        EXPECT_FALSE(tick.state().ended);
+        for (int i = 0; i < 100000 && !tick.state().ended; ++i) runTick(tick);
+        for (int i = 0; i < 3; ++i) runTick(tick);
+        ASSERT_EQ(notices().size(), 1U) << c.words;
+        EXPECT_TRUE(notices().back().text.contains(QLatin1String(c.words)));
+        EXPECT_EQ(tick.state().messages, std::uint64_t(c.messages));
+    }
+}
+
+TEST(AcquisitionTick, PlaysAndIntegratesOnPastMidnight) {
+    for (const bool wraps : {false, true}) {
+        makeTable();
+        VariableTable[4].Calculus = 1;
+        LastValue[4] = 0;
+        SampleTime[4] = 0;
+        double day = 86399;
+        double steady = 0;
+        setClock([&day] { return day; }, [&steady] { return steady; });
+        Bytes stream;
+        for (int step = 0; step < 8; ++step) {
+            addTime(stream, step * 0.5);
+            add(stream, 3, {{4, 2.0}});
+        }
+        startClock(wraps);
+        Recording recording(stream);
+        AcquisitionTick tick;
+        for (int i = 0; i < 8; ++i) {
+            runTick(tick);
+            steady += 0.5;
+            day = std::fmod(86399 + steady, 86400);
+        }
+        if (wraps) {
+            EXPECT_LT(LastValue[4], -100000) << "the old reckoning, when it is wanted";
+        } else {
+            EXPECT_NEAR(LastValue[4], 2 + 2 * 0.5 * 6, 0.05);
+            EXPECT_EQ(LastValue[1], 3.5F);
+        }
+        setClock({});
+    }
 }
 
 TEST(AcquisitionTick, DoesNothingOutsidePlayModeAndNeverTwiceAtOnce) {

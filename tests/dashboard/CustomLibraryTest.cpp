@@ -29,7 +29,7 @@ TEST(CustomLibrary, NamesBecomeKeysThatTheFileCanHold) {
         {"", ""},
         {" \n", ""},
         {"two\r\nlines", "ctwo  lines"},
-        {QStringLiteral("\u03A9\u20AC"), QStringLiteral("c?\u20AC")},
+        {QStringLiteral("\u03A9\u20AC"), QStringLiteral("c\u03C9\u20AC")},
         {QString(300, u'N'), u'c' + QString(48, u'n')},
         {QStringLiteral("a\0b").leftJustified(3, u'x'), "ca"},
     };
@@ -163,6 +163,7 @@ TEST(Thumbnails, OnlyBitmapsInsideTheirFolderAreReadOrDeleted) {
     deleteThumbnail("Big.BMP");
     EXPECT_FALSE(QFile::exists(folder.filePath("in.bmp")));
     EXPECT_FALSE(QFile::exists(folder.filePath("Big.BMP")));
+    deleteScratchFolder();
 }
 
 } // namespace

@@ -29,6 +29,7 @@ protected:
         VariableTable.resize(kVariableCount);
         tableChanged();
     }
+    ~PaletteTest() override { deleteScratchFolder(); } // before the folder that it is in
     void library(const QByteArray& text) {
         QFile file(LibraryPath);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));

@@ -55,6 +55,8 @@ TEST(ProfileFile, IsWrittenInItsOrder) {
     EXPECT_EQ(again.width, 12000);
     EXPECT_EQ(again.instruments[1].list, QStringList({"1500", "900"}));
     EXPECT_EQ(again.instruments[0].list, QStringList(""));
+    profile.port = QStringLiteral("FIL,/") + QString(4090, u'p'); // the longest path there is
+    EXPECT_EQ(parsed(written(profile)).port, profile.port);
 }
 
 TEST(ProfileFile, PlacesAreWrittenWithTheDecimalsThatTheirBufferHolds) {
@@ -78,11 +80,11 @@ TEST(ProfileFile, PlacesAreWrittenWithTheDecimalsThatTheirBufferHolds) {
 TEST(ProfileFile, EveryValueIsCutToItsBuffer) {
     Profile profile;
     profile.captions = QStringList{QString(40, u'c')};
-    profile.port = QString(300, u'p');
+    profile.port = QString(5000, u'p');
     profile.instruments = {{Kind::Led, 0, 1, 0, 0, 1, {QString(199, u'a'), QString(200, u'b')}}};
     const Profile again = parsed(written(profile));
     EXPECT_EQ(again.captions.value(0), QString(29, u'c'));
-    EXPECT_EQ(again.port, QString(199, u'p'));
+    EXPECT_EQ(again.port.size(), 4295) << "a path of any length, and words beside it";
     EXPECT_EQ(again.instruments.at(0).list, QStringList({QString(199, u'a'), QString(199, u'b')}));
     EXPECT_EQ(parsed("[TABS]\nWIDTH=1234567890\n").width, 123456789);
     const Profile longName = parsed("[TABS]\nVXLED=1\n[VXLED/0]\n1=a-name-of-20-letters\n"

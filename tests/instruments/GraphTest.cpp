@@ -531,6 +531,26 @@ TEST(Graph, NoLineLeadsBackToANewLap) {
     EXPECT_NE(bare.at(50, 50), QColor(Qt::red)) << "half way from the end of one to the start of the next";
 }
 
+TEST(Graph, NoHalfOutlivesWhatItBelongsTo) {
+    const struct {
+        const char* what;
+        void (*forget)(GraphInstrument&);
+    } cases[] = {{"cleared", [](GraphInstrument& graph) { graph.ClearCurrentData(); }},
+                 {"interrupted", [](GraphInstrument& graph) { graph.interruptData(); }}};
+    for (const auto& c : cases) {
+        const auto graph = boundStrip();
+        const auto& strip = static_cast<const StripDisplay&>(graph->inCTRL());
+        const double before = strip.highestY(0);
+        graph->refreshValue(1, 0, 7);
+        c.forget(*graph);
+        EXPECT_EQ(graph->curVarTable().at(1, 4), "0") << c.what;
+        graph->refreshValue(1, 1, 900);
+        EXPECT_EQ(strip.highestY(0), before) << c.what;
+        graph->refreshValue(1, 0, 8);
+        EXPECT_EQ(strip.highestY(0), 900) << c.what;
+    }
+}
+
 TEST(Graph, GridFollowsItsFourWords) {
     for (int grid = 0; grid < 4; ++grid) {
         BareStrip bare(grid);

@@ -329,6 +329,7 @@ TEST(Instrument, SnapshotIsSavedInOneSize) {
     const QImage picture(scratchFolder(WorkingFolder) + name);
     EXPECT_EQ(picture.size(), QSize(192, 192));
     EXPECT_NE(picture.pixelColor(0, 100), QColor(Qt::white)) << "the frame is left out";
+    deleteScratchFolder();
 }
 
 TEST(InstrumentKinds, NamesAreFoundInTheirOrder) {

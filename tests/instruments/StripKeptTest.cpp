@@ -63,6 +63,32 @@ TEST(StripKept, growingLooksLikePaintingWhole) {
     EXPECT_LT(differences(painted(graph), paintedAtOnce(5000, 0, 1000)), 40);
 }
 
+TEST(StripKept, noLineLeadsOverAGap) {
+    StripDisplay growing(kXYGraphTable, false);
+    StripDisplay whole(kXYGraphTable, false);
+    for (StripDisplay* graph : {&growing, &whole}) {
+        setUp(*graph, 50);
+        graph->properties().setNumber(StripMaximumY, 2);
+        for (const auto& [x, y] : {std::pair{-1.0, 1.5}, {-0.9, 1.5}, {0.9, 1.5}, {1.0, 1.5}}) {
+            if (x == 0.9) graph->interrupt();
+            graph->addPoint(0, x, y);
+            if (graph == &growing) painted(*graph);
+        }
+    }
+    EXPECT_EQ(differences(painted(growing), painted(whole)), 0);
+    StripDisplay joined(kXYGraphTable, false);
+    setUp(joined, 50);
+    joined.properties().setNumber(StripMaximumY, 2);
+    joined.addPoint(0, -1, 1.5);
+    joined.addPoint(0, 1, 1.5);
+    EXPECT_GT(differences(painted(growing), painted(joined)), 100);
+    growing.interrupt();
+    growing.addPoint(0, 0, 0);
+    const int dot = differences(painted(growing), painted(whole));
+    EXPECT_GT(dot, 0) << "a point alone is seen";
+    EXPECT_LT(dot, 20);
+}
+
 TEST(StripKept, stepsTooShortToSeeAreDrawnOnceTheyHaveSummedUp) {
     StripDisplay graph(kXYGraphTable, false);
     setUp(graph, 5000);

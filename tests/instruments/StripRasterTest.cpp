@@ -1,6 +1,6 @@
 #include "instruments/displays/StripRaster.h"
 
-#include "instruments/displays/StripPath.h"
+#include "instruments/displays/StripDashes.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -100,13 +100,71 @@ TEST(StripRaster, LinesOfAnySlopeCarryTheirWidth) {
     }
 }
 
-TEST(StripRaster, DashesLeaveGapsThatMoveWithTheData) {
-    constexpr double kDashes[] = {10, 10};
-    const TraceRing ring = ringOf({{0, 30}, {100, 30}});
-    const QImage image = painted(ring, {0xFFFFFFFF, 1, kDashes});
-    EXPECT_GT(lightInColumn(image, 5), 200);
-    EXPECT_EQ(lightInColumn(image, 15), 0);
-    EXPECT_GT(lightInColumn(image, 25), 200);
+constexpr double kTenAndTen[] = {10, 10};
+
+QImage paintedInDashes(const TraceRing& ring, const AxisMap& x = kMapX) {
+    QImage image(kSize, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    StripRaster raster(image, image.rect(), 1);
+    for (std::size_t run = 0; run < ring.runCount(); ++run) {
+        const PathPieces pieces = dashedInOrder(ring, ring.run(run), x, kMapY, kSize, 1, kTenAndTen);
+        for (std::size_t i = 0; i < pieces.count(); ++i) raster.paintLine(pieces.piece(i), {0xFFFFFFFF, 1});
+    }
+    return image;
+}
+
+int lightInRow(const QImage& image, int y) {
+    int sum = 0;
+    for (int x = 0; x < image.width(); ++x) sum += light(image, x, y);
+    return sum;
+}
+
+TEST(StripDashes, RunAlongTheLine) {
+    const QImage flat = paintedInDashes(ringOf({{0, 30}, {100, 30}}));
+    const QImage upright = paintedInDashes(ringOf({{0, 0}, {0.001, 60}}));
+    for (int at = 0; at < 50; ++at) {
+        if (at % 10 == 0 || at % 10 == 9) continue; // ends are round
+        EXPECT_EQ(lightInColumn(flat, at) > 0, at % 20 < 10) << at;
+        EXPECT_EQ(lightInRow(upright, 59 - at) > 0, at % 20 < 10) << at;
+    }
+}
+
+TEST(StripDashes, StayOnTheirData) {
+    TraceRing ring;
+    for (int i = 0; i <= 2000; ++i) ring.add(i * 0.1, 30 + 20 * std::sin(i * 0.02));
+    const QImage here = paintedInDashes(ring);
+    const QImage later = paintedInDashes(ring, AxisMap(AxisRange{7, 107}, 0, 100));
+    for (int x = 8; x < 98; ++x) EXPECT_NEAR(lightInColumn(later, x - 7), lightInColumn(here, x), 60) << x;
+}
+
+TEST(StripDashes, HideNothingThatSticksOut) {
+    for (int spike = 5; spike < 95; ++spike) {
+        TraceRing ring;
+        for (int i = 0; i <= 10'000; ++i)
+            ring.add(i * 0.01, i == spike * 100 + 50 ? 55 : 30 + (i % 2) * 0.01);
+        EXPECT_GT(lightInRow(paintedInDashes(ring), 5), 100) << spike;
+    }
+    TraceRing noise;
+    noise.setCapacity(100'000);
+    std::mt19937 random(1);
+    for (int i = 0; i < 100'000; ++i) noise.add(i * 0.001, double(random() % 60));
+    const PathPieces pieces = dashedInOrder(noise, noise.run(0), kMapX, kMapY, kSize, 1, kTenAndTen);
+    EXPECT_LT(pieces.points.size(), 1000U) << "solid, in bounded ink";
+}
+
+TEST(StripRaster, NarrowerThanItsLine) {
+    const TraceRing ring = ringOf({{-3, 5}, {10, 50}, {20, 3}, {90, 40}});
+    const QPointF path[] = {{-5, -5}, {3, 20}, {1, 8}, {40, 40}};
+    for (const double ratio : {1.0, 2.0, 3.0})
+        for (int width = 1; width < 24; ++width)
+            for (const double pen : {0.5, 3.0, 10.0, 30.0}) {
+                QImage image(width, 50, QImage::Format_RGB32);
+                image.fill(Qt::black);
+                StripRaster raster(image, image.rect(), ratio);
+                raster.paintRun(ring, ring.run(0), kMapX, kMapY, {0xFFFFFFFF, pen});
+                raster.paintLine(path, {0xFFFFFFFF, pen});
+                EXPECT_GT(lightInColumn(image, 0), 0) << width << " " << pen;
+            }
 }
 
 TEST(StripRaster, FarPointsStayWithinTheImage) {

@@ -110,6 +110,45 @@ TEST(TraceRing, BeginsARunWhereXJumpsBack) {
     EXPECT_LE(ring.runCount(), TraceRing::kMostRuns);
 }
 
+TEST(TraceRing, RemembersGapsAsLongAsTheirPoints) {
+    TraceRing ring;
+    ring.setCapacity(6);
+    ring.interrupt(); // before the first point there is nothing to part
+    const auto stretches = [&] {
+        std::vector<std::pair<std::size_t, std::size_t>> all;
+        for (std::size_t i = 0; i <= ring.gapCount(); ++i)
+            all.emplace_back(ring.stretch(i).first, ring.stretch(i).last);
+        return all;
+    };
+    using Stretches = std::vector<std::pair<std::size_t, std::size_t>>;
+    for (int x = 0; x < 4; ++x) {
+        if (x == 2) ring.interrupt();
+        ring.add(x, x);
+    }
+    EXPECT_EQ(stretches(), (Stretches{{2, 4}, {0, 2}}));
+    EXPECT_EQ(ring.runCount(), 2U) << "a line of time ends there too";
+    EXPECT_TRUE(ring.gapSince(2));
+    EXPECT_FALSE(ring.gapSince(3));
+    ring.interrupt();
+    ring.interrupt();
+    EXPECT_EQ(ring.gapCount(), 1U) << "none without a point behind it";
+    ring.add(1, 1); // also a jump back
+    EXPECT_EQ(stretches(), (Stretches{{4, 5}, {2, 4}, {0, 2}}));
+    EXPECT_EQ(ring.runCount(), 3U);
+    ring.setCapacity(4);
+    EXPECT_EQ(stretches(), (Stretches{{3, 4}, {1, 3}, {0, 1}}));
+    EXPECT_EQ(ring.extremes().high, 3);
+    ring.add(2, 2);
+    EXPECT_EQ(stretches(), (Stretches{{2, 4}, {0, 2}})) << "the oldest stretch has gone";
+    for (int x = 3; x < 7; ++x) ring.add(x, x);
+    EXPECT_EQ(stretches(), (Stretches{{0, 4}}));
+    ring.interrupt();
+    ring.clear();
+    ring.add(0, 0);
+    EXPECT_EQ(ring.gapCount(), 0U);
+    EXPECT_EQ(ring.runCount(), 1U);
+}
+
 TEST(TraceRing, FindsAPlaceHoweverFarTheGuess) {
     TraceRing ring;
     ring.setCapacity(200);

@@ -89,6 +89,14 @@ TEST(ConvertUnits, EverythingTheEditorOffers) {
         {"2^3^2", 0, 512},
         {"x>1 && x<5", 3, 1},
         {"x>9 || x<5", 3, 1},
+        {"2 - -x", 3, 5},
+        {"--x", 3, 3},
+        {"- - -x^2", 3, -9},
+        {"x--x", 3, 6},
+        {"x - + -\t- 1", 3, 2},
+        {"2^--x*2", 3, 16},
+        {"SUM(1, - -x, +-2)*1e-1", 3, 0.2},
+        {"(--x)--(x)>- -5", 3, 1},
     };
     makeTable();
     for (const auto& [formula, value, expected] : cases)
@@ -141,9 +149,30 @@ TEST(ConvertUnits, CheckTellsWhatAFormulaUses) {
         EXPECT_EQ(items[item], item == 2 || item == 16) << item;
     EXPECT_TRUE(CheckExpression(QStringLiteral("x"), variables, items));
     EXPECT_EQ(variables, std::vector<std::int32_t>{0});
-    for (const char* bad : {"", "1/0", "VAR_8001", "foo", "SIN", "(", "x x", "1,2", "\xC3\xA9"})
+    for (const char* bad : {"", "1/", "VAR_8001", "foo", "SIN", "(", "x x", "1,2", "\xC3\xA9", "--", "x--",
+                            "1e---5", "x*/2", "(+)", "SUM(1,-)", "SIN()", "x$"})
         EXPECT_FALSE(CheckExpression(QString::fromUtf8(bad), variables, items)) << bad;
     EXPECT_EQ(variables.size(), std::size_t(kVariableCount)); // nothing has shortened it
+}
+
+// The check knows no sample; that 1 for all names has no finite result does not make a text wrong.
+TEST(ConvertUnits, AFormulaWithoutAResultForOneIsRight) {
+    makeTable();
+    CarConstants[6] = 2;
+    CarConstants[7] = 6;
+    createFormulaEvaluators();
+    const std::tuple<const char*, float, float> cases[] = {
+        {"(x-CAR_1)/(CAR_2-CAR_1)", 4, 0.5F}, {"1/(x-1)", 3, 0.5F}, {"LN(x-1)", 2, 0}, {"SQRT(x-5)", 9, 2},
+        {"1/(VAR_0100-VAR_0200)", 1, 0},      {"1/0", 3, 0},        {"1e300", 3, 0},   {"SQRT(x-5)", 1, 0}};
+    ScriptedPrompts prompts;
+    for (const auto& [text, value, expected] : cases) {
+        const QString formula = QString::fromLatin1(text);
+        bool valid = false;
+        CheckFormulaFormat(formula, 17, valid);
+        EXPECT_TRUE(valid) << text;
+        EXPECT_FLOAT_EQ(converted(formula, value), expected) << text; // 0: none for this sample
+    }
+    EXPECT_TRUE(prompts.takeWords().isEmpty());
 }
 
 TEST(ConvertUnits, CheckModeTellsAWrongFormulaAndTouchesNothing) {

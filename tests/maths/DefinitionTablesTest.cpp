@@ -29,6 +29,29 @@ TEST(DefinitionTables, OddTextsAndArraysSurvive) {
     EXPECT_EQ(definitionBytes(again->units, again->variables), definitionBytes(odd.units, odd.variables));
 }
 
+TEST(DefinitionTables, AnyTextSurvivesInAnyEncodingOfTheFile) {
+    Definitions two;
+    two.units = {{"None", "", "$1$0", QString::fromUtf8("\u03A9\u6CB9\U0001F600")}};
+    two.variables.resize(kVariableCount);
+    for (const auto& [row, name] : {std::pair(1, "\u2126 left"), std::pair(2, "\u03C9 left"),
+                                    std::pair(3, "\u00B5"), std::pair(4, "\u03BC")}) {
+        two.variables[static_cast<std::size_t>(row)].IndexNumber = row;
+        two.variables[static_cast<std::size_t>(row)].PhysicalName = QString::fromUtf8(name);
+    }
+    const DefinitionTables tables = printTables(two);
+    TableFault fault;
+    for (const DefinitionTables& form :
+         {tables, DefinitionTables{"\xEF\xBB\xBF" + tables.variables,
+                                   QByteArray(tables.units).replace('\n', '\r')}}) {
+        const auto again = readTables(form, fault);
+        ASSERT_TRUE(again) << qPrintable(fault.message);
+        EXPECT_EQ(definitionBytes(again->units, again->variables), definitionBytes(two.units, two.variables));
+    }
+    const auto old = readTables({"Number\tPhysicalName\n1\t\xD6l\n", "Key\nNone\n"}, fault);
+    ASSERT_TRUE(old);
+    EXPECT_EQ(old->variables[1].PhysicalName, QString::fromUtf8("\u00D6l"));
+}
+
 TEST(DefinitionTables, FaultsNameFileAndLine) {
     const QByteArray units = "Key\tConversion\nNone\t$1$0\n";
     const QByteArray head = "Number\tPhysicalName\tUnit\tMin\tUseFormula\tMisc\n\n1\tTime\tNone\n";
@@ -45,7 +68,6 @@ TEST(DefinitionTables, FaultsNameFileAndLine) {
         {head, "Key\tKey\n", kUnitsTable, 1, "twice"},
         {head, units + "K\t1\t2\n", kUnitsTable, 3, "more cells"},
         {head, units + "None\n", kUnitsTable, 3, "twice"},
-        {head, units + "\u03BB\n", kUnitsTable, 3, "cannot stand"},
         {head, units + "a\\x\n", kUnitsTable, 3, "cannot stand"},
         {head + "x\n", units, kVariablesTable, 4, "cannot stand"},
         {head + "8001\n", units, kVariablesTable, 4, "0 to 8000"},

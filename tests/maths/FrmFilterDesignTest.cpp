@@ -146,6 +146,39 @@ TEST_F(FrmFilterDesignTest, OkStoresAndCancelDoesNot) {
     EXPECT_EQ(row.FilterHighVal, 20);
 }
 
+TEST_F(FrmFilterDesignTest, ABandPassWithoutABandIsRefused) {
+    open();
+    choose("FilterTypeOptions2");
+    EXPECT_EQ(curve().size(), 101);
+    type(1, "12.5");
+    QTest::keyClick(box(1), Qt::Key_Return);
+    EXPECT_TRUE(curve().isEmpty());
+    EXPECT_EQ(child<QLabel>("hint")->text(), "The high corner has to lie above the low corner.");
+    EXPECT_FALSE(child<QPushButton>("OkayButton")->isEnabled());
+    type(1, "12");
+    QTest::keyClick(box(1), Qt::Key_Return);
+    EXPECT_EQ(curve().size(), 101);
+    type(1, "13"); // not looked at before OK
+    child<QPushButton>("OkayButton")->click();
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(row.FilterLowVal, -1);
+    choose("FilterModelOptions2"); // no filter needs no band
+    child<QPushButton>("OkayButton")->click();
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(FrmFilterDesignTest, SaysThatSamplesDoNotPassTheFilter) {
+    open();
+    auto* note = child<QLabel>("note");
+    EXPECT_EQ(note->text(),
+              "The filter is designed, drawn and kept with the variable. Samples do not pass through it.");
+    for (const char* model : {"FilterModelOptions0", "FilterModelOptions2"}) {
+        choose(model);
+        EXPECT_TRUE(note->isVisible());
+        EXPECT_LE(note->heightForWidth(note->width()), note->height());
+    }
+}
+
 TEST_F(FrmFilterDesignTest, BoxesSpeakTheLocale) {
     DecimalSeparator = QStringLiteral(",");
     open();

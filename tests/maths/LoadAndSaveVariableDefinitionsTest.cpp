@@ -1,5 +1,6 @@
 #include "maths/LoadAndSaveVariableDefinitions.h"
 
+#include "platform/Notices.h"
 #include "platform/Prompts.h"
 #include "variables/SetupVariables.h"
 
@@ -246,18 +247,18 @@ TEST(DefinitionFile, LoadReplacesBothTablesAndSetsThemUp) {
     EXPECT_EQ(FindVariableByPhysicalName("phys"), 0);
 }
 
-TEST(DefinitionFile, SavingLeavesTheTailOfALongerFile) {
+TEST(DefinitionFile, SavingReplacesTheWholeFile) {
     QTemporaryDir dir;
     const QString path = dir.filePath("a.var");
     VariableTable.resize(4);
     SaveVariableFile(path);
-    const QByteArray longer = bytesOf(path);
+    const qsizetype longer = bytesOf(path).size();
     VariableTable.resize(2);
     VariableTable[1].PhysicalName = "Second";
     SaveVariableFile(path);
-    const QByteArray expected = definitionBytes(UnitConversions, VariableTable);
-    ASSERT_LT(expected.size(), longer.size());
-    EXPECT_EQ(bytesOf(path), expected + longer.mid(expected.size()));
+    EXPECT_EQ(bytesOf(path), definitionBytes(UnitConversions, VariableTable));
+    EXPECT_LT(bytesOf(path).size(), longer);
+    putFile(path, bytesOf(path) + "a tail of a longer file");
     Listener listener;
     VariableTable.clear();
     LoadVariableFile(path);
@@ -266,17 +267,34 @@ TEST(DefinitionFile, SavingLeavesTheTailOfALongerFile) {
     EXPECT_EQ(VariableTable[1].PhysicalName, "Second");
 }
 
-TEST(DefinitionFile, SavingWhereItCannotBeDoneLeavesTheFile) {
+TEST(DefinitionFile, SavingWhereItCannotBeDoneLeavesTheFileAndIsTold) {
     QTemporaryDir dir;
     const QString path = dir.filePath("a.var");
     putFile(path, "old");
     VariableTable.resize(257);
     for (VariableDefinition& row : VariableTable) row.Description = QString(65535, u'x');
     SaveVariableFile(path); // more than a load would read
+    EXPECT_TRUE(notices().back().text.contains("more than 16 MB"));
     EXPECT_EQ(bytesOf(path), "old");
-    SaveVariableFile(dir.path());
-    SaveVariableFile(dir.filePath("no/such/folder.var"));
+    VariableTable.resize(1);
+    for (const QString& nowhere : {dir.path(), dir.filePath("no/such/folder.var")}) {
+        clearNotices();
+        SaveVariableFile(nowhere);
+        EXPECT_EQ(notices().size(), 1U) << nowhere.toStdString();
+    }
     EXPECT_FALSE(QFileInfo::exists(dir.filePath("no")));
+}
+
+TEST(DefinitionFile, AnyCharacterSurvivesAndNoneIsCutInTwo) {
+    VariableDefinition row;
+    row.PhysicalName = QString::fromUtf8("\u03A9\u6CB9\U0001F600");
+    row.BaseName = QString::fromUtf8("\u00C2\u00B0");
+    row.Description = QString(32766, u'\u03A9') + QString::fromUtf8("\u00B0\u6CB9");
+    const auto again = read(definitionBytes({}, std::vector{row}));
+    ASSERT_TRUE(again);
+    EXPECT_EQ(again->variables[0].PhysicalName, row.PhysicalName);
+    EXPECT_EQ(again->variables[0].BaseName, row.BaseName);
+    EXPECT_EQ(again->variables[0].Description, row.Description.chopped(1)) << "65,534 of 65,537 bytes";
 }
 
 } // namespace

@@ -34,6 +34,8 @@ TEST(XmlDocument, MakesATreeOfElementsAndText) {
         {"<a>1 &lt; 2 &amp;&#65;</a>", "a('1 < 2 &A')"},
         {"<a>\xB0\x80</a>", "a('\u00B0\u20AC')"},
         {"<?xml version='1.0' encoding='UTF-8'?><a>\xB0</a>", "a('\u00B0')"},
+        {"<a>\xCE\xA9</a><!-- \xB0 -->", "a('\u03A9') ?"},
+        {"<a><b>\xE9>\xC2\xB0</b><b>\xC2\xB0&lt;</b></a>", "a(b('\u00E9>\u00C2\u00B0') b('\u00B0<'))"},
         {"<!-- c --><a><!-- d -->x<![CDATA[ y ]]></a>", "? a(? 'x' ?)"},
         {"<a>1\r\n2</a>", "a('1\n2')"},
     };
@@ -70,6 +72,7 @@ TEST(XmlDocument, TellsWhyAndWhere) {
     const Case cases[] = {
         {"<a>\r\n <b>1 & 2</b>\r\n</a>", 2, 8, 12, " <b>1 & 2</b>"},
         {"<a>\xB0<</a>", 1, 6, 5, "<a>\u00B0<</a>"},
+        {"<a>\xCE\xA9\xE9</a><b>\xB0 <</b>", 1, 11, 10, nullptr},
         {"<a>&foreign;</a>", 1, 4, 3, "<a>&foreign;</a>"},
         {"<!DOCTYPE a [<!ENTITY e \"eeee\">]><a>&e;</a>", 1, 1, 0, nullptr},
         {"", 1, 1, 0, ""},

@@ -87,7 +87,7 @@ TEST_F(ModXml, WritesABlockForEveryRowWithANumber) {
                                 "     <AllowTransformations>V#mV</AllowTransformations>\r\n"
                                 "     <UseCustomTrans>-1</UseCustomTrans>\r\n"
                                 "     <CustomTransformation>x*2#$y</CustomTransformation>\r\n"
-                                "     <CustomUnits>\xB0?</CustomUnits>\r\n"
+                                "     <CustomUnits>\xC2\xB0\xE4\xB8\x80</CustomUnits>\r\n"
                                 "     <Description></Description>\r\n"
                                 "     <SmoothingTime>0.25</SmoothingTime>\r\n"
                                 "     <MaximumROC>9</MaximumROC>\r\n"
@@ -227,7 +227,7 @@ QString everyCharacter() {
         const char character = static_cast<char>(byte);
         text += fromCodePage({&character, 1});
     }
-    return text;
+    return text + QString::fromUtf8("\u03A9\u6CB9\U0001F600>\u00C2\u00B0");
 }
 
 TEST_F(ModXml, ATableComesBackWhole) {

@@ -1,5 +1,8 @@
 #include "platform/QtPrompts.h"
 
+#include "platform/Events.h"
+#include "platform/Notices.h"
+
 #include <QAction>
 #include <QElapsedTimer>
 #include <QMainWindow>
@@ -82,6 +85,93 @@ TEST_F(QtPromptsTest, TheWindowCanBeClosedUnderAMessageThatAlwaysComesBack) {
     for (int i = 0; i < 1000; ++i) MsgBox(QStringLiteral("There is an error"));
     EXPECT_FALSE(window.isVisible());
     EXPECT_LT(clock.elapsed(), 5000);
+}
+
+TEST_F(QtPromptsTest, WorkBehindADialogTellsInANoticeOnce) {
+    QDialog about(&window);
+    about.open();
+    for (int tick = 0; tick < 3; ++tick) {
+        const InputHeld held;
+        EXPECT_EQ(MsgBox(QStringLiteral("Division by zero at line 2"), Icon::Stop), Answer::Ok);
+        EXPECT_EQ(MsgBox(QStringLiteral("Type mismatch at line 1"), Icon::Stop), Answer::Ok);
+    }
+    EXPECT_EQ(notices().size(), 2U);
+    EXPECT_EQ(box(), nullptr);
+    about.close();
+    QTimer::singleShot(0, [this] { QTest::mouseClick(box()->button(QMessageBox::Ok), Qt::LeftButton); });
+    const InputHeld held;
+    EXPECT_EQ(MsgBox(QStringLiteral("Division by zero at line 2"), Icon::Stop), Answer::Ok);
+    EXPECT_EQ(notices().size(), 2U) << "without a dialog it is a message again";
+}
+
+TEST_F(QtPromptsTest, HeldInputWaitsForTheEndOfTheWork) {
+    const auto queue = [this](QEvent::Type type, Qt::MouseButtons buttons) {
+        const QPoint place = button.mapTo(&window, button.rect().center());
+        qt_handleMouseEvent(window.windowHandle(), place, window.mapToGlobal(place), buttons, Qt::LeftButton,
+                            type, {}, 1000);
+    };
+    pumpEvents();
+    int others = 0;
+    {
+        const InputHeld held;
+        queue(QEvent::MouseButtonPress, Qt::LeftButton);
+        queue(QEvent::MouseButtonRelease, Qt::NoButton);
+        QTimer::singleShot(0, [&others] { ++others; });
+        pumpEvents();
+        EXPECT_EQ(clicks, 0);
+        EXPECT_EQ(others, 1);
+    }
+    pumpEvents();
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(QtPromptsTest, MinimisingAnswersNothing) {
+    bool stood = false;
+    QTimer::singleShot(50, [&] {
+        for (QWidget* gone : {static_cast<QWidget*>(&window), static_cast<QWidget*>(box())}) {
+            QHideEvent hidden;
+            QSpontaneKeyEvent::setSpontaneous(&hidden); // as a window system tells it
+            qApp->notify(gone, &hidden);
+        }
+        QTimer::singleShot(0, [&] {
+            stood = box() && box()->isVisible();
+            QTest::mouseClick(box()->button(QMessageBox::Yes), Qt::LeftButton);
+        });
+    });
+    EXPECT_EQ(MsgBox(QStringLiteral("Save?"), Icon::Question, Buttons::YesNoCancel), Answer::Yes);
+    EXPECT_TRUE(stood);
+}
+
+TEST_F(QtPromptsTest, ABoxWithoutAButtonPressedIsCancelled) {
+    const std::pair<Buttons, Answer> cases[] = {
+        {Buttons::YesNoCancel, Answer::Cancel}, {Buttons::YesNo, Answer::No}, {Buttons::Ok, Answer::Ok}};
+    for (const bool overAnother : {false, true}) {
+        QDialog other(&window);
+        other.setModal(true);
+        other.setVisible(overAnother);
+        for (const auto& [buttons, answer] : cases) {
+            QTimer::singleShot(0, [] {
+                for (QWidget* any : QApplication::topLevelWidgets())
+                    if (auto* asked = qobject_cast<QMessageBox*>(any)) asked->done(0);
+            });
+            EXPECT_EQ(MsgBox(QStringLiteral("Save?"), Icon::Question, buttons), answer);
+        }
+    }
+    QTimer::singleShot(50, &window, [this] { window.close(); }); // under the first of them
+    for (const auto& [buttons, answer] : cases)
+        EXPECT_EQ(MsgBox(QStringLiteral("Save?"), Icon::Question, buttons), answer);
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST(ToolkitFilter, EveryFileNeedsNoEnding) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"vis Files|*.vis", "vis Files (*.vis)"},
+        {"Run analysis files (*.run )|*.run|Show All Files (*.*)|*.*",
+         "Run analysis files (*.run);;Show All Files (*)"},
+        {"Pictures|*.png;*.bmp", "Pictures (*.png *.bmp)"},
+        {"Some|*.a; *.* ", "Some (*.a *)"},
+    };
+    for (const auto& [given, shown] : cases) EXPECT_EQ(toolkitFilter(QLatin1String(given)), shown);
 }
 
 } // namespace

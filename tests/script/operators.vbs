@@ -116,11 +116,35 @@ End Function
 Function PowerFromTheLeft ' expect: Double 64
     PowerFromTheLeft = 2 ^ 3 ^ 2
 End Function
-Function PowerBeforeMinus ' expect: Double -4
-    PowerBeforeMinus = -2 ^ 2
+Function SignBeforePower ' expect: Double 4
+    SignBeforePower = -2 ^ 2
+End Function
+Function SignOfANameBeforePower ' expect: Double 6.25
+    Dim x(1)
+    x(1) = 2.5
+    SignOfANameBeforePower = -x(1) ^ 2
+End Function
+Function SignOfInputBeforePower ' expect: Double 9
+    InputValue = 3
+    SignOfInputBeforePower = -InputValue ^ 2
+End Function
+Function SignsBeforePower ' expect: Double -8
+    SignsBeforePower = - + - -2 ^ 3
+End Function
+Function MinusIsNoSign ' expect: Double -3
+    MinusIsNoSign = 1 - 2 ^ 2
+End Function
+Function SignInBrackets ' expect: Double -4
+    SignInBrackets = -(2 ^ 2)
 End Function
 Function PowerNegative ' expect: Double 0.5
     PowerNegative = 2 ^ -1
+End Function
+Function SignOnBothSides ' expect: Double 0.25
+    SignOnBothSides = -2 ^ -2
+End Function
+Function SignInAChainOfPowers ' expect: Double 0.125
+    SignInAChainOfPowers = 2 ^ -1 ^ 3
 End Function
 Function PowerOfNegative ' expect: error 5 Invalid procedure call or argument at +1
     PowerOfNegative = (-8) ^ (1 / 3)
@@ -172,6 +196,18 @@ End Function
 '---- precedence
 Function UnaryBeforeTimes ' expect: Integer -6
     UnaryBeforeTimes = -2 * 3
+End Function
+Function PowerBeforeTimes ' expect: Double 18
+    PowerBeforeTimes = 2 * -3 ^ 2
+End Function
+Function SignAfterTimes ' expect: Integer -24
+    SignAfterTimes = 2 * -3 * 4
+End Function
+Function PowerBeforeNot ' expect: Long -5
+    PowerBeforeNot = Not -2 ^ 2
+End Function
+Function SignOfNot ' expect: Integer 6
+    SignOfNot = -Not 5
 End Function
 Function TimesBeforeWhole ' expect: Double 3
     TimesBeforeWhole = CDbl(20 \ 3 * 2)

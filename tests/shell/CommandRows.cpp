@@ -1,6 +1,7 @@
 #include "tests/shell/CommandRows.h"
 
 #include "maths/VariableFiles.h"
+#include "shell/RecentFiles.h"
 #include "shell/frmHelp.h"
 
 #include <QTabWidget>
@@ -119,19 +120,21 @@ CommandRow adding(const char* menu, const char* name, const char* caption) {
 }
 template <int dialog>
 bool opens(Session& s) {
-    constexpr const char* kDialogs[] = {"FrmSelectInput", "frmOptions",  "frmStartSplash",
-                                        "PropertySheet",  "frmVarTable", "CarDialog"};
-    return s.opened(kDialogs[dialog]);
+    constexpr const char* kDialogs[] = {"FrmSelectInput", "frmOptions", "frmStartSplash", "PropertySheet",
+                                        "frmVarTable",    "CarDialog",  "frmRecover"};
+    return QTest::qWaitFor([&s] { return s.opened(kDialogs[dialog]); }, 30); // one may come without a loop
 }
 
 const CommandRow kRows[] = {
     {"mnuFile", "mnuNew", "&New", Enabled::Edit, begins, began},
     {"mnuFile", "mnuLoadConfig", "&Load Profile", Enabled::Edit, forgetsAProfile, wasLoaded},
+    {"mnuFile", "mnuOpenRecent", "Open recen&t"},
     {"mnuFile", "mnuSaveConfig", "&Save profile", Enabled::Edit, savesTo, wasSaved},
     {"mnuFile", "mnuSaveAs", "Save Profile &As", Enabled::Edit, savesTo,
      [](Session& s) {
          return wasSaved(s) && s.prompts.fileRequests.back().title == QLatin1String("Save Profile As...");
      }},
+    {"mnuFile", "mnuRecover", "Re&cover...", Enabled::Edit, nullptr, opens<6>},
     {"mnuFile", "mnuLoadVarInfo", "Load &Variable Information", Enabled::Edit, otherTable,
      [](Session&) { return VariableTable[2].BaseName == QLatin1String("Revs"); }},
     {"mnuFile", "mnuSaveVarInfo", "Save Variable &Information", Enabled::Edit, savesTo,
@@ -143,6 +146,10 @@ const CommandRow kRows[] = {
     {"mnuFile", "mnuSelectDataSource", "Set Data Source", Enabled::Edit, nullptr, opens<0>},
     {"mnuFile", "mnuExit", "E&xit", Enabled::Both, begins,
      [](Session& s) { return !s.window.isVisible() && QFile::exists(SettingsPath) && !PlayMode; }},
+
+    {"mnuOpenRecent", "mnuClearRecent", "&Clear list", Enabled::Edit,
+     [](Session& s) { writeRecentFiles(SettingsPath, {s.file("a.run")}); },
+     [](Session&) { return readRecentFiles(SettingsPath).isEmpty(); }},
 
     {"mnuView", "mnuOptions", "&Options", Enabled::Edit, nullptr, opens<1>},
     {"mnuView", "mnuTagsOn", "Labels O&n", Enabled::Edit, nullptr, labelsAreOn},
@@ -178,6 +185,11 @@ const CommandRow kRows[] = {
      [](Session& s) { return showsHelp(s, 1); }},
     {"mnuHelp", "mnuHelpContents", "Help Contents", Enabled::Both, nullptr,
      [](Session& s) { return showsHelp(s, 0); }},
+    {"mnuHelp", "notices", "&Notices...", Enabled::Both, nullptr,
+     [](Session& s) {
+         const auto* list = s.window.findChild<QDialog*>("noticeList");
+         return list && list->isVisible();
+     }},
     {"mnuHelp", "mnuAbout", "&About Us", Enabled::Both, nullptr, opens<2>},
 
     {"mnuDropDown", "mnuDDAddControl", "&Add Control"},

@@ -141,7 +141,7 @@ TEST_F(CommandListTest, MenusShowTheRowsInOrder) {
         EXPECT_FALSE(menu->actions().front()->isSeparator() || menu->actions().back()->isSeparator());
         s.closePopups();
     }
-    EXPECT_EQ(menus, 10);
+    EXPECT_EQ(menus, 11);
     for (const MenuEntry& entry : menuEntries()) {
         if (entry.picture) {
             EXPECT_FALSE(s.command(entry.name)->icon().isNull()) << entry.name;

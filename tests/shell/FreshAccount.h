@@ -4,6 +4,7 @@
 
 #include "maths/VariableFiles.h"
 #include "platform/Folders.h"
+#include "platform/Scratch.h"
 #include "tests/ScriptedPrompts.h"
 
 #include <QDir>
@@ -23,6 +24,7 @@ protected:
         setProgramFolder(root.filePath("build/program"));
     }
     ~FreshAccount() override {
+        deleteScratchFolder();
         setProgramFolder({});
         if (m_before.isNull())
             qunsetenv("XDG_CONFIG_HOME");

@@ -7,9 +7,13 @@
 #include "instruments/frmProperties.h"
 #include "platform/Clock.h"
 #include "platform/Events.h"
+#include "platform/Notices.h"
 #include "tests/shell/FreshAccount.h"
 #include "variables/GlobalVarsAndTypes.h"
 
+#include <QApplication>
+#include <QLabel>
+#include <QMdiSubWindow>
 #include <QTableWidget>
 #include <QTest>
 
@@ -71,7 +75,8 @@ protected:
             meanwhile();
         });
         clock = 1100;
-        window.Timer1_Timer();
+        // A tick ends in time: a long burst takes several.
+        for (int i = 0; i < 1000 && PlayMode && LastValue[1] < 11; ++i) window.Timer1_Timer();
         ticking = false;
         setClock({});
         return inside;
@@ -193,6 +198,116 @@ TEST_F(FrmMainTest, CancellingTheCloseStaysInEditMode) {
     trigger("mnuExit");
     EXPECT_FALSE(window.isVisible());
     EXPECT_EQ(prompts.takeWords().size(), 3); // the main window's own end asks nothing again
+}
+
+TEST_F(FrmMainTest, APlayThatCannotBeginIsToldAndThePropertiesWindowComesBack) {
+    open();
+    window.button(9)->trigger();
+    const auto* properties = window.findChild<frmProperties*>();
+    ASSERT_TRUE(properties && properties->isVisible());
+    DataSourceDescriptor = "FIL," + root.filePath("none.run");
+    trigger("mnuPlayMode");
+    EXPECT_FALSE(PlayMode);
+    EXPECT_TRUE(properties->isVisible());
+    const auto* line = window.findChild<QWidget*>("noticeLine");
+    ASSERT_TRUE(line && line->isVisible());
+    EXPECT_TRUE(line->findChild<QLabel*>("noticeWords")->text().contains(QStringLiteral("none.run")));
+}
+
+TEST_F(FrmMainTest, AboutStopsNoTick) {
+    open();
+    useRun(20000);
+    EXPECT_TRUE(burst([this] { trigger("mnuAbout"); }));
+    EXPECT_EQ(LastValue[301], 20000) << "the ticks went on";
+    QWidget* about = QApplication::activeModalWidget();
+    ASSERT_TRUE(about);
+    about->close();
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(FrmMainTest, TheStatusBarCountsSamplesAndTellsTheEnd) {
+    open();
+    useRun(40);
+    double clock = 1000;
+    setClock([&clock] { return clock; });
+    trigger("mnuPlayMode");
+    window.Timer1.stop();
+    const auto part = [this](const char* name) { return window.findChild<QLabel*>(name)->text(); };
+    window.Timer1_Timer();
+    clock = 1000.5;
+    window.Timer1_Timer();
+    EXPECT_EQ(part("rate"), "164 samples/s") << "82 of messages in half a second; calculated rows are none";
+    EXPECT_EQ(part("age"), "Last message just now");
+    clock = 1010;
+    window.Timer1_Timer();
+    EXPECT_EQ(part("rate"), "0 samples/s");
+    EXPECT_EQ(part("age"), "Recording ended");
+}
+
+TEST(StreamInWords, TellsEachState) {
+    const std::pair<StreamState, const char*> cases[] = {
+        {{}, "No message yet"},
+        {{0, 0, true, false}, "No message in this file"},
+        {{3, 99.5, false, false}, "Last message just now"},
+        {{3, 57.5, false, false}, "Last message 42 s ago"},
+        {{3, 100 - 185, false, false}, "Last message 3 min ago"},
+        {{3, 99, true, false}, "Recording ended"},
+        {{3, 99, false, true}, "Waits for an answer"},
+    };
+    for (const auto& [state, words] : cases) EXPECT_EQ(streamInWords(state, 100), words);
+}
+
+TEST_F(FrmMainTest, TheInnerWindowHasASensibleSizeInEveryState) {
+    open();
+    useRun(1);
+    auto& frame = *qobject_cast<QMdiSubWindow*>(window.dashboard().parentWidget());
+    const QString profile = root.filePath("a.vis");
+    prompts.files = {profile};
+    window.dashboard().mnuSaveAs_Click();
+    const auto stored = [&] {
+        prompts.files = {profile};
+        window.dashboard().mnuSaveAs_Click();
+        const IniFile file = IniFile::load(profile);
+        return QSize(qRound(leadingNumber(file.value("TABS", "WIDTH", {}, 10)) / 15),
+                     qRound(leadingNumber(file.value("TABS", "HEIGHT", {}, 10)) / 15));
+    };
+    frame.showMinimized();
+    pumpEvents();
+    const QSize minimised = frame.size();
+    EXPECT_GT(stored().width(), 900) << "not that of the stub, " << minimised.width();
+    trigger("mnuPlayMode");
+    EXPECT_TRUE(frame.isMaximized()) << "as before it was minimised";
+    trigger("mnuEditMode");
+    frame.showNormal();
+    pumpEvents();
+    EXPECT_GT(frame.width(), 600);
+    EXPECT_GT(frame.height(), 400);
+    frame.resize(900, 500);
+    pumpEvents();
+    EXPECT_EQ(stored(), QSize(900, 500));
+    frame.showMinimized();
+    pumpEvents();
+    EXPECT_EQ(stored(), QSize(900, 500));
+
+    const auto canMinimise = [&] { return frame.windowFlags().testFlag(Qt::WindowMinimizeButtonHint); };
+    EXPECT_TRUE(canMinimise());
+    trigger("mnuPlayMode");
+    pumpEvents();
+    EXPECT_FALSE(canMinimise());
+    EXPECT_FALSE(frame.isMinimized()) << "a dashboard that plays is seen";
+    EXPECT_TRUE(window.dashboard().isVisible());
+    EXPECT_EQ(frame.size(), QSize(900, 500));
+    trigger("mnuEditMode");
+    EXPECT_TRUE(canMinimise());
+
+    frame.resize(10, 10); // as small as a file or a hand makes it
+    pumpEvents();
+    window.dashboard().ProfileChanged = false;
+    EXPECT_TRUE(window.close());
+    for (const TwipsBox& box : readWindowSettings(IniFile::load(working("vxvis.cfg"))).boxes) {
+        EXPECT_GT(box.width, 0);
+        EXPECT_GT(box.height, 0);
+    }
 }
 
 TEST(SourceInWords, TellsEachKind) {

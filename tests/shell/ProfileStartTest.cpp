@@ -58,7 +58,7 @@ TEST_F(ProfileStartTest, OffersTheLastLayoutOrTheDefaultOne) {
         EXPECT_TRUE(window.close()); // without a question
         EXPECT_TRUE(prompts.takeWords().isEmpty());
         const QString kept = readIniValue(working("vxvis.cfg"), "VXVISTOR", "LASTFILE", {}, 200);
-        EXPECT_EQ(kept, loaded ? window.dashboard().ProfilePath : QString());
+        EXPECT_EQ(kept, loaded ? window.dashboard().ProfilePath : c.remembered) << "a No forgets nothing";
     }
     for (const MessageRequest& request : prompts.messages) EXPECT_EQ(request.buttons, Buttons::YesNo);
 }

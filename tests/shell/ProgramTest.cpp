@@ -4,11 +4,13 @@
 #include "platform/IniFile.h"
 #include "tests/shell/FreshAccount.h"
 
+#include <QElapsedTimer>
 #include <QHash>
 #include <QImage>
 #include <QProcess>
 #include <QTest>
 
+#include <csignal>
 #include <gtest/gtest.h>
 
 namespace vistor {
@@ -107,6 +109,61 @@ TEST_F(ProgramTest, TwoStartsWithinASecondHarmNoFile) {
     EXPECT_TRUE(QDir(working("scratch")).isEmpty()) << "each has taken its pictures with it";
     EXPECT_EQ(QDir(root.filePath("person/Kelvane")).entryList(QDir::Files).size(), 4)
         << "nothing is left over";
+}
+
+/// By others: with a question standing at the start, and while a recording plays.
+TEST_F(ProgramTest, ASignalEndsItWithinASecondAndSettingsStand) {
+    const QString layout = root.filePath(QStringLiteral("last.vis"));
+    write(layout, "[TAB]\n0=The last\n");
+    const QString recording = root.filePath(QStringLiteral("long.run"));
+    std::vector<std::uint8_t> run = runFileHead();
+    for (int step = 0; step < 1000; ++step) {
+        const ChannelValue time[] = {{1, 100 + step * 0.2}};
+        appendMessage(run, 1, time);
+    }
+    write(recording, QByteArray(reinterpret_cast<const char*>(run.data()), qsizetype(run.size())));
+    struct Case {
+        int number;
+        bool plays;
+    };
+    for (const Case& c :
+         {Case{SIGTERM, false}, Case{SIGHUP, true}, Case{SIGINT, false}, Case{SIGTERM, true}}) {
+        write(working("vxvis.cfg"), "[VXVISTOR]\nLASTFILE=" + layout.toLatin1() + "\n");
+        QProcess program;
+        begin(program, c.plays ? QStringList{layout, QStringLiteral("--play"), QStringLiteral("--source"),
+                                             QStringLiteral("FIL,") + recording}
+                               : QStringList());
+        const auto isUp = [&] { return !QDir(working("Recovered/")).entryList({"running-*"}).isEmpty(); };
+        ASSERT_TRUE(QTest::qWaitFor(isUp, 20000));
+        QElapsedTimer time;
+        time.start();
+        ::kill(static_cast<pid_t>(program.processId()), c.number);
+        ASSERT_TRUE(program.waitForFinished(20000));
+        EXPECT_LT(time.elapsed(), 1000);
+        EXPECT_EQ(program.exitStatus(), QProcess::CrashExit);
+        EXPECT_EQ(program.exitCode(), c.number) << "as a shell sees it, 128 more";
+        const IniFile settings = IniFile::load(working("vxvis.cfg"));
+        EXPECT_EQ(settings.value("VXVISTOR", "LASTFILE", {}, 4096), layout);
+        EXPECT_EQ(settings.keys("DESIGN").size(), 4);
+        QDir(working("Recovered/")).removeRecursively();
+    }
+}
+
+TEST_F(ProgramTest, ItsExitCodeTellsWhetherThePictureWasWritten) {
+    const QString deep = root.filePath(QStringLiteral("no/such/folder/a.png"));
+    const std::pair<QString, int> cases[] = {
+        {picture(), 0}, {deep, 1}, {root.filePath(QStringLiteral("a.vis")), 1}, {root.path(), 1}};
+    for (const auto& [path, code] : cases) {
+        QProcess program;
+        begin(program, {QStringLiteral("-platform"), QStringLiteral("offscreen"), QStringLiteral("-style"),
+                        QStringLiteral("windows"), QStringLiteral("--exit-after"), QStringLiteral("0"),
+                        QStringLiteral("--screenshot"), path});
+        EXPECT_TRUE(program.waitForFinished(60000));
+        EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(program.exitCode(), code) << path.toStdString();
+        EXPECT_EQ(program.readAllStandardError().contains(path.toUtf8() + " was not written: "), code == 1);
+    }
+    EXPECT_FALSE(QImage(picture()).isNull());
 }
 
 TEST_F(ProgramTest, AnUnusableSourceLeavesARunningProgram) {

@@ -26,7 +26,7 @@ const UnitConversion kUnits[] = {
     {"MPa", {}, "$0.1$0", "MPa"},
     {"0.5-4.5 V, 0-100 bar", {}, "$25$-12.5", "bar"},
     {"0.5-4.5 V, 0-60 bar in kPa", {}, "$1500$-750", "kPa"},
-    {"NTC", {}, "1/(x+1)", "°C"},
+    {"NTC 10k", {}, "1/(x+1)", "°C"},
     {"AFR petrol", {}, "$14.7$0", "AFR"},
     {"AFR diesel", {}, "$14.5$0", "AFR"},
     {"Lambda", {}, "$1$0", "Lambda"},
@@ -48,7 +48,7 @@ Definitions definitions() {
         {73, "Shown in K", "K", {"°C", "°F", "K"}},
         {90, "Oil pressure", "bar", {"bar", "kPa", "MPa"}},
         {204, "Brake", "0.5-4.5 V, 0-100 bar", {"V", "0.5-4.5 V, 0-100 bar", "0.5-4.5 V, 0-60 bar in kPa"}},
-        {205, "Bath", "NTC", {"V", "NTC"}},
+        {205, "Bath", "NTC 10k", {"V", "NTC 10k"}},
         {206, "Own formula", "rpm", {"rpm"}},
         {207, "Mixture", "Lambda", {"Lambda", "AFR petrol", "AFR diesel"}},
         {208, "Film", "µm", {"µm"}},
@@ -303,7 +303,7 @@ TEST(CsvImport, NamesOfATable) {
     table[2].PhysicalName = QStringLiteral(" Engine Speed ");
     table[3].PhysicalName = QStringLiteral("engine speed");
     table[8000].PhysicalName = QStringLiteral("dummy");
-    EXPECT_EQ(channelNames(table), (ChannelNames{{QStringLiteral("ENGINE SPEED"), 2}}));
+    EXPECT_EQ(channelNames(table), (ChannelNames{{QStringLiteral("engine speed"), 2}}));
     EXPECT_TRUE(channelNames({}).isEmpty());
 }
 

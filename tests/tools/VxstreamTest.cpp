@@ -39,7 +39,7 @@ private:
 };
 
 TEST_F(Vxstream, CsvToRunToText) {
-    write("in.csv", "Time,2,30\n0,3000,48.25\n0.02,3100.5,\n");
+    write("in.csv", "Time,2,30\n0,3000,48.25\n0.015625,3100.5,\n");
     const Outcome made =
         run({QStringLiteral("from-csv"), path("in.csv"), QStringLiteral("--out"), path("a.run")});
     EXPECT_EQ(made.code, 0) << made.errors;
@@ -50,17 +50,17 @@ TEST_F(Vxstream, CsvToRunToText) {
     EXPECT_EQ(run({QStringLiteral("dump"), path("a.run")}).out, "run file, version 200\n"
                                                                 "8: message 1  1=0\n"
                                                                 "24: message 2  2=3000, 30=48.25\n"
-                                                                "46: message 1  1=0.02\n"
+                                                                "46: message 1  1=0.015625\n"
                                                                 "60: message 2  2=3100.5\n"
                                                                 "73: skipped 2 bytes, wrong length\n"
                                                                 "76: 1 bytes without a closing delimiter\n");
     EXPECT_EQ(run({QStringLiteral("dump"), QStringLiteral("--summary"), path("a.run")}).out,
               "run file, version 200\n"
               "4 messages, 5 values, 1 skipped\n"
-              "time 0 to 0.02 s\n"
+              "time 0 to 0.015625 s\n"
               "message 1: 2\n"
               "message 2: 2\n"
-              "channel 1: 2 values, 0 to 0.02, last 0.02\n"
+              "channel 1: 2 values, 0 to 0.015625, last 0.015625\n"
               "channel 2: 2 values, 3000 to 3100.5, last 3100.5\n"
               "channel 30: 1 values, 48.25 to 48.25, last 48.25\n"
               "skipped, wrong length: 1 times, 2 bytes\n"
@@ -72,7 +72,7 @@ TEST_F(Vxstream, NamesComeFromTheDefinitions) {
     const QString delivered = QStringLiteral(VISTOR_SOURCE_DIR "/OtherFiles/VistorVars.cfg");
     const QStringList common = {QStringLiteral("from-csv"), path("in.csv"), QStringLiteral("--out"),
                                 path("a.run"), QStringLiteral("--definitions")};
-    for (const QStringList& arguments : {common + QStringList{delivered}, common.first(4)}) {
+    for (const QStringList& arguments : {common + QStringList{delivered}, common.mid(0, 4)}) {
         EXPECT_EQ(run(arguments).errors, "") << "the delivered definitions are taken unasked";
         EXPECT_TRUE(QFile::exists(path("a.run")));
     }

@@ -82,6 +82,20 @@ TEST(SamplePipeline, CalculusModes) {
     EXPECT_EQ(ProcessSample(kRow, 8, 104), 8); // not on a row that this system lacks
 }
 
+TEST(SamplePipeline, StampsNeverGetCoarserThanOnTheFirstDay) {
+    for (const double now : {0.3, 5000.6, 86399.99, 86400.01, 131071.99})
+        EXPECT_EQ(timeStamp(now), static_cast<double>(static_cast<float>(now))) << now;
+    for (const double now : {131072.0, 200000.0, 1e6}) {
+        EXPECT_EQ(timeStamp(now + 1.0 / 128), now + 1.0 / 128);
+        EXPECT_EQ(timeStamp(now + 0.001), now);
+    }
+    makeTable();
+    row().Calculus = 1;
+    process(0, 300000);
+    process(-10, 300000.0078125);
+    EXPECT_FLOAT_EQ(LastValue[kRow], -0.078125F);
+}
+
 TEST(SamplePipeline, DerivativeComparesWithThePreviousOutput) {
     makeTable();
     row().Calculus = 2;
