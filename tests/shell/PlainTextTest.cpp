@@ -11,6 +11,7 @@
 #include "maths/frmVariableTransformation.h"
 #include "platform/Events.h"
 #include "platform/IniFile.h"
+#include "platform/Notices.h"
 #include "platform/QtPrompts.h"
 #include "shell/CarDialog.h"
 #include "shell/frmMain.h"
@@ -184,6 +185,7 @@ TEST_F(PlainText, NoWindowTakesATextFromOutsideForMarkup) {
         window.mnuShowPropertiesWindow_Click();
         Q_EMIT page.propertiesShown(instrument, {hostile}, {hostile});
     }
+    notify(hostile);
     walk(window, "frmMain");
     for (const char* command : {"mnuOptions", "mnuSelectDataSource", "carNumbers"})
         inModal(command, [&] { window.command(QLatin1String(command))->trigger(); });
