@@ -122,7 +122,7 @@ void NoticeLine::tell(const Notice& notice) {
         ++m_missed;
     m_text = notice.text;
     m_more->setText(m_missed > 0 ? QStringLiteral("%1 more...").arg(m_missed) : QStringLiteral("Notices..."));
-    setToolTip(QStringLiteral("<qt>%1</qt>").arg(m_text.toHtmlEscaped()));
+    setToolTip(m_text);
     show();
     place();
     raise();

@@ -51,8 +51,7 @@ TEST_F(NoticeLineTest, TextsArePlainAndWholeInTheListAndTheToolTip) {
     const QString hostile = QStringLiteral("<img src=x><b>file</b> & more\nlines");
     notify(hostile);
     EXPECT_EQ(words(), "<img src=x><b>file</b> & more lines");
-    EXPECT_FALSE(line.toolTip().contains(QStringLiteral("<img")));
-    EXPECT_TRUE(line.toolTip().contains(hostile.toHtmlEscaped()));
+    EXPECT_EQ(line.toolTip(), hostile) << "tool tips are plain";
     QStringList parts;
     for (int i = 0; i < 200; ++i) parts += QStringLiteral("word%1").arg(i);
     notify(parts.join(u' '));
