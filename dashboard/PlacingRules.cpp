@@ -37,15 +37,14 @@ float snapped(float value, float origin, int pitch) {
     return std::floor((value - origin) / step) * step + origin;
 }
 
-/// The order matters: what is wider than the screen ends below 0.
-float bounded(float place, float length, float screen) {
-    const float kept = std::max(place, 0.0F);
-    return kept + length > screen ? screen - length : kept;
+/// The furthest place along a side of the page at which enough of a box is left on it.
+float furthest(float page) {
+    return std::max(page - kLeastReach, 0.0F);
 }
 
-PlacedBox boundedBox(PlacedBox box, TwipsPoint screen) {
-    box.left = bounded(box.left, box.width, screen.x);
-    box.top = bounded(box.top, box.height, screen.y);
+PlacedBox boundedBox(PlacedBox box, TwipsPoint page) {
+    box.left = std::clamp(box.left, 0.0F, furthest(page.x));
+    box.top = std::clamp(box.top, 0.0F, furthest(page.y));
     return box;
 }
 
@@ -72,12 +71,12 @@ TwipsPoint snappedPoint(const SnapGrid& grid, TwipsPoint point) {
     return {snapped(point.x, grid.left, grid.pitch), snapped(point.y, grid.top, grid.pitch)};
 }
 
-PlacedBox movedBox(const PlacedBox& box, TwipsPoint start, TwipsPoint mouse, TwipsPoint screen,
+PlacedBox movedBox(const PlacedBox& box, TwipsPoint start, TwipsPoint mouse, TwipsPoint page,
                    const SnapGrid& grid) {
     PlacedBox moved = box;
     moved.left = box.left + mouse.x - start.x;
     moved.top = box.top + mouse.y - start.y;
-    moved = boundedBox(moved, screen);
+    moved = boundedBox(moved, page);
     if (!grid.on) return moved;
     const TwipsPoint corner = snappedPoint(grid, {moved.left, moved.top});
     moved.left = corner.x;
@@ -85,25 +84,37 @@ PlacedBox movedBox(const PlacedBox& box, TwipsPoint start, TwipsPoint mouse, Twi
     return moved;
 }
 
-PlacedBox sizedBox(const PlacedBox& box, std::uint8_t handle, TwipsPoint mouse, const SnapGrid& grid) {
+TwipsPoint handleCorner(const PlacedBox& box, std::uint8_t handle) {
+    if (handle >= kHandleCorners.size()) return {};
+    const HandleCorners& corners = kHandleCorners[handle];
+    return {corners.x2 == From::Near ? box.width : 0, corners.y2 == From::Near ? box.height : 0};
+}
+
+PlacedBox sizedBox(const PlacedBox& box, std::uint8_t handle, TwipsPoint start, TwipsPoint mouse,
+                   TwipsPoint page, const SnapGrid& grid) {
     if (handle >= kHandleCorners.size()) return box;
     const HandleCorners& corners = kHandleCorners[handle];
-    TwipsPoint moving = {coordinate(corners.x1, box.left, box.width, mouse.x),
-                         coordinate(corners.y1, box.top, box.height, mouse.y)};
-    const TwipsPoint staying = {coordinate(corners.x2, box.left, box.width, mouse.x),
-                                coordinate(corners.y2, box.top, box.height, mouse.y)};
+    const TwipsPoint corner = handleCorner(box, handle);
+    // A corner at the mouse itself would jump to it from where in the handle it was grasped.
+    const TwipsPoint at = {std::max(corner.x + mouse.x - start.x, -box.left),
+                           std::max(corner.y + mouse.y - start.y, -box.top)};
+    TwipsPoint moving = {coordinate(corners.x1, box.left, box.width, at.x),
+                         coordinate(corners.y1, box.top, box.height, at.y)};
+    const TwipsPoint staying = {coordinate(corners.x2, box.left, box.width, at.x),
+                                coordinate(corners.y2, box.top, box.height, at.y)};
     if (grid.on) moving = snappedPoint(grid, moving);
-    return {std::min(moving.x, staying.x), std::min(moving.y, staying.y),
+    return {std::min({moving.x, staying.x, furthest(page.x)}),
+            std::min({moving.y, staying.y, furthest(page.y)}),
             std::max(std::abs(moving.x - staying.x), kLeastSide),
             std::max(std::abs(moving.y - staying.y), kLeastSide)};
 }
 
-PlacedBox steppedBox(const PlacedBox& box, int columns, int rows, bool fine, TwipsPoint screen,
+PlacedBox steppedBox(const PlacedBox& box, int columns, int rows, bool fine, TwipsPoint page,
                      const SnapGrid& grid) {
     PlacedBox moved = box;
     moved.left = stepped(box.left, columns, fine, grid.left, grid);
     moved.top = stepped(box.top, rows, fine, grid.top, grid);
-    return boundedBox(moved, screen);
+    return boundedBox(moved, page);
 }
 
 } // namespace vistor

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <iterator>
 
 namespace vistor {
 namespace {
@@ -23,6 +24,7 @@ constexpr qsizetype kSharedItems = 1'000'000;
 
 const QString kTabsSection = QStringLiteral("TABS");
 const QString kCaptionsSection = QStringLiteral("TAB");
+const QString kSystemSection = QStringLiteral("SYSTEM");
 
 /// With as many decimals as its value has and the buffer of a number holds.
 QString twipsText(double twips) {
@@ -78,6 +80,10 @@ KindTabs tabsOfKinds(const IniFile& file) {
     return found;
 }
 
+int declaredTabs(const IniFile& file) {
+    return wholeNumber(file.value(kTabsSection, QStringLiteral("PIC"), QStringLiteral("1"), kNumberBuffer));
+}
+
 /// Up to the last tab that has a caption or an instrument.
 int tabsSeen(const IniFile& file, const KindTabs& pages) {
     const std::vector<int> captions = file.numberedKeys(kCaptionsSection, 0, kMostTabs - 1);
@@ -88,9 +94,7 @@ int tabsSeen(const IniFile& file, const KindTabs& pages) {
 }
 
 QStringList readCaptions(const IniFile& file, const KindTabs& pages) {
-    const int declared =
-        wholeNumber(file.value(kTabsSection, QStringLiteral("PIC"), QStringLiteral("1"), kNumberBuffer));
-    const int tabs = std::min(declared, std::max(kTabsUnseen, tabsSeen(file, pages)));
+    const int tabs = std::min(declaredTabs(file), std::max(kTabsUnseen, tabsSeen(file, pages)));
     QStringList captions;
     for (int tab = 0; tab < tabs; ++tab)
         captions << file.value(kCaptionsSection, QString::number(tab), QStringLiteral("VX"), kCaptionBuffer);
@@ -100,24 +104,35 @@ QStringList readCaptions(const IniFile& file, const KindTabs& pages) {
 /// Reads the instruments of a document, all in one walk.
 class InstrumentReader {
 public:
-    explicit InstrumentReader(const IniFile& file) : m_file(file), m_items(file.keyCount() + kSharedItems) {}
+    InstrumentReader(const IniFile& file, int tabs)
+        : m_file(file), m_tabs(std::max(1, tabs)), m_items(file.keyCount() + kSharedItems) {}
 
     std::vector<ProfileInstrument> read(const KindTabs& pages) {
         for (const KindInfo& info : kInstrumentKinds) {
             const int count = wholeNumber(m_file.value(kTabsSection, QLatin1String(info.className),
                                                        QStringLiteral("0"), kNumberBuffer));
+            m_last = 0;
             for (const int tab : pages.at(static_cast<std::size_t>(info.kind)))
                 readPage(info.kind, tab, count);
+            m_lost += std::max(0, count - m_last);
         }
         return std::move(m_found);
     }
+    /// Instruments that the document counts or holds and that do not come up.
+    int lost() const { return m_lost; }
+    /// Those whose lists are not all there.
+    int incomplete() const { return m_incomplete; }
 
 private:
     void readPage(Kind kind, int tab, int count) {
         const QString page = pageSection(kind, tab);
-        for (const int key : m_file.numberedKeys(page, 1, count)) {
+        for (const int key : m_file.numberedKeys(page, 1, static_cast<int>(kMostNumber))) {
             const QString section = m_file.value(page, QString::number(key), QString(), kNameBuffer);
-            if (section.isEmpty() || m_found.size() >= kMostInstruments) continue;
+            if (section.isEmpty()) continue;
+            m_last = std::max(m_last, key);
+            const bool taken = key <= count && m_found.size() < kMostInstruments;
+            if (!taken || tab >= m_tabs) ++m_lost;
+            if (!taken) continue;
             m_found.push_back({kind,
                                tab,
                                key,
@@ -134,7 +149,9 @@ private:
         // What the section holds is its own; what is declared beyond that all of them share.
         const auto held = static_cast<qsizetype>(m_file.numberedKeys(section, 0, instrument.highest).size());
         const qsizetype most = std::min(m_items, held + m_spare);
-        const qsizetype count = std::clamp<qsizetype>(qsizetype{instrument.highest} + 1, 0, most);
+        const qsizetype declared = std::max<qsizetype>(qsizetype{instrument.highest} + 1, 0);
+        const qsizetype count = std::min(declared, most);
+        if (std::min(count, held) < declared) ++m_incomplete;
         m_items -= count;
         m_spare -= std::max<qsizetype>(0, count - held);
         instrument.list = readItems(m_file, section, count);
@@ -142,10 +159,31 @@ private:
     }
 
     const IniFile& m_file;
+    int m_tabs;
+    int m_last = 0; ///< the highest number of the kind
+    int m_lost = 0;
+    int m_incomplete = 0;
     qsizetype m_items;
     qsizetype m_spare = kSpareItems; ///< how many more are believed
     std::vector<ProfileInstrument> m_found;
 };
+
+/// Tabs that the document counts beyond those that are taken. One without any instrument may have been cut
+/// among its captions, and then those are counted; else a tab needs none.
+int lostTabs(const IniFile& file, const Profile& profile) {
+    const auto most = static_cast<int>(profile.captions.size());
+    const int declared = declaredTabs(file);
+    if (!profile.instruments.empty() || declared > most) return std::max(0, declared - most);
+    return most - static_cast<int>(file.numberedKeys(kCaptionsSection, 0, most - 1).size());
+}
+
+QString damageInWords(int tabs, int instruments, int lists) {
+    QStringList words;
+    if (tabs > 0) words << QStringLiteral("%1 of its tabs are missing").arg(tabs);
+    if (instruments > 0) words << QStringLiteral("%1 of its instruments cannot be shown").arg(instruments);
+    if (lists > 0) words << QStringLiteral("the settings of %1 instruments are incomplete").arg(lists);
+    return words.join(QStringLiteral(", "));
+}
 
 } // namespace
 
@@ -153,7 +191,7 @@ void WriteProfileLayout(const Profile& profile, IniFile& file) {
     if (profile.width) file.setValue(kTabsSection, QStringLiteral("WIDTH"), twipsText(*profile.width));
     if (profile.height) file.setValue(kTabsSection, QStringLiteral("HEIGHT"), twipsText(*profile.height));
     file.setValue(kTabsSection, QStringLiteral("PIC"), QString::number(profile.captions.size()));
-    file.setValue(QStringLiteral("SYSTEM"), QStringLiteral("PORT"), profile.port);
+    file.setValue(kSystemSection, QStringLiteral("PORT"), profile.port);
     for (qsizetype tab = 0; tab < profile.captions.size(); ++tab)
         file.setValue(kCaptionsSection, QString::number(tab), profile.captions.at(tab));
     std::array<int, kInstrumentKinds.size()> counts{};
@@ -177,14 +215,22 @@ void WriteProfileInstruments(const Profile& profile, IniFile& file) {
     }
 }
 
+bool isProfile(const IniFile& file) {
+    const QString sections[] = {kTabsSection, kCaptionsSection, kSystemSection};
+    return std::any_of(std::begin(sections), std::end(sections),
+                       [&](const QString& section) { return file.hasKeys(section); });
+}
+
 Profile readProfile(const IniFile& file) {
     Profile profile;
     const KindTabs pages = tabsOfKinds(file);
     profile.width = sizeOf(file, "WIDTH", "0");
     profile.height = sizeOf(file, "HEIGHT", "");
     profile.captions = readCaptions(file, pages);
-    profile.port = file.value(QStringLiteral("SYSTEM"), QStringLiteral("PORT"), QString(), kPortBuffer);
-    profile.instruments = InstrumentReader(file).read(pages);
+    profile.port = file.value(kSystemSection, QStringLiteral("PORT"), QString(), kPortBuffer);
+    InstrumentReader reader(file, static_cast<int>(profile.captions.size()));
+    profile.instruments = reader.read(pages);
+    profile.damage = damageInWords(lostTabs(file, profile), reader.lost(), reader.incomplete());
     return profile;
 }
 

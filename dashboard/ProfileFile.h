@@ -28,6 +28,7 @@ struct Profile {
     QStringList captions; ///< one for each tab
     QString port;         ///< the data source's descriptor
     std::vector<ProfileInstrument> instruments;
+    QString damage; ///< what its file tells of and does not hold, in words; empty when all is there
 };
 
 /// Pages are made on a file's word alone up to here, and beyond it as far as the file has captions or
@@ -42,7 +43,11 @@ void WriteProfileLayout(const Profile& profile, IniFile& file);
 void WriteProfileInstruments(const Profile& profile, IniFile& file);
 
 /// What a file says, the instruments by kind, tab and key. Any document is a Profile: what is missing has its
-/// default, and counts are believed as far as the document has something for them.
+/// default, and counts are believed as far as the document has something for them. Counts that it has nothing
+/// for, lists that end early and instruments that no tab shows are its damage.
 Profile readProfile(const IniFile& file);
+
+/// Whether a document has any of the sections that every Profile has.
+bool isProfile(const IniFile& file);
 
 } // namespace vistor

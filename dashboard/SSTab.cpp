@@ -72,6 +72,10 @@ QStringList SSTab::captions() const {
     return all;
 }
 
+int SSTab::tabAt(const QPoint& place) const {
+    return m_bar->tabAt(m_bar->mapFromGlobal(place));
+}
+
 void SSTab::resizeEvent(QResizeEvent*) {
     m_bar->setGeometry(kBorder, height() - kStripHeight, qMax(0, width() - 2 * kBorder), kStripHeight);
 }

@@ -22,6 +22,8 @@ public:
     QString TabCaption(int number) const;
     void TabCaption(int number, const QString& caption);
     QStringList captions() const;
+    /// The tab at a place in the window system's coordinates; -1 for none.
+    int tabAt(const QPoint& place) const;
 
 Q_SIGNALS:
     void Click();

@@ -21,6 +21,7 @@ constexpr int kNarrowest = 60;      ///< twips that a page is narrower than the 
 constexpr int kLowest = 360;        ///< and lower
 constexpr int kHighestDrag = 12200; ///< twips; beyond it a page does not follow while a border is dragged
 constexpr int kNoLimit = 1 << 24;
+constexpr QSize kLeastSize(480, 320); ///< pixels; room for all panes
 
 template <class View>
 View* named(View* view, const char* name) {
@@ -43,6 +44,7 @@ frmInterface::frmInterface(QWidget* parent)
       m_palette(new Palette(trvControl, lvControl)) {
     setObjectName(QStringLiteral("frmInterface"));
     setWindowTitle(QStringLiteral("Untitled"));
+    setMinimumSize(kLeastSize);
     makePanes();
     addPage();
     mainTab->TabCaption(0, QStringLiteral("VX"));
@@ -144,6 +146,12 @@ void frmInterface::closeEvent(QCloseEvent* event) {
     if (wasLoaded && event->isAccepted()) Q_EMIT unloaded();
 }
 
+void frmInterface::resizeEvent(QResizeEvent*) {
+    if (outerWindow().isMinimized()) return;
+    m_outerSize = outerWindow().size();
+    m_outerMaximised = outerWindow().isMaximized();
+}
+
 void frmInterface::ArrangeSplitter() {
     const IniFile file = IniFile::load(SettingsPath);
     for (int pane = 0; pane < kPaneCount; ++pane) {
@@ -210,6 +218,7 @@ void frmInterface::mainTab_Click() {
 
 void frmInterface::mainTab_MouseDown(Qt::MouseButton button, const QPoint& place) {
     if (PlayMode || button != Qt::RightButton) return;
+    mainTab->Tab(mainTab->tabAt(place)); // the menu's entries act on the one in front
     Q_EMIT commandEnabled(QStringLiteral("mnuClosePane"), mainTab->Tab() == mainTab->Tabs() - 1);
     Q_EMIT menuWanted(QStringLiteral("mnuDropDown2"), place);
 }

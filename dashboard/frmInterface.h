@@ -33,6 +33,7 @@ class VariableTreeView;
 struct RecoveryCopy;
 struct Profile;
 struct ProfileInstrument;
+struct TreeLine;
 
 class frmInterface : public QWidget {
     Q_OBJECT
@@ -154,7 +155,8 @@ public:
     void mnuExit_Click();
     void Toolbar_ButtonClick(int button);
 
-    /// Asks whether to save changes, and saves on yes. False when the person cancelled.
+    /// Asks whether to save changes, and saves on yes. False when the person cancelled, here or in the file
+    /// dialog, or the file could not be written: what asked must then stop.
     bool askToSave();
     void mnuNew_Click();
     void mnuLoadConfig_Click();
@@ -162,8 +164,10 @@ public:
     void mnuSaveAs_Click();
     /// Asks for a file and loads it. Cancelled, it detaches what is open from its file.
     void LoadVis();
+    /// Opens a file on top of what stands. One that cannot be read is told and changes nothing; of a damaged
+    /// one what is good is shown, and the next save asks for a name.
     void loadLastFile(const QString& path);
-    /// Reads a file on top of what stands; one that cannot be read counts as empty. When an event in the
+    /// Reads a file on top of what stands and leaves the open profile's path alone. When an event in the
     /// middle clears the pages or unloads the window, the rest is left out.
     void LoadProfileFile(const QString& path);
     /// Loads a file as LoadVis does once it is chosen, after asking what is to come of the layout that
@@ -222,12 +226,14 @@ protected:
     /// Closing this window is leaving the program.
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     /// What Escape puts back, and what a handle's drag starts from.
     struct DragStart {
         QPointer<Instrument> instrument;
         PlacedBox box;
+        TwipsPoint press; ///< in its own coordinates
         bool profileChanged = false;
     };
 
@@ -250,7 +256,7 @@ private:
 
     void makeVariablePane();
     void placeVariablePane();
-    void editLine(const QString& key);
+    void editLine(const TreeLine& line);
 
     Page* addPage();
     void fitPage(Page* page, int highest);
@@ -266,11 +272,18 @@ private:
     void makeTabKeys();
 
     std::optional<QString> askForFile(std::optional<QString> (*ask)(const FileRequest&), const char* title);
-    void openProfile(const QString& path);
-    void saveProfile(const QString& path);
+    std::optional<QString> askForLoad();
+    /// Opens a file in place of what stands (`clear`) or on top of it. False when it gave nothing, or an
+    /// event in the middle began a new profile.
+    bool openProfile(const QString& path, bool clear);
+    void takeProfile(const Profile& profile);
+    /// Saves where the profile lies, or where the person says. True when a whole file holds what stands;
+    /// else nothing has changed but for the path that a cancel empties.
+    bool save();
+    bool saveProfile(const QString& path);
     Profile currentProfile();
     QWidget& outerWindow();
-    void placeProfile(const Profile& profile);
+    void allowMinimising(bool allowed);
     void takeSize(const Profile& profile);
     void takeCaptions(const QStringList& captions);
     bool placeInstruments(const std::vector<ProfileInstrument>& saved);
@@ -286,18 +299,17 @@ private:
     /// The same of a layout that is saved too: the next save would write over its file.
     void keepBeforeClearing(RecoveryReason reason);
     void keepLayoutNow(RecoveryReason reason, bool evenSaved);
-    void loadAskingFirst(const std::function<void()>& load);
-    void loadRecovered(const RecoveryCopy& copy, const IniFile& document);
+    void loadAskingFirst(const std::function<void(bool clear)>& load);
+    void loadRecovered(const RecoveryCopy& copy, const IniFile& document, bool clear);
 
     Instrument* newInstrument(Kind kind, Page* page);
     void giveState(Instrument& instrument);
     Page* currentPage() const;
     SnapGrid snapGrid() const;
-    TwipsPoint screenSize() const;
 
     Instrument* placeNew(Kind kind, float x, float y, const QStringList& list = {});
     void connectEditing(Instrument* added);
-    void beginDrag(Instrument* dragged);
+    void beginDrag(Instrument* dragged, TwipsPoint press);
     void cancelDrag(Instrument* dragged);
     void endDrag();
     void moveInstrument(Instrument* moved, TwipsPoint start, TwipsPoint mouse);
@@ -319,6 +331,9 @@ private:
     int m_clearings = 0;           ///< how often all pages were cleared, or the window unloaded
     bool m_loadingProfile = false; ///< lets events run, in which nobody may save, load or play
     DragStart m_drag;
+    // The window with its frame when it last was not minimised.
+    QSize m_outerSize;
+    bool m_outerMaximised = false;
     QPointer<Instrument> m_clicked;
     std::unique_ptr<RecoveryKeeper> m_recovery; ///< from load to unload
     QTimer m_minute;

@@ -70,11 +70,21 @@ void frmInterface::setCommandsForMode() {
     for (const ModeButton& button : kModeButtons)
         Q_EMIT buttonEnabled(button.number, PlayMode ? button.inPlayMode : button.inEditMode);
     setViewsForMode();
+    allowMinimising(!PlayMode);
     // A grid that was turned off may still stand on other pages than the first.
     if (PlayMode || ShowGrid != 1)
         ClearGrid();
     else
         DrawGrid();
+}
+
+/// Only of the window inside the main one: in play mode a dashboard that is not seen gets values for nothing.
+void frmInterface::allowMinimising(bool allowed) {
+    QWidget* frame = parentWidget();
+    if (!frame) return;
+    if (!allowed && frame->isMinimized())
+        frame->setWindowState(m_outerMaximised ? Qt::WindowMaximized : Qt::WindowNoState);
+    frame->setWindowFlag(Qt::WindowMinimizeButtonHint, allowed);
 }
 
 void frmInterface::setViewsForMode() {

@@ -10,7 +10,6 @@
 #include "variables/GlobalVarsAndTypes.h"
 #include "variables/VariableTreeView.h"
 
-#include <QScreen>
 #include <QTimer>
 
 namespace vistor {
@@ -19,6 +18,11 @@ namespace {
 PlacedBox boxOf(const Instrument& instrument) {
     return {static_cast<float>(instrument.leftTwips()), static_cast<float>(instrument.topTwips()),
             static_cast<float>(instrument.widthTwips()), static_cast<float>(instrument.heightTwips())};
+}
+
+/// Of the page on which an instrument stands.
+TwipsPoint roomOf(const QWidget& page) {
+    return {toTwips(page.width()), toTwips(page.height())};
 }
 
 void place(Instrument& instrument, const PlacedBox& box) {
@@ -42,12 +46,6 @@ void frmInterface::SnapPoint(float& x, float& y) const {
     y = snapped.y;
 }
 
-/// An instrument may go beyond a narrow page, but not beyond the screen.
-TwipsPoint frmInterface::screenSize() const {
-    const QSize pixels = screen()->size();
-    return {toTwips(pixels.width()), toTwips(pixels.height())};
-}
-
 Instrument* frmInterface::placeNew(Kind kind, float x, float y, const QStringList& list) {
     Instrument* placed = newInstrument(kind, currentPage());
     placed->moveTwips(x, y);
@@ -60,8 +58,8 @@ Instrument* frmInterface::placeNew(Kind kind, float x, float y, const QStringLis
     return placed;
 }
 
-/// A custom entry brings its list with it.
-void frmInterface::pic_DragDrop(Page*, const QObject* source, float x, float y) {
+/// A custom entry brings its list with it. It comes to stand like one that was dragged to there.
+void frmInterface::pic_DragDrop(Page* page, const QObject* source, float x, float y) {
     const QString key = m_palette->draggedKey(source);
     const PaletteEntry* entry = paletteEntryOf(key);
     if (!entry) return;
@@ -70,11 +68,14 @@ void frmInterface::pic_DragDrop(Page*, const QObject* source, float x, float y) 
         const IniFile library = IniFile::load(LibraryPath);
         list = customList(library, entry->kind, customNumber(library, entry->kind, key));
     }
-    placeNew(entry->kind, x, y, list);
+    const PlacedBox corner = movedBox({x, y, 0, 0}, {}, {}, roomOf(*page), snapGrid());
+    placeNew(entry->kind, corner.left, corner.top, list);
 }
 
 void frmInterface::connectEditing(Instrument* added) {
-    connect(added, &Instrument::dragBegun, this, [this, added] { beginDrag(added); });
+    connect(added, &Instrument::dragBegun, this, [this, added](float startX, float startY) {
+        beginDrag(added, {startX, startY});
+    });
     connect(added, &Instrument::dragCancelled, this, [this, added] { cancelDrag(added); });
     const auto move = [this, added](float startX, float startY, float x, float y) {
         moveInstrument(added, {startX, startY}, {x, y});
@@ -100,8 +101,8 @@ void frmInterface::connectEditing(Instrument* added) {
             [this, added](QObject* source) { takeDrop(added, source); });
 }
 
-void frmInterface::beginDrag(Instrument* dragged) {
-    m_drag = {dragged, boxOf(*dragged), ProfileChanged};
+void frmInterface::beginDrag(Instrument* dragged, TwipsPoint press) {
+    m_drag = {dragged, boxOf(*dragged), press, ProfileChanged};
 }
 
 void frmInterface::cancelDrag(Instrument* dragged) {
@@ -116,7 +117,7 @@ void frmInterface::endDrag() {
 }
 
 void frmInterface::moveInstrument(Instrument* moved, TwipsPoint start, TwipsPoint mouse) {
-    const PlacedBox box = movedBox(boxOf(*moved), start, mouse, screenSize(), snapGrid());
+    const PlacedBox box = movedBox(boxOf(*moved), start, mouse, roomOf(*moved->parentWidget()), snapGrid());
     moved->moveTwips(box.left, box.top);
     ProfileChanged = true;
 }
@@ -125,14 +126,17 @@ void frmInterface::moveInstrument(Instrument* moved, TwipsPoint start, TwipsPoin
 /// it, also after the box has turned over or come down to its least size.
 void frmInterface::sizeInstrument(Instrument* sized, std::uint8_t handle, TwipsPoint mouse) {
     const PlacedBox now = boxOf(*sized);
-    const PlacedBox from = m_drag.instrument == sized ? m_drag.box : now;
+    const bool dragged = m_drag.instrument == sized;
+    const PlacedBox from = dragged ? m_drag.box : now;
+    const TwipsPoint press = dragged ? m_drag.press : handleCorner(now, handle);
     const TwipsPoint onStart = {mouse.x + now.left - from.left, mouse.y + now.top - from.top};
-    place(*sized, sizedBox(from, handle, onStart, snapGrid()));
+    place(*sized, sizedBox(from, handle, press, onStart, roomOf(*sized->parentWidget()), snapGrid()));
     ProfileChanged = true;
 }
 
 void frmInterface::stepInstrument(Instrument* moved, int columns, int rows, bool fine) {
-    const PlacedBox box = steppedBox(boxOf(*moved), columns, rows, fine, screenSize(), snapGrid());
+    const PlacedBox box =
+        steppedBox(boxOf(*moved), columns, rows, fine, roomOf(*moved->parentWidget()), snapGrid());
     moved->moveTwips(box.left, box.top);
     ProfileChanged = true;
 }

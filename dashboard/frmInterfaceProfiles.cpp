@@ -1,10 +1,11 @@
 // The open profile: new, open, save, save as, and the layout's way into a file and out of one.
 #include "dashboard/Hourglass.h"
-#include "dashboard/ProfileFile.h"
+#include "dashboard/ProfileReading.h"
 #include "dashboard/Recovery.h"
 #include "dashboard/frmInterface.h"
 #include "instruments/Instrument.h"
 #include "platform/Events.h"
+#include "platform/Notices.h"
 #include "platform/Twips.h"
 #include "platform/WholeFile.h"
 #include "variables/GlobalVarsAndTypes.h"
@@ -12,13 +13,26 @@
 #include <QScopedValueRollback>
 
 namespace vistor {
+namespace {
+
+/// Tells a person what is wrong with a file. False when there is nothing to load.
+bool isThere(const QString& path, const ProfileReading& reading) {
+    if (!reading.problem.isEmpty())
+        notify(QStringLiteral("%1 was not loaded: %2. Nothing has changed.").arg(path, reading.problem));
+    else if (!reading.profile.damage.isEmpty())
+        notify(QStringLiteral("%1 is damaged: %2. What is good is shown; saving asks for a name, so that the "
+                              "file stays as it is.")
+                   .arg(path, reading.profile.damage));
+    return reading.problem.isEmpty();
+}
+
+} // namespace
 
 bool frmInterface::askToSave() {
     if (m_loadingProfile) return false; // nobody could save half of it
     const Answer answer =
         MsgBox(QStringLiteral("Do you want to save changes ?"), Icon::Question, Buttons::YesNoCancel);
-    if (answer == Answer::Yes) mnuSaveConfig_Click();
-    return answer != Answer::Cancel;
+    return answer == Answer::Yes ? save() : answer == Answer::No;
 }
 
 void frmInterface::mnuNew_Click() {
@@ -31,45 +45,65 @@ void frmInterface::mnuNew_Click() {
 }
 
 void frmInterface::mnuLoadConfig_Click() {
-    loadAskingFirst([this] { LoadVis(); });
+    if (m_loadingProfile) return;
+    if (instruments.placedCount() == 0) return LoadVis();
+    // The file first: without one that can be read, what stands must not be cleared.
+    loadAskingFirst([this](bool clear) {
+        if (const auto path = askForLoad()) ProfileChanged |= openProfile(*path, clear);
+    });
 }
 
 void frmInterface::LoadVis() {
-    m_fileDialog.extension = QStringLiteral("vis");
-    const auto path = askForFile(OpenFile, "Load Profile...");
-    HasProfilePath = path.has_value();
-    if (!path) return setWindowTitle(QStringLiteral("Untitled"));
-    openProfile(*path);
-}
-
-void frmInterface::openProfile(const QString& path) {
-    loadLastFile(path);
-    if (HasProfilePath) ProfileChanged = true;
+    const auto path = askForLoad();
+    if (path) {
+        ProfileChanged |= openProfile(*path, false);
+    } else {
+        HasProfilePath = false;
+        setWindowTitle(QStringLiteral("Untitled"));
+    }
 }
 
 void frmInterface::loadLastFile(const QString& path) {
+    openProfile(path, false);
+}
+
+bool frmInterface::openProfile(const QString& path, bool clear) {
+    const ProfileReading reading = readProfileFile(path);
+    if (!isThere(path, reading)) return false;
+    keepLayout(RecoveryReason::LoadOver);
+    if (clear) mnuNew_Click();
+    const bool wasEmpty = isLayoutEmpty();
     HasProfilePath = true;
     ProfilePath = path;
-    const bool wasEmpty = isLayoutEmpty();
-    LoadProfileFile(path);
-    if (!HasProfilePath) return; // an event in the middle began a new one
-    setWindowTitle(path);
-    if (wasEmpty) layoutSaved();
+    takeProfile(reading.profile);
+    if (!HasProfilePath) return false; // an event in the middle began a new one
+    HasProfilePath = reading.profile.damage.isEmpty();
+    setWindowTitle(HasProfilePath ? path : QStringLiteral("Untitled"));
+    if (wasEmpty && HasProfilePath) layoutSaved();
     Q_EMIT profileOpened(path);
+    return true;
 }
 
 void frmInterface::mnuSaveConfig_Click() {
-    if (m_loadingProfile) return; // half of what is being loaded is no profile
-    if (!HasProfilePath) ProfilePath = askForFile(SaveFile, "Save Profile...").value_or(QString());
-    saveProfile(ProfilePath);
+    save();
+}
+
+bool frmInterface::save() {
+    if (m_loadingProfile) return false; // half of what is being loaded is no profile
+    if (HasProfilePath) return saveProfile(ProfilePath);
+    const auto path = askForFile(SaveFile, "Save Profile...");
+    if (!path) ProfilePath.clear();
+    return path && saveProfile(*path);
 }
 
 void frmInterface::mnuSaveAs_Click() {
     if (m_loadingProfile) return;
-    const auto path = askForFile(SaveFile, "Save Profile As...");
-    if (!path || path->isEmpty()) return;
-    ProfilePath = *path;
-    saveProfile(*path);
+    if (const auto path = askForFile(SaveFile, "Save Profile As...")) saveProfile(*path);
+}
+
+std::optional<QString> frmInterface::askForLoad() {
+    m_fileDialog.extension = QStringLiteral("vis");
+    return askForFile(OpenFile, "Load Profile...");
 }
 
 /// One dialog for all: the default extension that opening sets stays for saving.
@@ -80,20 +114,27 @@ std::optional<QString> frmInterface::askForFile(std::optional<QString> (*ask)(co
     return ask(m_fileDialog);
 }
 
-/// A file that cannot be written is passed over; then the old one stands.
-void frmInterface::saveProfile(const QString& path) {
-    if (path.isEmpty()) return;
+bool frmInterface::saveProfile(const QString& path) {
+    if (path.isEmpty()) return false;
     const Hourglass hourglass;
     IniFile file;
     const Profile profile = currentProfile();
     WriteProfileLayout(profile, file);
     WriteProfileInstruments(profile, file);
-    writeWholeFile(path, file.toBytes());
+    const QString problem = writeWholeFile(path, file.toBytes());
+    if (!problem.isEmpty()) {
+        notify(QStringLiteral("The layout could not be saved to %1: %2. It is still unsaved; save it under "
+                              "another name or in another folder.")
+                   .arg(path, problem));
+        return false;
+    }
     HasProfilePath = true;
+    ProfilePath = path;
     setWindowTitle(path);
     ProfileChanged = false;
     layoutSaved();
     Q_EMIT profileOpened(path);
+    return true;
 }
 
 /// What is sized when the dashboard's size is asked for: its frame inside the main window.
@@ -103,8 +144,9 @@ QWidget& frmInterface::outerWindow() {
 
 Profile frmInterface::currentProfile() {
     Profile profile;
-    profile.width = toTwips(outerWindow().width());
-    profile.height = toTwips(outerWindow().height());
+    const QSize size = outerWindow().isMinimized() ? m_outerSize : outerWindow().size();
+    profile.width = toTwips(size.width());
+    profile.height = toTwips(size.height());
     profile.captions = mainTab->captions();
     profile.port = DataSourceDescriptor;
     for (const InstrumentElement& element : instruments.all()) {
@@ -124,12 +166,12 @@ Profile frmInterface::currentProfile() {
 }
 
 void frmInterface::LoadProfileFile(const QString& path) {
-    const Hourglass hourglass;
-    placeProfile(readProfile(IniFile::load(path)));
+    const ProfileReading reading = readProfileFile(path);
+    if (isThere(path, reading)) takeProfile(reading.profile);
 }
 
-/// On top of what stands.
-void frmInterface::placeProfile(const Profile& profile) {
+void frmInterface::takeProfile(const Profile& profile) {
+    const Hourglass hourglass;
     const QScopedValueRollback loading(m_loadingProfile, true);
     takeSize(profile);
     takeCaptions(profile.captions);
@@ -141,9 +183,10 @@ void frmInterface::placeProfile(const Profile& profile) {
 
 void frmInterface::takeSize(const Profile& profile) {
     QWidget& outer = outerWindow();
-    if (outer.isMaximized()) return;
-    outer.resize(profile.width ? toPixels(*profile.width) : outer.width(),
-                 profile.height ? toPixels(*profile.height) : outer.height());
+    if (outer.isMaximized() || outer.isMinimized()) return;
+    const QSize wanted(profile.width ? toPixels(*profile.width) : outer.width(),
+                       profile.height ? toPixels(*profile.height) : outer.height());
+    outer.resize(wanted.expandedTo(outer.minimumSizeHint())); // a frame has no other limit
 }
 
 void frmInterface::takeCaptions(const QStringList& captions) {

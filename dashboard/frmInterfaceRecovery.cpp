@@ -1,5 +1,4 @@
 // The dashboard's work is kept before it goes, and comes back.
-#include "dashboard/Hourglass.h"
 #include "dashboard/ProfileFile.h"
 #include "dashboard/RecoveryKeeper.h"
 #include "dashboard/frmInterface.h"
@@ -129,41 +128,36 @@ void frmInterface::storeForEnd() {
     keepLayout(RecoveryReason::Ended);
 }
 
-void frmInterface::loadAskingFirst(const std::function<void()>& load) {
+void frmInterface::loadAskingFirst(const std::function<void(bool clear)>& load) {
     if (m_loadingProfile) return;
-    if (instruments.placedCount() == 0) {
-        keepLayout(RecoveryReason::LoadOver);
-        return load();
-    }
+    if (instruments.placedCount() == 0) return load(false);
     frmLoadOptions options(this);
     if (options.exec() != QDialog::Accepted) return;
     const LoadChoice& choice = options.choice();
-    if (choice.save) mnuSaveConfig_Click();
-    if (choice.load) keepLayout(RecoveryReason::LoadOver);
-    if (choice.clear) mnuNew_Click();
-    if (choice.load) load();
+    if (choice.load && (!choice.save || save())) load(choice.clear);
 }
 
 void frmInterface::openRecent(const QString& path) {
-    loadAskingFirst([&] { openProfile(path); });
+    loadAskingFirst([&](bool clear) { ProfileChanged |= openProfile(path, clear); });
 }
 
 void frmInterface::openRecovered(const RecoveryCopy& copy) {
     const FileBytes file = readRecovery(recoveryFolder(), copy);
     if (!file.problem.isEmpty()) return tellUnreadable(file.problem);
     const IniFile document = IniFile::parse({file.bytes.constData(), std::size_t(file.bytes.size())});
-    loadAskingFirst([&] { loadRecovered(copy, document); });
+    loadAskingFirst([&](bool clear) { loadRecovered(copy, document, clear); });
 }
 
 /// Nobody's file: the next save asks for a name.
-void frmInterface::loadRecovered(const RecoveryCopy& copy, const IniFile& document) {
+void frmInterface::loadRecovered(const RecoveryCopy& copy, const IniFile& document, bool clear) {
+    keepLayout(RecoveryReason::LoadOver);
+    if (clear) mnuNew_Click();
     const bool wasEmpty = isLayoutEmpty();
     HasProfilePath = false;
     ProfilePath.clear();
     setWindowTitle(QStringLiteral("Untitled"));
-    const Hourglass hourglass;
     const int clearings = m_clearings;
-    placeProfile(readProfile(document));
+    takeProfile(readProfile(document));
     if (clearings != m_clearings) return; // an event in the middle began a new one
     ProfileChanged = true;
     if (m_recovery && wasEmpty) m_recovery->recovered(copy, layoutHash());

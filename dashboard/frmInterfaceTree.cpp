@@ -45,20 +45,21 @@ constexpr LineDialog kLineDialogs[] = {
 };
 
 /// Hands a copy of the row to the window, since events run while it is open.
-std::optional<LineEdit> editByDialog(const LineDialog& dialog, const LineTarget& target, QWidget* parent) {
-    if (!hasEditRow(target.row)) return std::nullopt;
-    const auto place = static_cast<std::size_t>(target.row);
+std::optional<LineEdit> editByDialog(const LineDialog& dialog, int row, QWidget* parent) {
+    if (!hasEditRow(row)) return std::nullopt;
+    const auto place = static_cast<std::size_t>(row);
     VariableDefinition draft = VariableTableEdit[place];
-    if (!dialog.open(draft, target.row, parent) || !hasEditRow(target.row)) return std::nullopt;
+    if (!dialog.open(draft, row, parent) || !hasEditRow(row)) return std::nullopt;
     const bool changed = draft != VariableTableEdit[place];
     VariableTableEdit[place] = std::move(draft);
-    return LineEdit{changed, lineText(target.kind, VariableTableEdit[place])};
+    return LineEdit{changed, lineText(dialog.kind, VariableTableEdit[place])};
 }
 
-std::optional<LineEdit> edit(const LineTarget& target, QWidget* parent) {
+std::optional<LineEdit> edit(const TreeLine& line, QWidget* parent) {
     const auto* dialog = std::find_if(std::begin(kLineDialogs), std::end(kLineDialogs),
-                                      [&](const LineDialog& d) { return d.kind == target.kind; });
-    return dialog == std::end(kLineDialogs) ? editByPrompt(target) : editByDialog(*dialog, target, parent);
+                                      [&](const LineDialog& d) { return d.kind == line.kind; });
+    return dialog == std::end(kLineDialogs) ? editByPrompt(line.kind, line.row)
+                                            : editByDialog(*dialog, line.row, parent);
 }
 
 } // namespace
@@ -104,11 +105,11 @@ void frmInterface::takeVariableTable() {
     RegenerateVariableTree();
 }
 
-void frmInterface::editLine(const QString& key) {
+void frmInterface::editLine(const TreeLine& line) {
     if (PlayMode) return;
-    const auto result = edit(targetOf(key), this);
+    const auto result = edit(line, this);
     if (!result) return;
-    if (!result->text.isEmpty()) VarTree->setLineText(key, result->text);
+    if (!result->text.isEmpty()) VarTree->setLineText(line.key, result->text);
     if (!result->changed) return;
     commitVariableEdits();
     RegenerateVariableTree();

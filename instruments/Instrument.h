@@ -106,8 +106,9 @@ Q_SIGNALS:
     void SnapshotBegin();
     void SnapshotEnd();
 
-    /// A drag of the instrument or of a handle begins, or was given up.
-    void dragBegun();
+    /// A drag of the instrument or of a handle begins, pressed at this place in its own twips, or was given
+    /// up. A press that lets go again where it was is no drag and says nothing.
+    void dragBegun(float startX, float startY);
     void dragCancelled();
     /// An arrow key: -1 to 1 columns and rows; `fine` asks for a pixel instead of a grid step.
     void stepWanted(int columns, int rows, bool fine);
@@ -154,6 +155,9 @@ private:
     void paintMark(QPainter& painter) const;
     QPointF twipsAt(const QMouseEvent& event) const;
     bool takeKey(const QKeyEvent& event);
+    bool isHeld() const { return m_dragging || m_sizing; }
+    bool dragsTo(const QMouseEvent& event);
+    void letGo();
     void giveUpDrag();
     void showDropTarget(bool shown);
     void saveSnapshot(const QString& fileName);
@@ -170,6 +174,8 @@ private:
     std::uint8_t m_activeHandle = 0;
     bool m_dragging = false;
     bool m_sizing = false;
+    bool m_moved = false; ///< the press has become a drag
+    QPoint m_pressedAt;   ///< on the screen, in pixels
     bool m_tagOn = false;
     bool m_framePainted = false;
     bool m_dropTarget = false;

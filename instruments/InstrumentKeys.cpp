@@ -73,7 +73,7 @@ void Instrument::keyPressEvent(QKeyEvent* event) {
 }
 
 bool Instrument::takeKey(const QKeyEvent& event) {
-    if (m_dragging || m_sizing) {
+    if (isHeld()) {
         if (event.key() == Qt::Key_Escape) giveUpDrag();
         return true; // the others wait for the end of the drag
     }
@@ -94,9 +94,8 @@ bool Instrument::takeKey(const QKeyEvent& event) {
 }
 
 void Instrument::giveUpDrag() {
-    m_dragging = m_sizing = false;
-    setCursor(Qt::ArrowCursor);
-    Q_EMIT dragCancelled();
+    letGo();
+    if (m_moved) Q_EMIT dragCancelled();
 }
 
 void Instrument::focusInEvent(QFocusEvent*) {
@@ -104,7 +103,9 @@ void Instrument::focusInEvent(QFocusEvent*) {
     Q_EMIT focused();
 }
 
+/// Another window, another page or a menu has come in front: the end of a drag would not be heard.
 void Instrument::focusOutEvent(QFocusEvent*) {
+    if (isHeld()) letGo();
     update();
 }
 

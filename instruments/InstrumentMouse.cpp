@@ -13,6 +13,7 @@ namespace {
 
 const QColor kHatchColour(0xA0, 0xA6, 0xB0);
 constexpr int kMarkWidth = 2; ///< pixels
+constexpr int kDragSlack = 3; ///< pixels that a hand moves in a click
 
 float twips(double pixels) {
     return static_cast<float>(pixels * kTwipsPerPixel);
@@ -109,12 +110,31 @@ void Instrument::mousePressEvent(QMouseEvent* event) {
     const QPointF start = twipsAt(*event);
     m_dragStartX = static_cast<float>(start.x());
     m_dragStartY = static_cast<float>(start.y());
-    Q_EMIT dragBegun();
+    m_pressedAt = event->globalPosition().toPoint();
+    m_moved = false;
+}
+
+/// Whether the mouse has gone further than a click does; from there on it counts from the press.
+bool Instrument::dragsTo(const QMouseEvent& event) {
+    const int distance = (event.globalPosition().toPoint() - m_pressedAt).manhattanLength();
+    if (m_moved || distance <= kDragSlack) return m_moved;
+    m_moved = true;
+    Q_EMIT dragBegun(m_dragStartX, m_dragStartY);
+    return true;
+}
+
+/// Ends a drag where it is.
+void Instrument::letGo() {
+    m_dragging = m_sizing = false;
+    setCursor(Qt::ArrowCursor);
 }
 
 void Instrument::mouseMoveEvent(QMouseEvent* event) {
     event->accept();
     if (PlayMode) return setCursor(Qt::ArrowCursor);
+    // The button went up elsewhere, over a window that came up in the middle.
+    if (isHeld() && !event->buttons().testFlag(Qt::LeftButton)) letGo();
+    if (isHeld() && !dragsTo(*event)) return;
     const QPointF place = twipsAt(*event);
     const auto x = static_cast<float>(place.x());
     const auto y = static_cast<float>(place.y());
@@ -131,6 +151,7 @@ void Instrument::mouseMoveEvent(QMouseEvent* event) {
 void Instrument::mouseReleaseEvent(QMouseEvent* event) {
     event->accept();
     if (PlayMode || event->button() != Qt::LeftButton) return;
+    if (isHeld() && !dragsTo(*event)) return letGo();
     const QPointF place = twipsAt(*event);
     const auto x = static_cast<float>(place.x());
     const auto y = static_cast<float>(place.y());

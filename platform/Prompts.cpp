@@ -9,15 +9,7 @@ class NobodyThere final : public Prompter {
 public:
     Answer message(const MessageRequest& request) override {
         std::fprintf(stderr, "%s\n", qPrintable(request.text));
-        switch (request.buttons) {
-        case Buttons::YesNo:
-            return Answer::No;
-        case Buttons::YesNoCancel:
-            return Answer::Cancel;
-        case Buttons::Ok:
-            break;
-        }
-        return Answer::Ok;
+        return unanswered(request.buttons);
     }
     std::optional<QString> input(const InputRequest&) override { return std::nullopt; }
     std::optional<QString> openFile(const FileRequest&) override { return std::nullopt; }
@@ -34,6 +26,18 @@ Prompter& prompter() {
 }
 
 } // namespace
+
+Answer unanswered(Buttons buttons) {
+    switch (buttons) {
+    case Buttons::YesNo:
+        return Answer::No;
+    case Buttons::YesNoCancel:
+        return Answer::Cancel;
+    case Buttons::Ok:
+        break;
+    }
+    return Answer::Ok;
+}
 
 Prompter* setPrompter(Prompter* other) {
     Prompter* before = current;

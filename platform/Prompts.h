@@ -20,6 +20,10 @@ struct MessageRequest {
     QString title; ///< empty: the application's name
 };
 
+/// What a box says that went away without a button pressed: Cancel, or No where there is no Cancel, or Ok
+/// where there is nothing else.
+Answer unanswered(Buttons buttons);
+
 struct InputRequest {
     QString text;
     QString title;

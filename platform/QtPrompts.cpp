@@ -64,16 +64,15 @@ QMessageBox::StandardButtons toolkitButtons(Buttons buttons) {
     return QMessageBox::Ok;
 }
 
-Answer answerOf(int button) {
-    switch (button) {
+/// By the button that was pressed, not by the box's result: a box can go without any.
+Answer answerOf(const QMessageBox& box, Buttons buttons) {
+    switch (box.standardButton(box.clickedButton())) {
     case QMessageBox::Yes:
         return Answer::Yes;
     case QMessageBox::No:
         return Answer::No;
-    case QMessageBox::Cancel:
-        return Answer::Cancel;
     default:
-        return Answer::Ok;
+        return unanswered(buttons);
     }
 }
 
@@ -135,7 +134,8 @@ public:
     }
 
     bool eventFilter(QObject* object, QEvent* event) override {
-        if (object == m_main && event->type() == QEvent::Hide) m_box.reject();
+        // A spontaneous one tells that the window was minimised, and the question with it: it still stands.
+        if (object == m_main && event->type() == QEvent::Hide && !event->spontaneous()) m_box.reject();
         if (newest != this || !isInput(event->type()) || QApplication::activeModalWidget()) return false;
         // Commands get their keys as events of their own; other input comes to widgets in the end.
         if (!object->isWidgetType())
@@ -167,7 +167,10 @@ QString toolkitFilter(const QString& filter) {
     QStringList entries;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         const QString words = parts[i].left(parts[i].indexOf(u'(')).trimmed();
-        entries += words + QStringLiteral(" (") + QString(parts[i + 1]).replace(u';', u' ') + u')';
+        QStringList patterns = parts[i + 1].split(u';');
+        for (QString& pattern : patterns)
+            if (pattern.trimmed() == QLatin1String("*.*")) pattern = QStringLiteral("*");
+        entries += words + QStringLiteral(" (") + patterns.join(u' ') + u')';
     }
     return entries.join(QStringLiteral(";;"));
 }
@@ -183,7 +186,7 @@ bool QtPrompts::toldBesideDialog(const MessageRequest& request) {
 }
 
 Answer QtPrompts::message(const MessageRequest& request) {
-    if (m_windowClosed) return Answer::Cancel;
+    if (m_windowClosed) return unanswered(request.buttons);
     if (toldBesideDialog(request)) return Answer::Ok;
     const Arrow arrow;
     QMessageBox box(toolkitIcon(request.icon),
@@ -191,9 +194,11 @@ Answer QtPrompts::message(const MessageRequest& request) {
                     toolkitButtons(request.buttons), parentWindow());
     box.setTextFormat(Qt::PlainText);
     QWidget* main = mainWindow();
-    if (!main || QApplication::activeModalWidget()) return answerOf(box.exec());
-    m_windowClosed = !MessageGate(box, *main).run();
-    return m_windowClosed ? Answer::Cancel : answerOf(box.standardButton(box.clickedButton()));
+    if (!main || QApplication::activeModalWidget())
+        box.exec();
+    else
+        m_windowClosed = !MessageGate(box, *main).run();
+    return m_windowClosed ? unanswered(request.buttons) : answerOf(box, request.buttons);
 }
 
 std::optional<QString> QtPrompts::input(const InputRequest& request) {

@@ -36,7 +36,8 @@ private:
 };
 
 /// A filter in the toolkit's form: "words (pattern);;words (pattern)" from "words|pattern|words|pattern".
-/// Words that tell their pattern already do not get it twice.
+/// Words that tell their pattern already do not get it twice. "*.*" means every file, also one without an
+/// ending.
 QString toolkitFilter(const QString& filter);
 
 } // namespace vistor

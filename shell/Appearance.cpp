@@ -50,8 +50,8 @@ QPalette ownPalette() {
 
 } // namespace
 
-void applyAppearance() {
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+void applyAppearance(bool ownStyle) {
+    if (ownStyle) QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(ownPalette());
     QApplication::setWindowIcon(picture("mark"));
 }

@@ -4,7 +4,7 @@
 
 namespace vistor {
 
-/// Once, when the application object stands.
-void applyAppearance();
+/// Once, when the application object stands. The style is left alone where a person has chosen one.
+void applyAppearance(bool ownStyle);
 
 } // namespace vistor

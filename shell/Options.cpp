@@ -3,10 +3,47 @@
 #include <QCommandLineParser>
 #include <QFileInfo>
 
+#include <algorithm>
+#include <iterator>
+
 namespace vistor {
 namespace {
 
 constexpr double kLongestRun = 1e6; ///< s, nearly twelve days
+
+/// Options that every program of the toolkit has, behind one "-" or two.
+struct ToolkitOption {
+    const char* name;
+    bool takesValue; ///< as the next word, or behind "="
+};
+constexpr ToolkitOption kToolkitOptions[] = {
+    {"platform", true}, {"platformpluginpath", true}, {"platformtheme", true}, {"plugin", true},
+    {"style", true},    {"stylesheet", true},         {"widgetcount", false},  {"reverse", false},
+    {"session", true},  {"qwindowgeometry", true},    {"qwindowicon", true},   {"qwindowtitle", true},
+    {"display", true},  {"geometry", true},           {"qmljsdebugger", true},
+};
+
+const ToolkitOption* toolkitOption(const QString& word) {
+    const qsizetype dashes = word.startsWith(QLatin1String("--")) ? 2 : word.startsWith(u'-') ? 1 : 0;
+    const QString name = word.mid(dashes).section(u'=', 0, 0);
+    const auto* found = std::find_if(std::begin(kToolkitOptions), std::end(kToolkitOptions),
+                                     [&](const ToolkitOption& o) { return name == QLatin1String(o.name); });
+    return dashes == 0 || found == std::end(kToolkitOptions) ? nullptr : found;
+}
+
+/// The words without those of the toolkit, which takes its own out only when it has a screen.
+QStringList ownWords(const QStringList& words, Options& options) {
+    QStringList own;
+    for (qsizetype i = 0; i < words.size(); ++i) {
+        const ToolkitOption* option = i > 0 ? toolkitOption(words[i]) : nullptr;
+        if (!option)
+            own << words[i];
+        else if (option->takesValue && !words[i].contains(u'='))
+            ++i;
+        if (option && QLatin1String(option->name) == QLatin1String("style")) options.styleChosen = true;
+    }
+    return own;
+}
 
 void addOptions(QCommandLineParser& parser) {
     parser.setApplicationDescription(
@@ -65,7 +102,7 @@ Options readOptions(const QStringList& words) {
     QCommandLineParser parser;
     addOptions(parser);
     Options options;
-    if (!parser.parse(words)) {
+    if (!parser.parse(ownWords(words, options))) {
         options.problem = parser.errorText();
         return options;
     }

@@ -32,6 +32,7 @@ namespace vistor {
 namespace {
 
 constexpr qint64 kLargestIcon = 16 << 20; ///< bytes
+constexpr QSize kRestoredSize(1000, 560); ///< of the dashboard's window where it is not maximised
 
 bool isYes(const char* question) {
     return MsgBox(QLatin1String(question), Icon::Notice, Buttons::YesNo) == Answer::Yes;
@@ -123,6 +124,7 @@ bool frmMain::MDIForm_Load(const QString& profile) {
 
 void frmMain::showDashboard() {
     m_dashboard->Form_Load();
+    m_dashboard->parentWidget()->resize(kRestoredSize);
     m_dashboard->parentWidget()->showMaximized();
     m_dashboard->ArrangeSplitter();
     showStatus();

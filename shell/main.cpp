@@ -5,12 +5,15 @@
 #include "platform/Notices.h"
 #include "platform/QtPlainTexts.h"
 #include "platform/QtPrompts.h"
+#include "platform/WholeFile.h"
 #include "shell/Appearance.h"
 #include "shell/Options.h"
 #include "shell/frmMain.h"
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QApplication>
+#include <QBuffer>
+#include <QFileInfo>
 #include <QScreen>
 
 #include <cstdio>
@@ -31,8 +34,18 @@ void sizeWindow(frmMain& window) {
         window.setWindowState(Qt::WindowMaximized);
 }
 
+/// Whether all that was asked for on the command line came about.
+bool allDone = true;
+
 void saveScreenshot(frmMain& window, const QString& path) {
-    if (!window.grab().save(path)) std::fprintf(stderr, "%s: cannot be written\n", qPrintable(path));
+    QBuffer bytes;
+    const QByteArray form = QFileInfo(path).suffix().toLatin1();
+    const QString problem = window.grab().save(&bytes, form.constData())
+                                ? writeWholeFile(path, bytes.data())
+                                : QStringLiteral("its ending is that of no kind of picture, as .png is");
+    if (problem.isEmpty()) return;
+    allDone = false;
+    std::fprintf(stderr, "%s was not written: %s\n", qPrintable(path), qPrintable(problem));
 }
 
 /// The end of an unattended run: picture, values, and out, whatever is still open.
@@ -42,7 +55,7 @@ void finish(frmMain& window, const Options& options) {
     if (!values.isEmpty()) std::printf("%s\n", qPrintable(values));
     window.dashboard().ProfileChanged = false;
     window.close();
-    QCoreApplication::exit(0);
+    QCoreApplication::exit(allDone ? 0 : 1);
 }
 
 void schedule(frmMain& window, const Options& options) {
@@ -72,7 +85,7 @@ int run(const Options& options) {
     schedule(window, options);
     const int result = QApplication::exec();
     setPrompter(nullptr);
-    return result;
+    return allDone ? result : 1;
 }
 
 } // namespace
@@ -92,6 +105,6 @@ int main(int argc, char** argv) {
     }
     const QApplication application(argc, argv);
     keepTextsPlain();
-    applyAppearance();
+    applyAppearance(!options.styleChosen);
     return run(options);
 }

@@ -37,7 +37,7 @@ public:
         messages.push_back(request);
         m_words += request.text;
         if (request.buttons == Buttons::Ok) return Answer::Ok;
-        return next(answers, request.buttons == Buttons::YesNo ? Answer::No : Answer::Cancel);
+        return next(answers, unanswered(request.buttons));
     }
     std::optional<QString> input(const InputRequest& request) override {
         inputRequests.push_back(request);

@@ -4,8 +4,6 @@
 #include "platform/Prompts.h"
 #include "variables/SetupVariables.h"
 
-#include <QStringList>
-
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -72,23 +70,16 @@ std::optional<LineEdit> editDraft(LineKind kind, VariableDefinition& draft) {
 
 } // namespace
 
-LineTarget targetOf(const QString& key) {
-    const QStringList fields = key.split(u'#');
-    const LineKind kind = kindOfKeyword(fields.value(1));
-    if (kind == LineKind::Group) return {};
-    return {kind, FindVariableByBaseName(fields.value(2))};
-}
-
 bool hasEditRow(int row) {
     return row >= 0 && static_cast<std::size_t>(row) < VariableTableEdit.size();
 }
 
-std::optional<LineEdit> editByPrompt(const LineTarget& target) {
-    if (!hasEditRow(target.row)) return std::nullopt;
-    const auto place = static_cast<std::size_t>(target.row);
+std::optional<LineEdit> editByPrompt(LineKind kind, int row) {
+    if (!hasEditRow(row)) return std::nullopt;
+    const auto place = static_cast<std::size_t>(row);
     VariableDefinition draft = VariableTableEdit[place]; // events run while the person thinks
-    const auto edit = editDraft(target.kind, draft);
-    if (!edit || !hasEditRow(target.row)) return std::nullopt;
+    const auto edit = editDraft(kind, draft);
+    if (!edit || !hasEditRow(row)) return std::nullopt;
     VariableTableEdit[place] = std::move(draft);
     return edit;
 }

@@ -164,11 +164,9 @@ QString lineText(LineKind kind, const VariableDefinition& row) {
     return {};
 }
 
-LineKind kindOfKeyword(QStringView keyword) {
-    const auto* form = std::find_if(std::begin(kBlock), std::end(kBlock), [=](const LineForm& candidate) {
-        return candidate.keyword && keyword == QLatin1String(candidate.keyword);
-    });
-    return form == std::end(kBlock) ? LineKind::Group : form->kind;
+bool hasSettings(LineKind kind) {
+    return std::any_of(std::begin(kBlock), std::end(kBlock),
+                       [=](const LineForm& form) { return form.kind == kind && form.keyword != nullptr; });
 }
 
 QString unitText(const VariableDefinition& row) {

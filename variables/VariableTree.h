@@ -44,8 +44,8 @@ std::vector<TreeLine> variableTreeLines(std::span<const VariableDefinition> tabl
 /// What a line of that kind says about a row.
 QString lineText(LineKind kind, const VariableDefinition& row);
 
-/// The kind whose settings keyword this is; Group for what is none.
-LineKind kindOfKeyword(QStringView keyword);
+/// Whether a line of that kind has something to edit.
+bool hasSettings(LineKind kind);
 
 /// The short label of the unit in which a row's values come.
 QString unitText(const VariableDefinition& row);

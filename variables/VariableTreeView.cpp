@@ -1,7 +1,6 @@
 #include "variables/VariableTreeView.h"
 
 #include "variables/VariableDrag.h"
-#include "variables/VariableEdits.h"
 #include "variables/VariableFilter.h"
 
 #include <QDrag>
@@ -176,10 +175,10 @@ void VariableTreeView::activate(QTreeWidgetItem* item) {
         if (above->isHidden()) return; // the filter leaves the current line where it is
     }
     touch(item);
-    if (targetOf(line->key).kind == LineKind::Group)
+    if (!hasSettings(line->kind))
         item->setExpanded(!item->isExpanded());
     else
-        Q_EMIT lineActivated(QString(line->key)); // the line may be gone before the edit ends
+        Q_EMIT lineActivated(TreeLine(*line)); // the line may be gone before the edit ends
 }
 
 void VariableTreeView::touch(QTreeWidgetItem* item) {

@@ -39,7 +39,7 @@ public:
 
 Q_SIGNALS:
     /// A line that has something to edit was double-clicked, or Enter pressed on it.
-    void lineActivated(const QString& key);
+    void lineActivated(const TreeLine& line);
     /// A person selected, pressed or began to drag a line of this variable.
     void variableTouched(const QString& physicalName);
 

@@ -207,9 +207,9 @@ TEST(DecodeStream, EditModeInTheFirstMessageEndsIt) {
 
 TEST(DecodeStream, JunkIsGoneThroughInSlices) {
     constexpr std::size_t kLong = 8'000'000;
-    for (const std::uint8_t junk : {0x55, 0x7E, 0x00, 0x7D}) {
+    for (const int junk : {0x55, 0x7E, 0x00, 0x7D}) {
         makeTable();
-        StreamBytes.assign(kLong, junk);
+        StreamBytes.assign(kLong, static_cast<std::uint8_t>(junk));
         addTime(StreamBytes, 12);
         StreamBytes.push_back(0); // as behind every read
         StreamPos = 0;

@@ -115,19 +115,22 @@ TEST_F(FrmInterfaceTest, CloseAsksOnlyAboutChanges) {
     struct Case {
         bool changed;
         Answer answer;
+        std::optional<QString> file; ///< to which it is saved
         bool closes;
     };
     const Case cases[] = {
-        {false, Answer::Cancel, true},
-        {true, Answer::Cancel, false},
-        {true, Answer::No, true},
-        {true, Answer::Yes, true},
+        {false, Answer::Cancel, {}, true},
+        {true, Answer::Cancel, {}, false},
+        {true, Answer::No, {}, true},
+        {true, Answer::Yes, {}, false},
+        {true, Answer::Yes, folder.filePath("a.vis"), true},
     };
     for (const Case& c : cases) {
         QFile::remove(SettingsPath);
         window.Form_Load();
         window.ProfileChanged = c.changed;
         prompts.answers = {c.answer};
+        prompts.files = {c.file};
         EXPECT_EQ(window.Form_Unload(), c.closes);
         EXPECT_EQ(prompts.takeWords().value(0),
                   c.changed ? QString("Do you want to save changes ?") : QString());
@@ -314,11 +317,15 @@ TEST_F(FrmInterfaceTest, RightClicksWantTheirMenus) {
     QTest::mouseClick(strip, Qt::LeftButton, {}, strip->tabRect(0).center());
     EXPECT_EQ(window.CurrentTab, 0);
     QTest::mouseClick(strip, Qt::RightButton, {}, strip->tabRect(1).center());
-    EXPECT_EQ(window.CurrentTab, 0);
+    EXPECT_EQ(window.CurrentTab, 1) << "the menu acts on the tab that was clicked";
     EXPECT_EQ(menus.takeLast().at(0).toString(), "mnuDropDown2");
+    EXPECT_EQ(commands.takeLast(), QVariantList({"mnuClosePane", true}));
+    QTest::mouseClick(strip, Qt::RightButton, {}, strip->tabRect(0).center());
+    EXPECT_EQ(window.CurrentTab, 0);
     EXPECT_EQ(commands.takeLast(), QVariantList({"mnuClosePane", false}));
     window.mainTab->Tab(1);
-    QTest::mouseClick(strip, Qt::RightButton, {}, strip->tabRect(0).center());
+    QTest::mouseClick(window.mainTab, Qt::RightButton, {},
+                      strip->geometry().topRight() + QPoint(0, strip->height() / 2)); // beside the tabs
     EXPECT_EQ(commands.takeLast(), QVariantList({"mnuClosePane", true}));
     QTest::mouseClick(window.pic[1], Qt::RightButton, {}, QPoint(40, 30));
     EXPECT_EQ(menus.takeLast().at(0).toString(), "mnuDropDown");

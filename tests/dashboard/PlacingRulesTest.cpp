@@ -15,7 +15,7 @@ namespace {
 
 constexpr SnapGrid kFree{};
 constexpr SnapGrid kGrid80{true, 80, 0, 0};
-constexpr TwipsPoint kScreen{19200, 12000};
+constexpr TwipsPoint kPage{19200, 12000};
 constexpr PlacedBox kBox{1000, 2000, 3000, 1500};
 
 TEST(PlacingRules, PointsSnapToTheLineBeforeThem) {
@@ -32,7 +32,7 @@ TEST(PlacingRules, PointsSnapToTheLineBeforeThem) {
         EXPECT_EQ(snappedPoint(c.grid, {c.value, c.value}), (TwipsPoint{c.snapped, c.snapped})) << c.value;
 }
 
-TEST(PlacingRules, ADragMovesInsideTheScreenAndSnapsLast) {
+TEST(PlacingRules, ADragStaysInReachAndSnapsLast) {
     const PlacedBox wide{0, 0, 20000, 1500};
     const struct {
         PlacedBox box;
@@ -44,15 +44,22 @@ TEST(PlacingRules, ADragMovesInsideTheScreenAndSnapsLast) {
         {kBox, {130, 20}, kFree, {1030, 1970}},
         {kBox, {130, 20}, kGrid80, {960, 1920}},
         {kBox, {-5000, -5000}, kGrid80, {0, 0}},
-        {kBox, {90000, 90000}, kFree, {16200, 10500}},
-        {kBox, {90000, 90000}, kGrid80, {16160, 10480}},
-        {wide, {100, 50}, kFree, {-800, 0}}, // the limit of the screen comes after the one at 0
-        {wide, {100, 50}, {true, 300, 0, 0}, {-900, 0}},
+        {kBox, {90000, 90000}, kFree, {18900, 11700}},
+        {kBox, {90000, 90000}, kGrid80, {18880, 11680}},
+        {wide, {100, 50}, kFree, {0, 0}},
+        {wide, {-100, 50}, kFree, {0, 0}},
     };
     for (const auto& c : cases) {
         const PlacedBox expected{c.place.x, c.place.y, c.box.width, c.box.height};
-        EXPECT_EQ(movedBox(c.box, {100, 50}, c.mouse, kScreen, c.grid), expected) << c.mouse.x;
+        EXPECT_EQ(movedBox(c.box, {100, 50}, c.mouse, kPage, c.grid), expected) << c.mouse.x;
     }
+    EXPECT_EQ(movedBox(kBox, {}, {500, 500}, {200, 200}, kFree), (PlacedBox{0, 0, 3000, 1500}))
+        << "tiny page";
+}
+
+/// With the handle grasped at its very corner, so that the corner goes to the mouse.
+PlacedBox sizedTo(std::uint8_t handle, TwipsPoint mouse, const SnapGrid& grid) {
+    return sizedBox(kBox, handle, handleCorner(kBox, handle), mouse, kPage, grid);
 }
 
 TEST(PlacingRules, EachHandleMovesItsCorner) {
@@ -67,17 +74,52 @@ TEST(PlacingRules, EachHandleMovesItsCorner) {
         {1000, 2000, 600, 1500},  {1600, 2000, 2400, 240}, {1000, 2000, 3000, 240}, {1000, 2000, 600, 240},
     };
     for (std::uint8_t handle = 0; handle < 8; ++handle) {
-        EXPECT_EQ(sizedBox(kBox, handle, mouse, kFree), sized[handle]) << int(handle);
-        EXPECT_EQ(sizedBox(kBox, handle, mouse, kGrid80), snapped[handle]) << int(handle);
+        EXPECT_EQ(sizedTo(handle, mouse, kFree), sized[handle]) << int(handle);
+        EXPECT_EQ(sizedTo(handle, mouse, kGrid80), snapped[handle]) << int(handle);
     }
-    EXPECT_EQ(sizedBox(kBox, 8, mouse, kFree), kBox);
+    EXPECT_EQ(sizedTo(8, mouse, kFree), kBox);
+}
+
+TEST(PlacingRules, AHandleKeepsItsDistanceToTheMouse) {
+    constexpr PlacedBox onGrid{800, 1600, 3200, 1600};
+    for (std::uint8_t handle = 0; handle < 8; ++handle) {
+        const TwipsPoint corner = handleCorner(onGrid, handle);
+        for (const float inside : {0.0F, 15.0F, 79.0F}) {
+            const TwipsPoint start{corner.x > 0 ? corner.x - inside : inside,
+                                   corner.y > 0 ? corner.y - inside : inside};
+            EXPECT_EQ(sizedBox(onGrid, handle, start, start, kPage, kFree), onGrid) << int(handle);
+            EXPECT_EQ(sizedBox(onGrid, handle, start, start, kPage, kGrid80), onGrid) << int(handle);
+        }
+    }
+    EXPECT_EQ(sizedBox(onGrid, 7, {3150, 1550}, {3250, 1630}, kPage, kFree),
+              (PlacedBox{800, 1600, 3300, 1680}));
+}
+
+TEST(PlacingRules, ASizedBoxStaysInReach) {
+    const struct {
+        PlacedBox box;
+        std::uint8_t handle;
+        TwipsPoint by;
+        PlacedBox sized;
+    } cases[] = {
+        {kBox, 0, {-9000, -9000}, {0, 0, 4000, 3500}},
+        {{0, 0, 3000, 1500}, 7, {-9000, -9000}, {0, 0, 180, 180}},
+        {{18800, 11600, 3000, 1500}, 0, {9000, 9000}, {18900, 11700, 6000, 7500}}, // turned over
+        {{-600, 100, 3000, 1500}, 4, {300, 0}, {-600, 100, 3300, 1500}},
+        {{-600, 100, 3000, 1500}, 3, {-100, 0}, {0, 100, 2400, 1500}},
+    };
+    for (const auto& c : cases) {
+        const TwipsPoint start = handleCorner(c.box, c.handle);
+        const TwipsPoint mouse{start.x + c.by.x, start.y + c.by.y};
+        EXPECT_EQ(sizedBox(c.box, c.handle, start, mouse, kPage, kFree), c.sized) << int(c.handle);
+    }
 }
 
 TEST(PlacingRules, ABoxTurnsOverAndKeepsItsLeastSize) {
-    EXPECT_EQ(sizedBox(kBox, 7, {-400, -300}, kFree), (PlacedBox{600, 1700, 400, 300}));
-    EXPECT_EQ(sizedBox(kBox, 0, {3400, 1900}, kFree), (PlacedBox{4000, 3500, 400, 400}));
-    EXPECT_EQ(sizedBox(kBox, 7, {10, 179}, kFree), (PlacedBox{1000, 2000, 180, 180}));
-    EXPECT_EQ(sizedBox(kBox, 3, {2990, 0}, kFree), (PlacedBox{3990, 2000, 180, 1500}));
+    EXPECT_EQ(sizedTo(7, {-400, -300}, kFree), (PlacedBox{600, 1700, 400, 300}));
+    EXPECT_EQ(sizedTo(0, {3400, 1900}, kFree), (PlacedBox{4000, 3500, 400, 400}));
+    EXPECT_EQ(sizedTo(7, {10, 179}, kFree), (PlacedBox{1000, 2000, 180, 180}));
+    EXPECT_EQ(sizedTo(3, {2990, 0}, kFree), (PlacedBox{3990, 2000, 180, 1500}));
 }
 
 TEST(PlacingRules, ArrowKeysGoFromLineToLine) {
@@ -103,13 +145,13 @@ TEST(PlacingRules, ArrowKeysGoFromLineToLine) {
         {100, 1, false, {true, 1, 0, 0}, 115},
         {100, 1, false, {true, 0, 0, 0}, 115},
         {100, 1, false, {false, 4, 0, 0}, 116},
-        {16200, 1, false, kGrid80, 16200},
+        {18900, 1, false, kGrid80, 18900},
     };
     for (const auto& c : cases) {
-        const PlacedBox moved = steppedBox({c.left, 80, 3000, 1500}, c.columns, 0, c.fine, kScreen, c.grid);
+        const PlacedBox moved = steppedBox({c.left, 80, 3000, 1500}, c.columns, 0, c.fine, kPage, c.grid);
         EXPECT_EQ(moved, (PlacedBox{c.then, 80, 3000, 1500})) << c.left << " by " << c.columns;
     }
-    EXPECT_EQ(steppedBox(kBox, 0, 1, false, kScreen, kGrid80).top, 2080);
+    EXPECT_EQ(steppedBox(kBox, 0, 1, false, kPage, kGrid80).top, 2080);
 }
 
 TEST(PlacingRules, GridSizesAreChecked) {

@@ -11,8 +11,10 @@
 #include "variables/VariableDrag.h"
 #include "variables/VariableTreeView.h"
 
+#include <QDialog>
 #include <QListWidget>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -126,7 +128,7 @@ TEST_F(PlacingTest, MenusPlaceAtTheCornerOrWhereThePageWasClicked) {
 
 TEST_F(PlacingTest, ADragFollowsThePointer) {
     Instrument* moved = placed(300, 300);
-    drag({{60, 22}, {61, 22}});
+    drag({{60, 22}, {65, 22}, {61, 22}});
     EXPECT_EQ(moved->pos(), QPoint(21, 20)) << "no jump at the first move";
     drag({{61, 22}, {70, 40}, {81, 52}});
     EXPECT_EQ(box(*moved), (PlacedBox{615, 750, 3000, 1500}));
@@ -134,8 +136,68 @@ TEST_F(PlacingTest, ADragFollowsThePointer) {
     drag({{81, 52}, {-400, -400}});
     EXPECT_EQ(moved->pos(), QPoint(0, 0));
     drag({{60, 2}, {5000, 5000}});
-    const QSize screen = window.screen()->size();
-    EXPECT_EQ(moved->geometry().bottomRight(), QPoint(screen.width() - 1, screen.height() - 1));
+    EXPECT_EQ(moved->pos(), QPoint(page()->width() - 20, page()->height() - 20)) << "in reach";
+    const QPoint corner = moved->pos() + QPoint(2, 10);
+    drag({corner, {400, 300}});
+    EXPECT_EQ(moved->pos(), QPoint(398, 290)) << "and taken back by what is left of it";
+}
+
+TEST_F(PlacingTest, AClickIsNoDrag) {
+    window.SnapToGrid = 1;
+    Instrument* clicked = placed(1510, 1515); // beside the grid
+    const PlacedBox before = box(*clicked);
+    const QPoint handles[] = {{101, 101}, {200, 101}, {299, 101}, {101, 150},
+                              {299, 150}, {101, 199}, {200, 199}, {299, 199}};
+    const QPoint frame(160, 102);
+    const auto click = [&](const QPoint& at, const QPoint& shake) {
+        press(at);
+        move(at + shake);
+        release(at + shake);
+        EXPECT_EQ(box(*clicked), before) << at.x() << ',' << at.y();
+        EXPECT_FALSE(window.ProfileChanged);
+    };
+    for (const QPoint& shake : {QPoint(0, 0), QPoint(-1, -1), QPoint(2, 1)}) {
+        for (const QPoint& handle : handles) click(handle, shake);
+        click(frame, shake);
+    }
+    key(Qt::Key_Delete);
+    EXPECT_TRUE(standing().empty()) << "the keys are free again";
+}
+
+/// The button goes up over a window that came up in the middle, and nobody tells the instrument.
+TEST_F(PlacingTest, ADragEndsWithADialogInItsMiddle) {
+    Instrument* dragged = placed(1500, 1500);
+    for (const QPoint from : {QPoint(160, 102), QPoint(298, 198)}) {
+        press(from);
+        move(from + QPoint(30, 20));
+        const PlacedBox then = box(*dragged);
+        {
+            QDialog dialog(&window);
+            dialog.open();
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+            QTest::mouseRelease(dialog.windowHandle(), Qt::LeftButton, {}, QPoint(5, 5));
+        }
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        move(from + QPoint(60, 60));
+        move(from + QPoint(90, 90));
+        EXPECT_EQ(box(*dragged), then);
+        key(Qt::Key_Escape); // of no drag any more
+        EXPECT_EQ(box(*dragged), then);
+        dragged->placeTwips(QRectF(1500, 1500, 3000, 1500));
+    }
+    // Where the keyboard was not lost in between, the mouse without its button tells.
+    press({160, 102});
+    move({190, 122});
+    const PlacedBox then = box(*dragged);
+    QMouseEvent hover(QEvent::MouseMove, QPointF(50, 2), dragged->mapToGlobal(QPointF(50, 2)), Qt::NoButton,
+                      Qt::NoButton, {});
+    QCoreApplication::sendEvent(dragged, &hover);
+    EXPECT_EQ(box(*dragged), then);
+    move({260, 222});
+    EXPECT_EQ(box(*dragged), then);
+    release({260, 222});
+    EXPECT_EQ(box(*dragged), then);
 }
 
 TEST_F(PlacingTest, ADragOnTheGridLandsOnLinesAndDoesNotWaver) {
@@ -164,9 +226,9 @@ TEST_F(PlacingTest, HandlesSizeFromTheCornerThatStays) {
     const QPoint handles[] = {{101, 101}, {200, 101}, {298, 101}, {101, 150},
                               {298, 150}, {101, 198}, {200, 198}, {298, 198}};
     const PlacedBox after[] = {
-        {1650, 1650, 2850, 1350}, {1500, 1650, 3000, 1350}, {1500, 1650, 3135, 1350},
-        {1650, 1500, 2850, 1500}, {1500, 1500, 3135, 1500}, {1650, 1500, 2850, 1635},
-        {1500, 1500, 3000, 1635}, {1500, 1500, 3135, 1635},
+        {1635, 1635, 2865, 1365}, {1500, 1635, 3000, 1365}, {1500, 1635, 3165, 1365},
+        {1635, 1500, 2865, 1500}, {1500, 1500, 3165, 1500}, {1635, 1500, 2865, 1665},
+        {1500, 1500, 3000, 1665}, {1500, 1500, 3165, 1665},
     };
     for (int handle = 0; handle < 8; ++handle) {
         sized->placeTwips(QRectF(1500, 1500, 3000, 1500));
@@ -183,7 +245,7 @@ TEST_F(PlacingTest, AHandleAcrossTheOppositeEdgeTurnsTheInstrumentOver) {
     Instrument* sized = placed(4500, 4500);
     const QPoint corner(300 + 199, 300 + 99);
     drag({corner, {400, 350}, {301, 301}, {250, 280}, {200, 250}, {180, 240}});
-    EXPECT_EQ(box(*sized), (PlacedBox{2700, 3600, 1800, 900})) << "from its own corner to the pointer";
+    EXPECT_EQ(box(*sized), (PlacedBox{2715, 3615, 1785, 885})) << "from its own corner to the pointer";
     drag({{181, 241}, {277, 297}, {299, 299}});
     EXPECT_EQ(box(*sized), (PlacedBox{4485, 4485, 180, 180})) << "never smaller";
 }
@@ -358,7 +420,8 @@ TEST_F(PlacingTest, PaletteEntriesFallWhereTheyAreDropped) {
     window.pic_DragDrop(page(), window.trvControl, 100, 130);
     ASSERT_EQ(standing().size(), 1U);
     EXPECT_EQ(standing().front()->kind(), Kind::TimeGraph);
-    EXPECT_EQ(standing().front()->leftTwips(), 100) << "not snapped";
+    EXPECT_EQ(QPointF(standing().front()->leftTwips(), standing().front()->topTwips()), QPointF(80, 80))
+        << "on the grid";
     EXPECT_EQ(standing().front()->curVarTable().at(1, 0), "Time");
     QTest::mouseRelease(tree, Qt::LeftButton);
     window.pic_DragDrop(page(), window.trvControl, 100, 130);
@@ -367,8 +430,11 @@ TEST_F(PlacingTest, PaletteEntriesFallWhereTheyAreDropped) {
     QWidget* list = window.lvControl->viewport();
     const QRect item = window.lvControl->visualItemRect(window.lvControl->item(0));
     QTest::mousePress(list, Qt::LeftButton, {}, item.center());
-    window.pic_DragDrop(page(), window.lvControl, 3000, 4500);
-    EXPECT_EQ(standing().size(), 2U);
+    window.SnapToGrid = 0;
+    window.pic_DragDrop(page(), window.lvControl, 3001, 1e6F);
+    ASSERT_EQ(standing().size(), 2U);
+    EXPECT_EQ(standing().back()->leftTwips(), 3001) << "where it was dropped without the grid";
+    EXPECT_EQ(standing().back()->y(), page()->height() - 20) << "and in reach";
     QTest::mouseRelease(list, Qt::LeftButton, {}, item.center());
 }
 

@@ -4,16 +4,20 @@
 #include "instruments/Instrument.h"
 #include "instruments/displays/NumLedDisplay.h"
 #include "platform/Events.h"
+#include "platform/Notices.h"
+#include "platform/WholeFile.h"
 #include "tests/ScriptedPrompts.h"
 #include "variables/GlobalVarsAndTypes.h"
 
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
 #include <csignal>
+#include <functional>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
@@ -137,6 +141,7 @@ TEST_F(ProfileFlowsTest, EveryKindComesBackAsItWasWritten) {
     }
     saveAs(fresh, "second.vis");
     EXPECT_EQ(read("second.vis"), read("first.vis"));
+    EXPECT_TRUE(fresh.HasProfilePath) << "no file of its own counts as damaged";
 
     fresh.loadLastFile(path("first.vis")); // on top of itself
     EXPECT_EQ(fresh.instruments.placedCount(), 2 * placed);
@@ -238,19 +243,24 @@ TEST_F(ProfileFlowsTest, EachOptionOfTheLoad) {
         {3, {other}, {}, 1, 1, "0 1 '' 'Untitled'"},
         {2, {other}, {"Load Profile..."}, 2, 2, "1 1 'other.vis' 'other.vis'"},
         {0, {other}, {"Load Profile..."}, 1, 2, "1 1 'other.vis' 'other.vis'"},
-        {0, {std::nullopt}, {"Load Profile..."}, 0, 1, "0 0 '' 'Untitled'"},
         {1,
-         {std::nullopt, other},
+         {path("kept.vis"), other},
          {"Save Profile...", "Load Profile..."},
          1,
          2,
          "1 1 'other.vis' 'other.vis'"},
+        // What stands is not cleared for a file that nobody chose, that is none, or before it is saved.
+        {0, {std::nullopt}, {"Load Profile..."}, 1, 1, "0 1 '' 'Untitled'"},
+        {2, {std::nullopt}, {"Load Profile..."}, 1, 1, "0 1 '' 'Untitled'"},
+        {0, {path("none.vis")}, {"Load Profile..."}, 1, 1, "0 1 '' 'Untitled'"},
+        {1, {std::nullopt, other}, {"Save Profile..."}, 1, 1, "0 1 '' 'Untitled'"},
+        {1, {path("no/such/folder.vis"), other}, {"Save Profile..."}, 1, 1, "0 1 '' 'Untitled'"},
         {1,
          {path("mine.vis"), std::nullopt},
          {"Save Profile...", "Load Profile..."},
-         0,
          1,
-         "0 0 '' 'Untitled'"},
+         1,
+         "1 0 'mine.vis' 'mine.vis'"},
     };
     for (const Case& c : cases) {
         window.mnuNew_Click();
@@ -301,8 +311,8 @@ TEST_F(ProfileFlowsTest, ToolbarButtonsAskAndAct) {
 
 TEST_F(ProfileFlowsTest, AFileWithoutAWidthMakesTheWindowNarrow) {
     window.loadLastFile(write("a.vis", "[TABS]\nHEIGHT=6000\nPIC=0\n"));
-    EXPECT_LT(window.width(), 300);
-    EXPECT_EQ(window.height(), 400);
+    EXPECT_EQ(window.size(), QSize(window.minimumWidth(), 400)) << "but not to nothing";
+    EXPECT_GT(window.width(), 300);
     window.loadLastFile(write("a.vis", "[TABS]\nWIDTH=15000\nPIC=0\n"));
     EXPECT_EQ(window.size(), QSize(1000, 400));
     window.showMaximized();
@@ -323,11 +333,20 @@ TEST_F(ProfileFlowsTest, WhatStandsOutlivesAnyFile) {
     for (int i = 0; i < 5000; ++i) noise += static_cast<char>(i * 7919 % 251);
     write("noise.vis", noise);
     write("empty.vis", "");
+    saveAs(window, "mine.vis");
+    window.ProfileChanged = true;
+    DataSourceDescriptor = QStringLiteral("SER,3,57600");
+    const QSize size = window.size();
     for (const char* bad : {"none.vis", "directory.vis", "empty.vis", "noise.vis"}) {
-        window.mainTab->TabCaption(0, "One");
+        clearNotices();
         window.loadLastFile(path(bad));
         EXPECT_EQ(standing(window), before) << bad;
         EXPECT_EQ(window.mainTab->captions(), QStringList({"VX", "Two", "Three"})) << bad;
+        EXPECT_EQ(state(), "1 1 'mine.vis' 'mine.vis'") << bad;
+        EXPECT_EQ(DataSourceDescriptor, "SER,3,57600") << bad;
+        EXPECT_EQ(window.size(), size) << bad;
+        ASSERT_EQ(notices().size(), 1U) << bad;
+        EXPECT_TRUE(notices().back().text.startsWith(path(bad) + " was not loaded: ")) << bad;
     }
     window.loadLastFile(path("locked.vis")); // whoever may read everything reads it
     EXPECT_EQ(standing(window), before);
@@ -359,14 +378,99 @@ TEST_F(ProfileFlowsTest, AFullDiskLeavesTheOldFile) {
     setrlimit(RLIMIT_FSIZE, &limit);
     std::signal(SIGXFSZ, ignored);
     EXPECT_EQ(read("a.vis"), before);
-    EXPECT_TRUE(prompts.messages.empty());
+    EXPECT_EQ(state(), "1 1 'a.vis' 'a.vis'");
     window.mnuSaveConfig_Click();
     EXPECT_GT(read("a.vis").size(), before.size());
-    for (const QString& unwritable : {folder.filePath("no/such/folder/a.vis"), folder.path()}) {
-        window.ProfilePath = unwritable;
-        window.mnuSaveConfig_Click();
-    }
     EXPECT_TRUE(prompts.messages.empty());
+}
+
+/// Every way that saves, with a file that cannot be written and with a dialog that is cancelled.
+TEST_F(ProfileFlowsTest, NothingGoesOnAfterASaveThatDidNotHappen) {
+    const QString unwritable = path("no/such/folder/a.vis");
+    place(window, Kind::Alphanumeric, 0);
+    saveAs(window, "a.vis");
+    const QByteArray saved = read("a.vis");
+    saveAs(window, "other.vis");
+    const struct {
+        const char* name;
+        std::function<void()> command;
+        bool asks; ///< whether to save changes
+    } commands[] = {
+        {"save", [this] { window.mnuSaveConfig_Click(); }, false},
+        {"save button", [this] { window.Toolbar_ButtonClick(4); }, false},
+        {"save as", [this] { window.mnuSaveAs_Click(); }, false},
+        {"new", [this] { window.Toolbar_ButtonClick(2); }, true},
+        {"load and save", [this] { loadChoosing(1); }, false},
+        {"end", [this] { EXPECT_FALSE(window.Form_Unload()); }, true},
+        {"exit", [this] { window.mnuExit_Click(); }, true},
+        {"close", [this] { EXPECT_FALSE(window.close()); }, true},
+    };
+    enum Failure { Refused, Full, Cancelled, RefusedAfterDialog };
+    QSignalSpy unloaded(&window, &frmInterface::unloaded);
+    for (const auto& [name, command, asks] : commands) {
+        for (const Failure failure : {Refused, Full, Cancelled, RefusedAfterDialog}) {
+            SCOPED_TRACE(std::string(name) + ' ' + std::to_string(failure));
+            const bool named = failure == Refused || failure == Full;
+            window.HasProfilePath = named;
+            window.ProfilePath = failure == Refused ? unwritable : path("a.vis");
+            window.setWindowTitle(QStringLiteral("as before"));
+            window.ProfileChanged = true;
+            clearNotices();
+            prompts.answers.clear();
+            if (asks) prompts.answers = {Answer::Yes};
+            prompts.files = {failure == Cancelled ? std::nullopt
+                             : failure == Full    ? std::optional(path("a.vis"))
+                                                  : std::optional(unwritable)};
+            window.CurrentTab = 0;
+            failFileCall(failure == Full ? 1 : 0);
+            window.instruments.all().back().instrument->move(7 * failure, 9); // or there is nothing to write
+            command();
+            failFileCall(0);
+            EXPECT_EQ(window.instruments.placedCount(), 1);
+            EXPECT_TRUE(window.ProfileChanged);
+            EXPECT_EQ(window.HasProfilePath, named);
+            EXPECT_EQ(window.windowTitle(), "as before");
+            EXPECT_EQ(notices().size(), failure == Cancelled ? 0U : 1U);
+            EXPECT_EQ(read("a.vis"), saved);
+            EXPECT_FALSE(QFile::exists(SettingsPath));
+        }
+    }
+    EXPECT_EQ(unloaded.count(), 0);
+    EXPECT_TRUE(window.isVisible());
+    window.ProfilePath = path("a.vis"); // and with a file that can be written all of it goes on
+    window.HasProfilePath = true;
+    prompts.answers = {Answer::Yes};
+    EXPECT_TRUE(window.close());
+    EXPECT_EQ(unloaded.count(), 1);
+    EXPECT_NE(read("a.vis"), saved);
+}
+
+TEST_F(ProfileFlowsTest, ADamagedFileIsShownAndNotWrittenOver) {
+    place(window, Kind::Alphanumeric, 0);
+    place(window, Kind::Alphanumeric, 0);
+    saveAs(window, "whole.vis");
+    const QByteArray whole = read("whole.vis");
+    write("cut.vis", whole.first(whole.indexOf("[VXALPHANUME/0/2]") + 40));
+    window.mnuNew_Click();
+    clearNotices();
+    prompts.files = {path("cut.vis")};
+    window.mnuLoadConfig_Click();
+    EXPECT_EQ(window.instruments.placedCount(), 2) << "what is good, and what is left of the other";
+    EXPECT_EQ(state(), "0 1 'cut.vis' 'Untitled'");
+    ASSERT_EQ(notices().size(), 1U);
+    EXPECT_TRUE(notices().back().text.startsWith(path("cut.vis") + " is damaged: "));
+    const QByteArray cut = read("cut.vis");
+    prompts.files = {std::nullopt};
+    window.mnuSaveConfig_Click();
+    EXPECT_EQ(prompts.fileRequests.back().title, "Save Profile...");
+    prompts.files = {path("mended.vis")};
+    window.mnuSaveConfig_Click();
+    EXPECT_EQ(state(), "1 0 'mended.vis' 'mended.vis'");
+    EXPECT_EQ(read("cut.vis"), cut);
+    clearNotices();
+    window.loadLastFile(path("mended.vis"));
+    EXPECT_TRUE(notices().empty()) << notices().back().text.toStdString();
+    EXPECT_EQ(state(), "1 0 'mended.vis' 'mended.vis'");
 }
 
 TEST_F(ProfileFlowsTest, EventsInTheMiddleOfALoadDoNoHarm) {

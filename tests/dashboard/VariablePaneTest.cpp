@@ -205,16 +205,37 @@ TEST_F(VariablePaneTest, ARenameChangesAllKeysAndKeepsThePlace) {
     EXPECT_FALSE(QFile::exists(VariableFilePath));
     window.RegenerateVariableTree();
     EXPECT_EQ(tree().currentItem()->text(0), "Variable Name: Road");
+}
 
-    prompts.inputs = {"A#[B"};
-    QTest::keyClick(&tree(), Qt::Key_Return);
-    EXPECT_EQ(filed(4).BaseName, "A#[B");
-    ASSERT_EQ(tree().currentItem()->text(0), "Variable Name: A#[B");
-    prompts.inputs = {"Back"}; // its key no longer leads to it
-    QTest::keyClick(&tree(), Qt::Key_Return);
-    EXPECT_EQ(row(4).BaseName, "A#[B");
-    EXPECT_EQ(row(kNoVariable).BaseName, "Back");
-    EXPECT_FALSE(row(kNoVariable).Enabled);
+TEST_F(VariablePaneTest, AnEditGoesToItsRowWhateverTheName) {
+    // Each of these names leads to another row, or to none, by one way or another of looking it up.
+    for (const char* name : {"Oil#2", "#", "#MINVAL#Engine speed", "A#[B", "[", "engine speed ", " ", "%1 %2",
+                             "\xC3\x96l", "VT_1", "<b>"}) {
+        const VariableDefinition before = row(2);
+        prompts.inputs = {QString::fromUtf8(name)};
+        doubleClick(item("USERNAME", 4));
+        ASSERT_EQ(row(4).BaseName, QString::fromUtf8(name));
+        prompts.inputs = {"-7"};
+        doubleClick(item("MINVAL", 4));
+        EXPECT_EQ(filed(4).DefaultMin, -7) << name;
+        EXPECT_EQ(item("MINVAL", 4)->text(0), "Minimum: -7") << name;
+        QTimer::singleShot(0, &window, [] {
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(dialog);
+            dialog->findChild<QComboBox*>()->setCurrentIndex(2);
+            QTest::keyClick(dialog, Qt::Key_Return);
+        });
+        doubleClick(item("CALCULUS", 4));
+        EXPECT_EQ(filed(4).Calculus, 2) << name;
+        QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, place(item("MAXVAL", 4)));
+        EXPECT_EQ(window.DragVariableName, "VehicleSpeed") << name;
+        EXPECT_TRUE(before == row(2)) << name;
+        EXPECT_FALSE(row(kNoVariable).Enabled) << name;
+        prompts.inputs = {"0"};
+        doubleClick(item("MINVAL", 4));
+        row(4).Calculus = 0;
+        window.takeVariableTable();
+    }
 }
 
 TEST_F(VariablePaneTest, RegeneratingKeepsWhatWasOpenSelectedAndScrolled) {
@@ -288,11 +309,12 @@ TEST_F(VariablePaneTest, GroupsOpenOnADoubleClickAndNothingIsEditedInPlayMode) {
     EXPECT_TRUE(tree().itemOf("VT_3")->isExpanded());
     doubleClick(tree().itemOf("VT_3"));
     EXPECT_FALSE(tree().itemOf("VT_3")->isExpanded());
+    const TreeLine line = *tree().lineOf(item("MINVAL", 2));
     PlayMode = true;
-    Q_EMIT tree().lineActivated("#MINVAL#Engine speed");
+    Q_EMIT tree().lineActivated(line);
     EXPECT_TRUE(prompts.inputRequests.empty());
     PlayMode = false;
-    Q_EMIT tree().lineActivated("#MINVAL#Engine speed");
+    Q_EMIT tree().lineActivated(line);
     EXPECT_EQ(prompts.inputRequests.size(), 1U);
 }
 

@@ -125,5 +125,54 @@ TEST_F(QtPromptsTest, HeldInputWaitsForTheEndOfTheWork) {
     EXPECT_EQ(clicks, 1);
 }
 
+TEST_F(QtPromptsTest, MinimisingAnswersNothing) {
+    bool stood = false;
+    QTimer::singleShot(50, [&] {
+        for (QWidget* gone : {static_cast<QWidget*>(&window), static_cast<QWidget*>(box())}) {
+            QHideEvent hidden;
+            QSpontaneKeyEvent::setSpontaneous(&hidden); // as a window system tells it
+            qApp->notify(gone, &hidden);
+        }
+        QTimer::singleShot(0, [&] {
+            stood = box() && box()->isVisible();
+            QTest::mouseClick(box()->button(QMessageBox::Yes), Qt::LeftButton);
+        });
+    });
+    EXPECT_EQ(MsgBox(QStringLiteral("Save?"), Icon::Question, Buttons::YesNoCancel), Answer::Yes);
+    EXPECT_TRUE(stood);
+}
+
+TEST_F(QtPromptsTest, ABoxWithoutAButtonPressedIsCancelled) {
+    const std::pair<Buttons, Answer> cases[] = {
+        {Buttons::YesNoCancel, Answer::Cancel}, {Buttons::YesNo, Answer::No}, {Buttons::Ok, Answer::Ok}};
+    for (const bool overAnother : {false, true}) {
+        QDialog other(&window);
+        other.setModal(true);
+        other.setVisible(overAnother);
+        for (const auto& [buttons, answer] : cases) {
+            QTimer::singleShot(0, [] {
+                for (QWidget* any : QApplication::topLevelWidgets())
+                    if (auto* asked = qobject_cast<QMessageBox*>(any)) asked->done(0);
+            });
+            EXPECT_EQ(MsgBox(QStringLiteral("Save?"), Icon::Question, buttons), answer);
+        }
+    }
+    QTimer::singleShot(50, &window, [this] { window.close(); }); // under the first of them
+    for (const auto& [buttons, answer] : cases)
+        EXPECT_EQ(MsgBox(QStringLiteral("Save?"), Icon::Question, buttons), answer);
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST(ToolkitFilter, EveryFileNeedsNoEnding) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"vis Files|*.vis", "vis Files (*.vis)"},
+        {"Run analysis files (*.run )|*.run|Show All Files (*.*)|*.*",
+         "Run analysis files (*.run);;Show All Files (*)"},
+        {"Pictures|*.png;*.bmp", "Pictures (*.png *.bmp)"},
+        {"Some|*.a; *.* ", "Some (*.a *)"},
+    };
+    for (const auto& [given, shown] : cases) EXPECT_EQ(toolkitFilter(QLatin1String(given)), shown);
+}
+
 } // namespace
 } // namespace vistor

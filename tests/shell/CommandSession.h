@@ -113,7 +113,7 @@ public:
         if (menu == QLatin1String("mnuDropDown"))
             click(page.pic[std::size_t(page.CurrentTab)], Qt::RightButton, freePlace);
         else if (menu == QLatin1String("mnuDropDown2"))
-            click(page.mainTab, Qt::RightButton, QPoint(20, page.mainTab->height() - 10));
+            clickTabInFront();
         else
             click(&readout->inCTRL(), Qt::RightButton);
     }
@@ -162,6 +162,10 @@ private:
     static QMenu* shownMenu(const QString& name) {
         auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         return menu && menu->menuAction()->objectName() == name ? menu : nullptr;
+    }
+    void clickTabInFront() {
+        auto* strip = page.mainTab->findChild<QTabBar*>("strip");
+        click(strip, Qt::RightButton, strip->tabRect(page.mainTab->Tab()).center());
     }
     QMenu* openInside(const char* outer, const QString& name) {
         QMenu* menu = open(QLatin1String(outer));

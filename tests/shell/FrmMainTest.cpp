@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QMdiSubWindow>
 #include <QTableWidget>
 #include <QTest>
 
@@ -254,6 +255,59 @@ TEST(StreamInWords, TellsEachState) {
         {{3, 99, false, true}, "Waits for an answer"},
     };
     for (const auto& [state, words] : cases) EXPECT_EQ(streamInWords(state, 100), words);
+}
+
+TEST_F(FrmMainTest, TheInnerWindowHasASensibleSizeInEveryState) {
+    open();
+    useRun(1);
+    auto& frame = *qobject_cast<QMdiSubWindow*>(window.dashboard().parentWidget());
+    const QString profile = root.filePath("a.vis");
+    prompts.files = {profile};
+    window.dashboard().mnuSaveAs_Click();
+    const auto stored = [&] {
+        prompts.files = {profile};
+        window.dashboard().mnuSaveAs_Click();
+        const IniFile file = IniFile::load(profile);
+        return QSize(qRound(leadingNumber(file.value("TABS", "WIDTH", {}, 10)) / 15),
+                     qRound(leadingNumber(file.value("TABS", "HEIGHT", {}, 10)) / 15));
+    };
+    frame.showMinimized();
+    pumpEvents();
+    const QSize minimised = frame.size();
+    EXPECT_GT(stored().width(), 900) << "not that of the stub, " << minimised.width();
+    trigger("mnuPlayMode");
+    EXPECT_TRUE(frame.isMaximized()) << "as before it was minimised";
+    trigger("mnuEditMode");
+    frame.showNormal();
+    pumpEvents();
+    EXPECT_GT(frame.width(), 600);
+    EXPECT_GT(frame.height(), 400);
+    frame.resize(900, 500);
+    pumpEvents();
+    EXPECT_EQ(stored(), QSize(900, 500));
+    frame.showMinimized();
+    pumpEvents();
+    EXPECT_EQ(stored(), QSize(900, 500));
+
+    const auto canMinimise = [&] { return frame.windowFlags().testFlag(Qt::WindowMinimizeButtonHint); };
+    EXPECT_TRUE(canMinimise());
+    trigger("mnuPlayMode");
+    pumpEvents();
+    EXPECT_FALSE(canMinimise());
+    EXPECT_FALSE(frame.isMinimized()) << "a dashboard that plays is seen";
+    EXPECT_TRUE(window.dashboard().isVisible());
+    EXPECT_EQ(frame.size(), QSize(900, 500));
+    trigger("mnuEditMode");
+    EXPECT_TRUE(canMinimise());
+
+    frame.resize(10, 10); // as small as a file or a hand makes it
+    pumpEvents();
+    window.dashboard().ProfileChanged = false;
+    EXPECT_TRUE(window.close());
+    for (const TwipsBox& box : readWindowSettings(IniFile::load(working("vxvis.cfg"))).boxes) {
+        EXPECT_GT(box.width, 0);
+        EXPECT_GT(box.height, 0);
+    }
 }
 
 TEST(SourceInWords, TellsEachKind) {

@@ -149,6 +149,23 @@ TEST_F(ProgramTest, ASignalEndsItWithinASecondAndSettingsStand) {
     }
 }
 
+TEST_F(ProgramTest, ItsExitCodeTellsWhetherThePictureWasWritten) {
+    const QString deep = root.filePath(QStringLiteral("no/such/folder/a.png"));
+    const std::pair<QString, int> cases[] = {
+        {picture(), 0}, {deep, 1}, {root.filePath(QStringLiteral("a.vis")), 1}, {root.path(), 1}};
+    for (const auto& [path, code] : cases) {
+        QProcess program;
+        begin(program, {QStringLiteral("-platform"), QStringLiteral("offscreen"), QStringLiteral("-style"),
+                        QStringLiteral("windows"), QStringLiteral("--exit-after"), QStringLiteral("0"),
+                        QStringLiteral("--screenshot"), path});
+        EXPECT_TRUE(program.waitForFinished(60000));
+        EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(program.exitCode(), code) << path.toStdString();
+        EXPECT_EQ(program.readAllStandardError().contains(path.toUtf8() + " was not written: "), code == 1);
+    }
+    EXPECT_FALSE(QImage(picture()).isNull());
+}
+
 TEST_F(ProgramTest, AnUnusableSourceLeavesARunningProgram) {
     const auto values = play(root.filePath(QStringLiteral("none.run")), 2, "1");
     EXPECT_EQ(values.value(QStringLiteral("EngineSpeed"), -1), 0);

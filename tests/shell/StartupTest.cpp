@@ -115,6 +115,12 @@ TEST(Options, WordsAreCheckedBeforeAnythingOpens) {
         {{"vistor", "--source"}, false},
         {{"vistor", "--nonsense"}, false},
         {{"vistor", "layout.vis"}, false},
+        // Those of the toolkit, in all their forms, and nothing that only looks like one of them.
+        {{"vistor", "-platform", "offscreen", "-style", "windows", "--play"}, true},
+        {{"vistor", "--platform", "offscreen", "-style=windows", "-reverse", "--widgetcount"}, true},
+        {{"vistor", "-platform", "offscreen", "layout.vis"}, false},
+        {{"vistor", "-platforms", "offscreen"}, false},
+        {{"vistor", "-reverse", "--nonsense"}, false},
     };
     for (const Case& c : cases)
         EXPECT_EQ(readOptions(c.words).problem.isEmpty(), c.fine) << qPrintable(c.words.join(u' '));
@@ -122,6 +128,8 @@ TEST(Options, WordsAreCheckedBeforeAnythingOpens) {
     EXPECT_TRUE(options.play && options.tab == 3);
     EXPECT_EQ(options.source, "FIL,a.run");
     EXPECT_EQ(options.exitAfter, 2.5);
+    EXPECT_FALSE(options.styleChosen);
+    EXPECT_TRUE(readOptions({"vistor", "--style=windows"}).styleChosen);
 }
 
 } // namespace
