@@ -57,11 +57,12 @@ PinTable GraphInstrument::curVarTable() const {
 }
 
 void GraphInstrument::refreshValue(std::int16_t pin, std::uint8_t axis, float value) {
-    if (!hasPin(pin) || static_cast<std::size_t>(pin) >= m_tracks.size()) return;
+    if (pin < 1 || static_cast<std::size_t>(pin) >= m_tracks.size()) return;
     Track& track = m_tracks[static_cast<std::size_t>(pin)];
     (axis == 0 ? track.x : track.y) = {value, true, true};
     if (!track.x.waiting || !track.y.waiting) return;
     track.x.waiting = track.y.waiting = false;
+    if (!hasPin(pin)) return;                                                   // its track was removed
     if (!std::isfinite(track.x.value) || !std::isfinite(track.y.value)) return; // no place on any axis
     const double x = numberAsWritten(track.x.value);
     const double y = numberAsWritten(track.y.value);

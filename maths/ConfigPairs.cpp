@@ -61,10 +61,11 @@ std::optional<Item> takeItem(std::string_view& line) {
     return item;
 }
 
-std::vector<Item> itemsOf(std::string_view line) {
+/// The items of a line that begins with a value, not with a key, where a key stands alone above it.
+std::vector<Item> itemsOf(std::string_view line, bool valueFirst) {
     std::vector<Item> items;
     while (auto item = takeItem(line)) {
-        const bool fraction = items.size() >= 2 && !item->quoted && !items.back().quoted &&
+        const bool fraction = items.size() >= (valueFirst ? 1 : 2) && !item->quoted && !items.back().quoted &&
                               isDigits(item->text) && isWhole(items.back().text);
         if (fraction) { // "2,5" without quotes is one number
             const char* begin = items.back().text.data();
@@ -98,7 +99,7 @@ public:
     explicit PairReader(const QByteArray& bytes) : m_begin(bytes.constData()) {}
 
     void take(std::string_view line) {
-        const std::vector<Item> items = itemsOf(line);
+        const std::vector<Item> items = itemsOf(line, m_key.has_value());
         if (items.empty()) return;
         std::size_t next = 0;
         if (m_key && items.size() == 1) add(*m_key, items[next++]); // the value below its key

@@ -22,7 +22,7 @@ constexpr int kLongest = 20000;
 constexpr int kLeast = 3000; ///< before the first word is read
 constexpr int kPerCharacter = 60;
 constexpr int kAfterMouse = 3000;
-constexpr int kLines = 2;
+constexpr int kLines = 3;
 
 /// The colours of tool tips: they stand out on every page, light or dark.
 QPalette standingOut(QPalette palette) {
@@ -122,7 +122,7 @@ void NoticeLine::tell(const Notice& notice) {
         ++m_missed;
     m_text = notice.text;
     m_more->setText(m_missed > 0 ? QStringLiteral("%1 more...").arg(m_missed) : QStringLiteral("Notices..."));
-    setToolTip(QStringLiteral("<qt>%1</qt>").arg(m_text.toHtmlEscaped()));
+    setToolTip(m_text);
     show();
     place();
     raise();

@@ -39,7 +39,7 @@ void frmMain::showRecent(QMenu* menu) {
     int number = 0;
     for (const QString& path : files) {
         auto* action = new QAction(recentCaption(path, ++number), menu);
-        action->setToolTip(Qt::convertFromPlainText(path, Qt::WhiteSpaceNoWrap));
+        action->setToolTip(path);
         connect(action, &QAction::triggered, this, [this, path] { openRecent(path); });
         action->setProperty(kRecentEntry, true);
         menu->insertAction(clear, action);

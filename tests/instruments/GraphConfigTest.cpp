@@ -147,8 +147,8 @@ TEST(GraphConfig, WhatIsNoNumberStaysInTheWindowAndIsMarked) {
     graph.show();
     PropertyStore& p = graph.inCTRL().properties();
     p.setNumber(GraphAutoScaleX, 0);
-    p.setNumber(StripOrigin, 0.9);
-    p.setNumber(StripLength, 2);
+    p.setNumber(StripOrigin, 1.1);
+    p.setNumber(StripLength, 1.8);
     inDialog(graph, [&](QDialog& dialog) {
         EXPECT_EQ(dialog.findChild<QLineEdit*>("txtMaxX")->text(), "2.9");
         type(dialog, "txtMinY", "ten"); // locked: it takes no part
@@ -175,7 +175,7 @@ TEST(GraphConfig, WhatIsNoNumberStaysInTheWindowAndIsMarked) {
         press(dialog, "cmdApply");
         EXPECT_FALSE(dialog.isVisible());
     });
-    EXPECT_EQ(p.number(StripLength), 5);
+    EXPECT_EQ(p.number(StripLength), 5.9 - 1.1);
     EXPECT_EQ(p.number(StripMinimumY), VXXYGRAPH(nullptr).inCTRL().properties().number(StripMinimumY));
 }
 

@@ -24,15 +24,15 @@ TEST(VXAGAUGE, ValuesGoToTheNeedleOfTheirPin) {
     const struct {
         int needles;
         int pin;
-        int section; ///< -1: the one that was current
-    } cases[] = {{1, 1, 0}, {1, 7, 0}, {3, 1, 1}, {3, 2, 2}, {3, 3, 0}, {3, 5, 2}, {2, -1, -1}, {0, 1, -1}};
+        int section; ///< -1: none
+    } cases[] = {{1, 1, 0}, {1, 7, -1}, {3, 1, 1}, {3, 2, 2}, {3, 3, 0}, {3, 5, -1}, {2, -1, -1}, {0, 1, -1}};
     for (const auto& c : cases) {
         VXAGAUGE gauge(nullptr);
         PropertyStore& p = gauge.inCTRL().properties();
         p.setNumber(GaugeNeedles, c.needles);
         gauge.refreshValue(std::int16_t(c.pin), 12.5F);
         for (int i = 0; i < c.needles; ++i)
-            EXPECT_EQ(p.number(NeedleValue, i), i == std::max(c.section, 0) ? 12.5 : 0) << c.pin;
+            EXPECT_EQ(p.number(NeedleValue, i), i == c.section ? 12.5 : 0) << c.pin;
     }
 }
 

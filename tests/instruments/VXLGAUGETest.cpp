@@ -163,7 +163,7 @@ TEST(VXLGAUGE, ValuesGoToThePointerOfTheirPin) {
         int pointers;
         int pin;
         int section; ///< -1: none
-    } cases[] = {{1, 1, 0}, {1, 7, 0}, {3, 1, 1}, {3, 3, 0}, {3, 5, 2}, {0, 1, -1}};
+    } cases[] = {{1, 1, 0}, {1, 7, -1}, {3, 1, 1}, {3, 3, 0}, {3, 5, -1}, {0, 1, -1}};
     for (const auto& c : cases) {
         VXLGAUGE gauge(nullptr);
         PropertyStore& p = gauge.inCTRL().properties();

@@ -2,16 +2,20 @@
 // label and tool tip in it is looked at.
 #include "acquisition/FrmSelectInput.h"
 #include "dashboard/CustomLibrary.h"
+#include "dashboard/frmInterface.h"
 #include "instruments/PropertySheet.h"
 #include "instruments/frmPinAssignmentGraph.h"
 #include "maths/FrmCalculusSetup.h"
 #include "maths/frmCurveFit.h"
 #include "maths/frmFilterDesign.h"
 #include "maths/frmVariableTransformation.h"
+#include "platform/Events.h"
 #include "platform/IniFile.h"
+#include "platform/Notices.h"
 #include "platform/QtPrompts.h"
 #include "shell/CarDialog.h"
-#include "tests/shell/CommandSession.h"
+#include "shell/frmMain.h"
+#include "tests/shell/FreshAccount.h"
 #include "variables/SetupVariables.h"
 
 #include <QHelpEvent>
@@ -145,16 +149,19 @@ TEST_F(PlainText, NoWindowTakesATextFromOutsideForMarkup) {
                    {QStringLiteral("0")}, 0, hostile);
     write(working("VisControl.cfg"), {});
     library.save(working("VisControl.cfg"));
-    CommandSession s(prompts, root.path());
+    frmMain window;
+    window.resize(1300, 850);
+    ASSERT_TRUE(window.MDIForm_Load());
+    frmInterface& page = window.dashboard();
     hostileTable();
-    s.page.RegenerateVariableTree();
+    page.RegenerateVariableTree();
     DataSourceDescriptor = QStringLiteral("SER,") + hostile + QStringLiteral(",1");
-    Q_EMIT s.page.sourceChanged();
-    s.page.mainTab->TabCaption(0, hostile);
-    s.page.setWindowTitle(hostile);
+    Q_EMIT page.sourceChanged();
+    page.mainTab->TabCaption(0, hostile);
+    page.setWindowTitle(hostile);
     const QString name = VariableTable[2].PhysicalName;
     for (const KindInfo& info : kInstrumentKinds) {
-        Instrument* instrument = s.page.addInstrument(info.kind, s.page.pic[0]);
+        Instrument* instrument = page.addInstrument(info.kind, page.pic[0]);
         PropertyStore& properties = instrument->inCTRL().properties();
         for (std::size_t block = 0; block < properties.table().blockCount(); ++block)
             for (const PropertyInfo& field : properties.table().fields(block))
@@ -174,24 +181,27 @@ TEST_F(PlainText, NoWindowTakesATextFromOutsideForMarkup) {
             walkDialog(frmPinAssignmentGraph(question, nullptr), info.className);
         else
             walkDialog(frmPinAssignment(question, nullptr), info.className);
-        s.window.command("mnuShowPropertiesWindow")->setChecked(true);
-        s.window.mnuShowPropertiesWindow_Click();
-        Q_EMIT s.page.propertiesShown(instrument, {hostile}, {hostile});
+        window.command("mnuShowPropertiesWindow")->setChecked(true);
+        window.mnuShowPropertiesWindow_Click();
+        Q_EMIT page.propertiesShown(instrument, {hostile}, {hostile});
     }
-    walk(s.window, "frmMain");
+    notify(hostile);
+    walk(window, "frmMain");
     for (const char* command : {"mnuOptions", "mnuSelectDataSource", "carNumbers"})
-        inModal(command, [&] { s.command(command)->trigger(); });
+        inModal(command, [&] { window.command(QLatin1String(command))->trigger(); });
     VariableDefinition& row = VariableTableEdit[2];
     walkDialog(frmVariableTransformation(row, 2), "transformation");
     walkDialog(frmFilterDesign(row), "filter");
     walkDialog(FrmCalculusSetup(row, nullptr), "calculus");
     walkDialog(CorrectionStandardChoice(row, nullptr), "correction");
     walkDialog(frmCurveFit(), "curve");
-    s.command("mnuVXHelp")->trigger();
-    walk(s.window, "help");
+    window.command("mnuVXHelp")->trigger();
+    walk(window, "help");
     QtPrompts real;
     inModal("message", [&] { real.message({hostile, Icon::Stop, Buttons::Ok, hostile}); });
     inModal("input", [&] { real.input({hostile, hostile, hostile}); });
+    page.ProfileChanged = false;
+    window.close();
     EXPECT_GE(hostileLabels, 10);
     EXPECT_GE(hostileTips, 20);
 }
