@@ -146,7 +146,7 @@ int frmVarTable::chosenPin() const {
 void frmVarTable::renewButtons() {
     const int pin = chosenPin();
     const bool removable = pin == 0 || !boundTo(m_table, pin).isEmpty(); // without a pin it asks for one
-    if (!removable && cmdRemove->hasFocus()) cmbPin->setFocus();         // not on to the button that closes
+    if (!removable && focusWidget() == cmdRemove) cmbPin->setFocus();    // not on to the button that closes
     cmdRemove->setEnabled(removable);
     cmdApply->setEnabled(pin <= m_pins);
 }

@@ -41,6 +41,13 @@ public:
         return tcgetattr(m_master, &settings) == 0 && (settings.c_cflag & HUPCL) != 0;
     }
 
+    void hangUpOnClose() {
+        termios settings{};
+        tcgetattr(m_master, &settings);
+        settings.c_cflag |= HUPCL;
+        tcsetattr(m_master, TCSANOW, &settings);
+    }
+
     /// Pulls the plug.
     void hangUp() {
         if (m_master >= 0) ::close(m_master);

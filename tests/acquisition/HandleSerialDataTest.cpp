@@ -363,13 +363,13 @@ TEST(AcquisitionTick, PlaysAndIntegratesOnPastMidnight) {
         VariableTable[4].Calculus = 1;
         LastValue[4] = 0;
         SampleTime[4] = 0;
-        double day = 86399;
+        double day = 86399.25;
         double steady = 0;
         setClock([&day] { return day; }, [&steady] { return steady; });
         Bytes stream;
         for (int step = 0; step < 8; ++step) {
-            addTime(stream, step * 0.5);
             add(stream, 3, {{4, 2.0}});
+            addTime(stream, step * 0.5);
         }
         startClock(wraps);
         Recording recording(stream);
@@ -377,12 +377,12 @@ TEST(AcquisitionTick, PlaysAndIntegratesOnPastMidnight) {
         for (int i = 0; i < 8; ++i) {
             runTick(tick);
             steady += 0.5;
-            day = std::fmod(86399 + steady, 86400);
+            day = std::fmod(86399.25 + steady, 86400);
         }
         if (wraps) {
             EXPECT_LT(LastValue[4], -100000) << "the old reckoning, when it is wanted";
         } else {
-            EXPECT_NEAR(LastValue[4], 2 + 2 * 0.5 * 6, 0.05);
+            EXPECT_NEAR(LastValue[4], 2 + 2 * 0.5 * 7, 0.05);
             EXPECT_EQ(LastValue[1], 3.5F);
         }
         setClock({});

@@ -53,7 +53,7 @@ TEST(WindowSettings, ReadsNumbersAsOldFilesHoldThem) {
 }
 
 TEST(WindowSettings, WritesGeometryAndKeepsAllElse) {
-    IniFile file = IniFile::parse("[VXVISTOR]\nGRIDSIZE=40\n[VISIBLE]\n1=0\n");
+    IniFile file = IniFile::parse("[VXVISTOR]\r\nGRIDSIZE=40\r\n[VISIBLE]\r\n1=0\r\n");
     std::array<TwipsBox, kLayoutBoxes> boxes = {TwipsBox{1, 900, 3, 400}, TwipsBox{5, 6, 7, 8},
                                                 TwipsBox{-9, 10, 11.6F, 12}, TwipsBox{13, 14, 15, 16000}};
     writeWindowGeometry(file, boxes);

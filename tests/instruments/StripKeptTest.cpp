@@ -84,7 +84,7 @@ TEST(StripKept, noLineLeadsOverAGap) {
     joined.addPoint(0, 1, 1.5);
     EXPECT_GT(differences(painted(growing), painted(joined)), 100);
     growing.interrupt();
-    growing.addPoint(0, 0, 0);
+    growing.addPoint(0, 0, 0.5);
     const int dot = differences(painted(growing), painted(whole));
     EXPECT_GT(dot, 0) << "a point alone is seen";
     EXPECT_LT(dot, 40);

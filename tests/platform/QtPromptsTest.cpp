@@ -104,27 +104,6 @@ TEST_F(QtPromptsTest, WorkBehindADialogTellsInANoticeOnce) {
     EXPECT_EQ(notices().size(), 2U) << "without a dialog it is a message again";
 }
 
-TEST_F(QtPromptsTest, HeldInputWaitsForTheEndOfTheWork) {
-    const auto queue = [this](QEvent::Type type, Qt::MouseButtons buttons) {
-        const QPoint place = button.mapTo(&window, button.rect().center());
-        qt_handleMouseEvent(window.windowHandle(), place, window.mapToGlobal(place), buttons, Qt::LeftButton,
-                            type, {}, 1000);
-    };
-    pumpEvents();
-    int others = 0;
-    {
-        const InputHeld held;
-        queue(QEvent::MouseButtonPress, Qt::LeftButton);
-        queue(QEvent::MouseButtonRelease, Qt::NoButton);
-        QTimer::singleShot(0, [&others] { ++others; });
-        pumpEvents();
-        EXPECT_EQ(clicks, 0);
-        EXPECT_EQ(others, 1);
-    }
-    pumpEvents();
-    EXPECT_EQ(clicks, 1);
-}
-
 TEST_F(QtPromptsTest, MinimisingAnswersNothing) {
     bool stood = false;
     QTimer::singleShot(50, [&] {
