@@ -25,7 +25,7 @@ bool isAscii(std::string_view bytes) {
 
 char16_t unitOf(char c) {
     const auto byte = static_cast<unsigned char>(c);
-    return byte >= 0x80 && byte <= 0x9F ? kUpper[byte - 0x80U] : byte;
+    return byte >= 0x80 && byte <= 0x9F ? kUpper[byte - 0x80U] : static_cast<char16_t>(byte);
 }
 
 QStringDecoder utf8Decoder() {

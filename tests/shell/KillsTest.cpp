@@ -10,6 +10,8 @@
 #include "tests/shell/FreshAccount.h"
 #include "tools/SimulatedStream.h"
 
+#include <QElapsedTimer>
+
 #include <csignal>
 #include <fcntl.h>
 #include <random>
@@ -23,7 +25,7 @@ namespace {
 
 constexpr int kVersions = 4;
 constexpr int kFewKills = 40;
-constexpr int kLongestLife = 12'000; ///< us
+constexpr unsigned kLeastLife = 2000; ///< us
 
 /// A file, how its versions are saved, and what they are.
 struct Document {
@@ -31,6 +33,7 @@ struct Document {
     QString path;
     std::function<void(int version)> save;
     std::vector<QByteArray> versions{};
+    unsigned saveTime = 0; ///< us, of the last of them
     int seen[kVersions] = {};
 };
 
@@ -106,7 +109,10 @@ protected:
         };
         for (Document& document : all) {
             for (int version = 0; version < kVersions; ++version) {
+                QElapsedTimer timer;
+                timer.start();
                 document.save(version);
+                document.saveTime = static_cast<unsigned>(timer.nsecsElapsed() / 1000);
                 document.versions.push_back(read(document.path));
             }
         }
@@ -145,7 +151,8 @@ TEST_F(Kills, LeaveAWholeDocument) {
     qsizetype left = 0;
     for (int i = 0; i < kills; ++i) {
         Document& document = all[static_cast<std::size_t>(i) % all.size()];
-        killOne(document, static_cast<unsigned>(random()), static_cast<unsigned>(random()) % kLongestLife);
+        killOne(document, static_cast<unsigned>(random()),
+                static_cast<unsigned>(random()) % (3 * document.saveTime + kLeastLife));
         if (HasFatalFailure()) return;
         const auto found = std::find(document.versions.begin(), document.versions.end(), read(document.path));
         if (found == document.versions.end())
