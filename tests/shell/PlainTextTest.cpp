@@ -3,7 +3,9 @@
 #include "acquisition/FrmSelectInput.h"
 #include "dashboard/CustomLibrary.h"
 #include "dashboard/frmInterface.h"
+#include "instruments/Instrument.h"
 #include "instruments/PropertySheet.h"
+#include "instruments/displays/InnerDisplay.h"
 #include "instruments/frmPinAssignmentGraph.h"
 #include "maths/FrmCalculusSetup.h"
 #include "maths/frmCurveFit.h"
@@ -16,6 +18,7 @@
 #include "shell/CarDialog.h"
 #include "shell/frmMain.h"
 #include "tests/shell/FreshAccount.h"
+#include "variables/GlobalVarsAndTypes.h"
 #include "variables/SetupVariables.h"
 
 #include <QHelpEvent>
