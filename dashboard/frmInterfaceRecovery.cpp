@@ -96,7 +96,7 @@ void frmInterface::keepLayoutNow(RecoveryReason reason, bool evenSaved) {
         reason, {false, mainTab->Tabs(), instruments.placedCount(), ProfilePath, hash,
                  [&profile] { return profileBytes(profile); },
                  [this] { return smallPicture(*pic.at(static_cast<std::size_t>(CurrentTab))); }});
-    if (isUnsaved) m_recovery->setUnsaved(name);
+    if (isUnsaved && !name.isEmpty()) m_recovery->setUnsaved(name);
 }
 
 void frmInterface::keepLayout(RecoveryReason reason) {

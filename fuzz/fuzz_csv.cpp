@@ -3,6 +3,7 @@
 #include "acquisition/StreamDecoder.h"
 #include "fuzz/Harness.h"
 #include "maths/LoadAndSaveVariableDefinitions.h"
+#include "platform/CodePage.h"
 #include "tools/CsvImport.h"
 
 #include <QBuffer>

@@ -23,19 +23,19 @@ bool isAscii(std::string_view bytes) {
     return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<signed char>(c) >= 0; });
 }
 
-QString fromWindows(std::string_view bytes) {
-    QString text = QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size()));
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(bytes[static_cast<std::size_t>(i)]);
-        if (byte >= 0x80 && byte <= 0x9F) text[i] = QChar(kUpper[byte - 0x80U]);
-    }
-    return text;
+char16_t unitOf(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte >= 0x80 && byte <= 0x9F ? kUpper[byte - 0x80U] : byte;
+}
+
+QStringDecoder utf8Decoder() {
+    return QStringDecoder(QStringConverter::Utf8,
+                          QStringConverter::Flag::Stateless | QStringConverter::Flag::ConvertInitialBom);
 }
 
 /// False where the bytes are no UTF-8.
 bool fromUtf8(std::string_view bytes, QString& text) {
-    QStringDecoder decoder(QStringConverter::Utf8,
-                           QStringConverter::Flag::Stateless | QStringConverter::Flag::ConvertInitialBom);
+    QStringDecoder decoder = utf8Decoder();
     text = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
     return !decoder.hasError();
 }
@@ -66,8 +66,24 @@ QByteArray utf16AsUtf8(std::string_view bytes, QStringConverter::Encoding encodi
 } // namespace
 
 QString fromCodePage(std::string_view bytes) {
+    const auto size = static_cast<qsizetype>(bytes.size());
+    if (isAscii(bytes)) return QString::fromLatin1(bytes.data(), size);
     QString text;
-    return !isAscii(bytes) && fromUtf8(bytes, text) ? text : fromWindows(bytes);
+    if (fromUtf8(bytes, text)) return text;
+    text = QString(size, Qt::Uninitialized);
+    std::transform(bytes.begin(), bytes.end(), text.begin(), [](char c) { return QChar(unitOf(c)); });
+    return text;
+}
+
+std::size_t fromCodePage(std::string_view bytes, QChar* units) {
+    if (!isAscii(bytes)) {
+        QStringDecoder decoder = utf8Decoder();
+        const auto size = static_cast<qsizetype>(bytes.size());
+        const QChar* const end = decoder.appendToBuffer(units, QByteArrayView(bytes.data(), size));
+        if (!decoder.hasError()) return static_cast<std::size_t>(end - units);
+    }
+    std::transform(bytes.begin(), bytes.end(), units, [](char c) { return QChar(unitOf(c)); });
+    return bytes.size();
 }
 
 QByteArray toCodePage(const QString& text) {
@@ -119,11 +135,13 @@ std::string_view takeLine(std::string_view& rest) {
 
 QString foldedCase(const QString& name) {
     QString folded = name;
-    for (QChar& character : folded) {
-        const QChar lower = character.toLower();
-        if (lower.toUpper() == character) character = lower;
-    }
+    for (QChar& character : folded) character = foldedCase(character.unicode());
     return folded;
+}
+
+char16_t foldedCase(char16_t unit) {
+    const QChar lower = QChar(unit).toLower();
+    return lower.toUpper() == QChar(unit) ? lower.unicode() : unit;
 }
 
 } // namespace vistor

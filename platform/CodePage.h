@@ -15,6 +15,13 @@ namespace vistor {
 /// control characters of the same number.
 QString fromCodePage(std::string_view bytes);
 
+/// The same without a QString: the code units go to `units`, which has room for kUnitsFor(bytes.size()). How
+/// many there are.
+std::size_t fromCodePage(std::string_view bytes, QChar* units);
+constexpr std::size_t kUnitsFor(std::size_t bytes) {
+    return 2 * bytes + 8;
+}
+
 /// The bytes of a text, from which fromCodePage() makes the same text again. Half a surrogate pair, which is
 /// no character, becomes "?".
 QByteArray toCodePage(const QString& text);
@@ -35,6 +42,7 @@ std::string_view takeLine(std::string_view& rest);
 /// A name as names are compared: without regard to case, but two characters that are not the two cases of
 /// one letter stay two (micro sign and mu, kelvin sign and k).
 QString foldedCase(const QString& name);
+char16_t foldedCase(char16_t unit);
 
 inline std::string_view viewOf(const QByteArray& bytes) {
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};

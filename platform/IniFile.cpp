@@ -17,6 +17,7 @@ namespace {
 constexpr std::string_view kBlanks = " \t";
 constexpr qint64 kLargestFile = 64 * 1024 * 1024;
 constexpr auto kNowhere = IniText::kNowhere;
+constexpr qsizetype kSpare = 8; ///< bytes, for line ends
 
 std::string_view trimmed(std::string_view text) {
     const auto first = text.find_first_not_of(kBlanks);
@@ -274,7 +275,13 @@ qsizetype IniFile::keyCount() const {
 class IniFile::Writer {
 public:
     explicit Writer(const IniFile& file) : m_file(file), m_text(*file.m_text), m_lineEnd(lineEndOf(m_text)) {
-        m_bytes.reserve(m_text.bytes().size());
+        qsizetype size = m_text.bytes().size() + kSpare;
+        for (const Edits& edits : file.m_edits) {
+            size += edits.head.size() + kSpare;
+            for (const NewLine& line : edits.lines) size += line.raw.size() + kSpare;
+        }
+        m_text.forget();
+        m_bytes.reserve(size);
     }
 
     QByteArray write() {

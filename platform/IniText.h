@@ -54,6 +54,9 @@ public:
     /// How many lines hold keys, in all sections.
     qsizetype keyLines() const;
 
+    /// Gives the memory back that questions have taken; the next question takes it again.
+    void forget() const;
+
 private:
     /// The first lines of a range that have each name, by hash.
     struct Index {
@@ -67,9 +70,20 @@ private:
         Index furtherKeys; ///< for the last number of "=" that was asked
     };
 
-    Index indexOf(Place from, Place to, qsizetype further) const;
+    /// The names of a range.
+    struct Names {
+        std::size_t most = 0;     ///< not fewer than there are different ones
+        Place end = 0;            ///< of the range
+        std::vector<Place> first; ///< all of them where they are few
+    };
+
+    template <typename Take>
+    Place eachNamed(Place from, Place to, qsizetype further, Take take) const;
+    Names count(Place from, Place to, qsizetype further, bool toNextHead) const;
+    Index indexOf(Place from, const Names& names, qsizetype further) const;
     const Index& heads() const;
     Place find(const Index& index, std::string_view name) const;
+    void insert(Index& index, Place place) const;
     void insert(Index& index, std::uint32_t hash, Place place) const;
     Section& known(Place head) const;
 

@@ -22,7 +22,7 @@ constexpr int kLongest = 20000;
 constexpr int kLeast = 3000; ///< before the first word is read
 constexpr int kPerCharacter = 60;
 constexpr int kAfterMouse = 3000;
-constexpr int kLines = 2;
+constexpr int kLines = 3;
 
 /// The colours of tool tips: they stand out on every page, light or dark.
 QPalette standingOut(QPalette palette) {

@@ -20,7 +20,7 @@ class NoticeList;
 /// How long a text stays, in milliseconds: 5 to 20 seconds, the longer the text.
 int noticeMilliseconds(const QString& text);
 
-/// The text in one line or two, each not wider than `width` pixels in that font; "..." stands for what does
+/// The text in one to three lines, each not wider than `width` pixels in that font; "..." stands for what does
 /// not fit. Line ends in the text count as blanks.
 QString noticeLines(const QString& text, const QFont& font, int width);
 

@@ -14,13 +14,6 @@ constexpr double kStepInk = 3;        ///< that a step costs beside its length
 constexpr int kMostCells = 8192;      ///< along a step; a longer one comes from far outside
 constexpr double kPassedInk = 0.1;    ///< a pixel that is not drawn again
 
-/// Leaves of a part what lies on one side of an edge: where `start` + share * `way` is not negative.
-void cut(StepPart& part, double start, double way) {
-    if (start < 0 && start + way < 0) part.to = part.from;
-    if (start < 0 && way > 0) part.from = std::max(part.from, -start / way);
-    if (start + way < 0 && way < 0) part.to = std::min(part.to, -start / way);
-}
-
 /// The cells that a step goes through behind its start; of a short one only its end.
 int cellsAlong(const QPointF& way) {
     const double reach = std::max(std::abs(way.x()), std::abs(way.y()));
@@ -107,20 +100,6 @@ private:
 };
 
 } // namespace
-
-double lengthOf(const QPointF& step) {
-    return std::sqrt(step.x() * step.x() + step.y() * step.y());
-}
-
-StepPart partInside(const QRectF& room, const QPointF& from, const QPointF& way) {
-    StepPart part;
-    if (room.contains(from) && room.contains(from + way)) return part;
-    cut(part, from.x() - room.left(), way.x());
-    cut(part, room.right() - from.x(), -way.x());
-    cut(part, from.y() - room.top(), way.y());
-    cut(part, room.bottom() - from.y(), -way.y());
-    return part;
-}
 
 std::span<const QPointF> PathPieces::piece(std::size_t index) const {
     const std::size_t last = index + 1 < starts.size() ? starts[index + 1] : points.size();

@@ -9,12 +9,18 @@
 #include <QRectF>
 #include <QSize>
 
+#include <algorithm>
+#include <cmath>
 #include <span>
 #include <vector>
 
 namespace vistor {
 
-double lengthOf(const QPointF& step);
+// Inline, since a picture takes a million steps.
+
+inline double lengthOf(const QPointF& step) {
+    return std::sqrt(step.x() * step.x() + step.y() * step.y());
+}
 
 /// The part of a step that lies in a rectangle, as shares of its length.
 struct StepPart {
@@ -24,7 +30,22 @@ struct StepPart {
     bool empty() const { return from >= to; }
 };
 
-StepPart partInside(const QRectF& room, const QPointF& from, const QPointF& way);
+/// Leaves of a part what lies on one side of an edge: where `start` + share * `way` is not negative.
+inline void cut(StepPart& part, double start, double way) {
+    if (start < 0 && start + way < 0) part.to = part.from;
+    if (start < 0 && way > 0) part.from = std::max(part.from, -start / way);
+    if (start + way < 0 && way < 0) part.to = std::min(part.to, -start / way);
+}
+
+inline StepPart partInside(const QRectF& room, const QPointF& from, const QPointF& way) {
+    StepPart part;
+    if (room.contains(from) && room.contains(from + way)) return part;
+    cut(part, from.x() - room.left(), way.x());
+    cut(part, room.right() - from.x(), -way.x());
+    cut(part, from.y() - room.top(), way.y());
+    cut(part, room.bottom() - from.y(), -way.y());
+    return part;
+}
 
 /// Lines from point to point; each piece is one of them.
 struct PathPieces {

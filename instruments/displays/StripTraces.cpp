@@ -27,7 +27,7 @@ void TraceRing::clear() {
 bool TraceRing::add(double x, double y) {
     if (!std::isfinite(x) || !std::isfinite(y)) return false;
     noteRun(x);
-    noteGap();
+    if (m_interrupted || !m_gaps.empty()) noteGap();
     if (m_x.size() < m_capacity)
         append(x, y);
     else

@@ -20,15 +20,16 @@ namespace {
 
 #if defined(__SANITIZE_ADDRESS__)
 constexpr double kSlower = 10;
-constexpr int kUsualLists = 90;
+constexpr int kUsualLists = 54;
 #else
 constexpr double kSlower = 1;
-constexpr int kUsualLists = 270;
+constexpr int kUsualLists = 180;
 #endif
 constexpr double kMostSeconds = 1;
 constexpr double kMostMiB = 300;
 constexpr double kMostPixels = 6e6; ///< of a picture, so that it is the display that takes the memory
 constexpr int kLargestSide = 2000;
+constexpr const char* kLists = "VISTOR_RANDOM_LISTS";
 
 constexpr double kHostile[] = {0,      1,          -1,          0.5,  2,      3,       5,
                                10,     50,         100,         255,  256,    1000,    32767,
@@ -141,7 +142,7 @@ void paintList(unsigned seed) {
 }
 
 TEST(RandomLists, PaintAtThisRatio) {
-    const int asked = qEnvironmentVariableIntValue("VISTOR_RANDOM_LISTS");
+    const int asked = qEnvironmentVariableIntValue(kLists);
     const auto first = static_cast<unsigned>(qEnvironmentVariableIntValue("VISTOR_RANDOM_SEED"));
     const double before = peakMiB();
     for (unsigned i = 0; i < static_cast<unsigned>(asked > 0 ? asked : kUsualLists); ++i) {
@@ -158,6 +159,8 @@ TEST(RandomLists, PaintAtOtherRatios) {
         QProcess process;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QLatin1String(ratio));
+        if (!environment.contains(QLatin1String(kLists)))
+            environment.insert(QLatin1String(kLists), QString::number(kUsualLists / 3));
         process.setProcessEnvironment(environment);
         process.setProcessChannelMode(QProcess::MergedChannels);
         process.start(QCoreApplication::applicationFilePath(),

@@ -120,8 +120,9 @@ CommandRow adding(const char* menu, const char* name, const char* caption) {
 }
 template <int dialog>
 bool opens(Session& s) {
-    constexpr const char* kDialogs[] = {"FrmSelectInput", "frmOptions", "frmStartSplash", "PropertySheet",
-                                        "frmVarTable",    "CarDialog",  "frmRecover"};
+    static constexpr const char* kDialogs[] = {"FrmSelectInput", "frmOptions",  "frmStartSplash",
+                                               "PropertySheet",  "frmVarTable", "CarDialog",
+                                               "frmRecover"};
     return QTest::qWaitFor([&s] { return s.opened(kDialogs[dialog]); }, 30); // one may come without a loop
 }
 

@@ -55,7 +55,7 @@ TEST_F(NoticeLineTest, TextsArePlainAndWholeInTheListAndTheToolTip) {
     QStringList parts;
     for (int i = 0; i < 200; ++i) parts += QStringLiteral("word%1").arg(i);
     notify(parts.join(u' '));
-    EXPECT_EQ(words().count(u'\n'), 1);
+    EXPECT_EQ(words().count(u'\n'), 2);
     EXPECT_TRUE(words().endsWith(QChar(0x2026)));
     EXPECT_LT(line.height(), 100);
     EXPECT_EQ(more()->text(), "1 more...");

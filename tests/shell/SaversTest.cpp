@@ -8,6 +8,8 @@
 #include "platform/IniFile.h"
 #include "platform/Notices.h"
 #include "platform/WholeFile.h"
+#include "shell/CarSettings.h"
+#include "shell/RecentFiles.h"
 #include "shell/Startup.h"
 #include "shell/frmMain.h"
 #include "tests/shell/FreshAccount.h"
@@ -49,8 +51,15 @@ protected:
              [&](int version) {
                  dashboard.mainTab->TabCaption(0, QString::number(version));
                  dashboard.mnuSaveConfig_Click();
-             },
-             [] { return true; }},
+             }},
+            {"recent files", SettingsPath,
+             [](int version) {
+                 writeRecentFiles(SettingsPath, {"/one", QString::number(version)});
+             }},
+            silent("car", "person/Kelvane/Car.cfg",
+                   [](int version) {
+                       return writeCarNumbers({1.0, version}).isEmpty();
+                   }),
             {"options", SettingsPath,
              [&](int version) {
                  frmOptions options(dashboard, nullptr);
