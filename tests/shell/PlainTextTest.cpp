@@ -18,6 +18,7 @@
 #include "shell/CarDialog.h"
 #include "shell/frmMain.h"
 #include "tests/shell/FreshAccount.h"
+#include "variables/GlobalVarsAndTypes.h"
 #include "variables/SetupVariables.h"
 
 #include <QHelpEvent>
