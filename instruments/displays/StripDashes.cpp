@@ -108,7 +108,7 @@ private:
         if (!m_open) return;
         line.push_back(m_first);
         if (m_last != line.back()) line.push_back(m_last);
-        const auto [low, high] = std::minmax(m_first.y(), m_last.y());
+        const auto [low, high] = std::minmax({m_first.y(), m_last.y()}); // values: references would dangle
         if (low - m_seen.low > m_tall || m_seen.high - high > m_tall) {
             peaks.starts.push_back(peaks.points.size());
             peaks.points.insert(peaks.points.end(),
