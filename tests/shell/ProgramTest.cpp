@@ -130,6 +130,8 @@ TEST_F(ProgramTest, ASignalEndsItWithinASecondAndSettingsStand) {
          {Case{SIGTERM, false}, Case{SIGHUP, true}, Case{SIGINT, false}, Case{SIGTERM, true}}) {
         write(working("vxvis.cfg"), "[VXVISTOR]\nLASTFILE=" + layout.toLatin1() + "\n");
         QProcess program;
+        program.setChildProcessModifier(
+            [number = c.number] { std::signal(number, SIG_DFL); }); // a shell's "&"
         begin(program, c.plays ? QStringList{layout, QStringLiteral("--play"), QStringLiteral("--source"),
                                              QStringLiteral("FIL,") + recording}
                                : QStringList());
