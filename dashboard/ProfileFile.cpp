@@ -179,7 +179,7 @@ int lostTabs(const IniFile& file, const Profile& profile) {
 
 QString damageInWords(int tabs, int instruments, int lists) {
     QStringList words;
-    if (tabs > 0) words << QStringLiteral("%1 of its tabs are missing").arg(tabs);
+    if (tabs > 0) words << QStringLiteral("tabs that it counts are missing: %1").arg(tabs);
     if (instruments > 0) words << QStringLiteral("%1 of its instruments cannot be shown").arg(instruments);
     if (lists > 0) words << QStringLiteral("the settings of %1 instruments are incomplete").arg(lists);
     return words.join(QStringLiteral(", "));

@@ -56,7 +56,7 @@ QString textDamage(const QByteArray& bytes) {
     if (hasWideCharacters(bytes)) return {}; // half of their bytes are 0
     const std::string_view text(bytes.constData(), static_cast<std::size_t>(bytes.size()));
     if (holdsJunk(text)) return QStringLiteral("it holds bytes that are no text");
-    return breaksOff(text) ? QStringLiteral("its last line breaks off") : QString();
+    return breaksOff(text) ? QStringLiteral("its last line has no end and may be cut off") : QString();
 }
 
 ProfileReading readProfileFile(const QString& path) {

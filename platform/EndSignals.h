@@ -28,7 +28,7 @@ private:
     std::unique_ptr<QSocketNotifier> m_notifier;
 };
 
-inline constexpr double kSignalSeconds = 0.8;
-inline constexpr double kStoreSeconds = 5; ///< what storing may take before the program ends all the same
+inline constexpr double kSignalSeconds = 5; ///< a large load or a slow script may hold the loop so long
+inline constexpr double kStoreSeconds = 5;  ///< what storing may take before the program ends all the same
 
 } // namespace vistor

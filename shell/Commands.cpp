@@ -33,7 +33,7 @@ constexpr MenuEntry adding(const char* menu, const char* name, const char* capti
 
 constexpr MenuHead kMenus[] = {
     {"mnuFile", "&File", ""},
-    {"mnuOpenRecent", "Open recen&t", "mnuFile", "mnuSaveConfig"},
+    {"recentFiles", "Open recen&t", "mnuFile", "mnuSaveConfig"},
     {"mnuView", "&View", ""},
     {"mnuAddControl", "&Add Control", ""},
     {"mnuWindow", "Window", ""},
@@ -53,7 +53,7 @@ constexpr MenuEntry kEntries[] = {
      "Ctrl+S"},
     {"mnuFile", "mnuSaveAs", "Save Profile &As", nullptr, onDashboard<&frmInterface::mnuSaveAs_Click>,
      "Ctrl+Shift+S"},
-    {"mnuFile", "mnuRecover", "Re&cover...", nullptr, onMain<&frmMain::mnuRecover_Click>},
+    {"mnuFile", "recoverWork", "Re&cover...", nullptr, onMain<&frmMain::recoverWork>},
     {"mnuFile", nullptr, nullptr, nullptr, nullptr},
     {"mnuFile", "mnuLoadVarInfo", "Load &Variable Information", nullptr,
      onMain<&frmMain::mnuLoadVarInfo_Click>},
@@ -70,7 +70,7 @@ constexpr MenuEntry kEntries[] = {
     {"mnuFile", nullptr, nullptr, nullptr, nullptr},
     {"mnuFile", "mnuExit", "E&xit", "exit", onDashboard<&frmInterface::mnuExit_Click>},
 
-    {"mnuOpenRecent", "mnuClearRecent", "&Clear list", nullptr, onMain<&frmMain::mnuClearRecent_Click>},
+    {"recentFiles", "clearRecentFiles", "&Clear list", nullptr, onMain<&frmMain::clearRecentFiles>},
 
     {"mnuView", "mnuOptions", "&Options", "options", onDashboard<&frmInterface::mnuOptions_Click>},
     {"mnuView", nullptr, nullptr, nullptr, nullptr},

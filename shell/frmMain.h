@@ -50,8 +50,8 @@ public:
     void mnuSaveVarInfo_Click();
     void mnuRestoreDefaultVar_Click();
     /// Lists the copies that were kept, and loads the one that the person opens.
-    void mnuRecover_Click();
-    void mnuClearRecent_Click();
+    void recoverWork();
+    void clearRecentFiles();
     void mnuVXHelp_Click();
     void mnuHelpContents_Click();
     void mnuAbout_Click();

@@ -69,7 +69,7 @@ void frmMain::makeMenu(const MenuHead& head) {
         connect(action, &QAction::triggered, this, [this, run = entry.run] { run(*this); });
         m_commands.insert(action->objectName(), action);
     }
-    if (QLatin1String(head.name) == QLatin1String("mnuOpenRecent")) fillRecent(menu);
+    if (QLatin1String(head.name) == QLatin1String("recentFiles")) fillRecent(menu);
 }
 
 void frmMain::makeToolbar() {

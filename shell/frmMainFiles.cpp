@@ -1,9 +1,9 @@
 // The file menu's lists, of recent layouts and of kept copies; and what is stored when others end the
 // program.
 #include "acquisition/DataSource.h"
+#include "dashboard/RecoverDialog.h"
 #include "dashboard/RecoveryKeeper.h"
 #include "dashboard/frmInterface.h"
-#include "dashboard/frmRecover.h"
 #include "platform/Notices.h"
 #include "platform/Prompts.h"
 #include "platform/Scratch.h"
@@ -33,7 +33,7 @@ void frmMain::fillRecent(QMenu* menu) {
 void frmMain::showRecent(QMenu* menu) {
     for (QAction* action : menu->actions())
         if (action->property(kRecentEntry).toBool()) delete action;
-    QAction* clear = command(QStringLiteral("mnuClearRecent"));
+    QAction* clear = command(QStringLiteral("clearRecentFiles"));
     const QStringList files = readRecentFiles(SettingsPath);
     clear->setEnabled(!files.isEmpty());
     int number = 0;
@@ -58,12 +58,12 @@ void frmMain::keepRecent(const QStringList& files) {
     if (files != readRecentFiles(SettingsPath)) writeRecentFiles(SettingsPath, files);
 }
 
-void frmMain::mnuClearRecent_Click() {
+void frmMain::clearRecentFiles() {
     keepRecent({});
 }
 
-void frmMain::mnuRecover_Click() {
-    frmRecover dialog(recoveryFolder(), this);
+void frmMain::recoverWork() {
+    RecoverDialog dialog(recoveryFolder(), this);
     if (dialog.exec() != QDialog::Accepted) return;
     const RecoveryCopy copy = dialog.chosen();
     if (!copy.isTable) return m_dashboard->openRecovered(copy);

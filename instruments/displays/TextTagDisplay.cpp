@@ -85,8 +85,9 @@ TextTagDisplay::TextTagDisplay(QWidget* parent) : InnerDisplay(kTextTagTable, pa
 
 void TextTagDisplay::paintStatic(QPainter& painter) {
     const PropertyStore& p = properties();
-    painter.fillRect(rect(), tagColour(p.integer(TagBackColour), palette()));
-    painter.setPen(tagColour(p.integer(TagForeColour), palette()));
+    const QColor ground = tagColour(p.integer(TagBackColour), palette());
+    painter.fillRect(rect(), ground);
+    painter.setPen(legibleOn(tagColour(p.integer(TagForeColour), palette()), ground));
     const int flags = int(alignmentOf(p.integer(TagAlignment)) | Qt::AlignVCenter) | Qt::TextWordWrap;
     const QString text = p.text(TagCaption).left(kLongestTag);
     const QRect room = rect().adjusted(kMargin, 0, -kMargin, 0);

@@ -49,7 +49,7 @@ TEST_F(ProfileReadingTest, DamageIsToldInWords) {
     const std::string whole = "whole";
     const std::string lost = "1 of its instruments cannot be shown";
     const std::string list = "the settings of 1 instruments are incomplete";
-    const std::string broken = "its last line breaks off";
+    const std::string broken = "its last line has no end and may be cut off";
     const std::string junk = "it holds bytes that are no text";
     const struct {
         QByteArray text;
@@ -78,8 +78,8 @@ TEST_F(ProfileReadingTest, DamageIsToldInWords) {
         {with("VXLED=2", "VXLED=1"), lost},
         {with("VXTEXTTAG=1\n", ""), lost},
         {with("PIC=2", "PIC=1"), "2 of its instruments cannot be shown"},
-        {"[TABS]\nPIC=3\n[TAB]\n0=One\n", "2 of its tabs are missing"},
-        {"[TABS]\nPIC=999999\n[TAB]\n0=One\n", "999743 of its tabs are missing"},
+        {"[TABS]\nPIC=3\n[TAB]\n0=One\n", "tabs that it counts are missing: 2"},
+        {"[TABS]\nPIC=999999\n[TAB]\n0=One\n", "tabs that it counts are missing: 999743"},
         // Lists that end early, or have a hole, or are not there.
         {with("MEM=2", "MEM=3"), list},
         {with("1=600\n2=\n", "2=\n"), list},

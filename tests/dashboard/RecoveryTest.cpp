@@ -2,8 +2,8 @@
 #include "dashboard/Recovery.h"
 
 #include "dashboard/ProfileFile.h"
+#include "dashboard/RecoverDialog.h"
 #include "dashboard/RecoveryKeeper.h"
-#include "dashboard/frmRecover.h"
 #include "platform/Notices.h"
 #include "platform/RunMarker.h"
 

@@ -122,20 +122,20 @@ template <int dialog>
 bool opens(Session& s) {
     static constexpr const char* kDialogs[] = {"FrmSelectInput", "frmOptions",  "frmStartSplash",
                                                "PropertySheet",  "frmVarTable", "CarDialog",
-                                               "frmRecover"};
+                                               "RecoverDialog"};
     return QTest::qWaitFor([&s] { return s.opened(kDialogs[dialog]); }, 30); // one may come without a loop
 }
 
 const CommandRow kRows[] = {
     {"mnuFile", "mnuNew", "&New", Enabled::Edit, begins, began},
     {"mnuFile", "mnuLoadConfig", "&Load Profile", Enabled::Edit, forgetsAProfile, wasLoaded},
-    {"mnuFile", "mnuOpenRecent", "Open recen&t"},
+    {"mnuFile", "recentFiles", "Open recen&t"},
     {"mnuFile", "mnuSaveConfig", "&Save profile", Enabled::Edit, savesTo, wasSaved},
     {"mnuFile", "mnuSaveAs", "Save Profile &As", Enabled::Edit, savesTo,
      [](Session& s) {
          return wasSaved(s) && s.prompts.fileRequests.back().title == QLatin1String("Save Profile As...");
      }},
-    {"mnuFile", "mnuRecover", "Re&cover...", Enabled::Edit, nullptr, opens<6>},
+    {"mnuFile", "recoverWork", "Re&cover...", Enabled::Edit, nullptr, opens<6>},
     {"mnuFile", "mnuLoadVarInfo", "Load &Variable Information", Enabled::Edit, otherTable,
      [](Session&) { return VariableTable[2].BaseName == QLatin1String("Revs"); }},
     {"mnuFile", "mnuSaveVarInfo", "Save Variable &Information", Enabled::Edit, savesTo,
@@ -148,7 +148,7 @@ const CommandRow kRows[] = {
     {"mnuFile", "mnuExit", "E&xit", Enabled::Both, begins,
      [](Session& s) { return !s.window.isVisible() && QFile::exists(SettingsPath) && !PlayMode; }},
 
-    {"mnuOpenRecent", "mnuClearRecent", "&Clear list", Enabled::Edit,
+    {"recentFiles", "clearRecentFiles", "&Clear list", Enabled::Edit,
      [](Session& s) { writeRecentFiles(SettingsPath, {s.file("a.run")}); },
      [](Session&) { return readRecentFiles(SettingsPath).isEmpty(); }},
 

@@ -120,7 +120,7 @@ public:
     /// Opens a menu from where a person finds it; null where it does not open.
     QMenu* open(const QString& name) {
         if (name == QLatin1String("mnuTabControl")) return openInside("mnuWindow", name);
-        if (name == QLatin1String("mnuOpenRecent")) return openInside("mnuFile", name);
+        if (name == QLatin1String("recentFiles")) return openInside("mnuFile", name);
         if (name == QLatin1String("mnuDDAddControl")) return openInside("mnuDropDown", name);
         if (name.startsWith(QLatin1String("mnuDropDown")))
             clickRight(name);

@@ -50,7 +50,7 @@ TEST_F(RecentFilesTest, TheMenuOpensThemAsAnyLoadAndTellsOfMissingOnes) {
     const QString gone = layout("gone.vis");
     writeRecentFiles(SettingsPath, {gone, one});
     QFile::remove(gone);
-    QMenu* menu = s.open("mnuOpenRecent");
+    QMenu* menu = s.open("recentFiles");
     ASSERT_TRUE(menu);
     ASSERT_EQ(menu->actions().size(), 4);
     EXPECT_TRUE(menu->actions()[1]->text().startsWith("&2  <b>one&&two.vis"));
@@ -59,12 +59,12 @@ TEST_F(RecentFilesTest, TheMenuOpensThemAsAnyLoadAndTellsOfMissingOnes) {
     EXPECT_TRUE(notices().back().text.contains(gone));
     EXPECT_EQ(s.placed(), 1);
 
-    menu = s.open("mnuOpenRecent");
+    menu = s.open("recentFiles");
     s.choose(menu, menu->actions()[1]); // something stands on the page
     EXPECT_TRUE(s.opened("frmLoadOptions"));
     EXPECT_EQ(s.page.ProfilePath, "");
     s.page.mnuNew_Click();
-    menu = s.open("mnuOpenRecent");
+    menu = s.open("recentFiles");
     s.choose(menu, menu->actions()[1]);
     EXPECT_EQ(s.page.ProfilePath, one);
     EXPECT_TRUE(s.page.ProfileChanged);

@@ -1,7 +1,7 @@
 // What a person made is kept before it goes, and comes back: every way by which it can go, worked in the
 // window.
+#include "dashboard/RecoverDialog.h"
 #include "dashboard/Recovery.h"
-#include "dashboard/frmRecover.h"
 #include "maths/VariableFiles.h"
 #include "platform/IniFile.h"
 #include "platform/Notices.h"
@@ -24,11 +24,11 @@ protected:
     QString markers() const { return QDir(working("Recovered/")).entryList({"running-*"}).join(u' '); }
     QString note() const { return QString::fromUtf8(read(working("Recovered/") + markers())); }
     /// Opens "Recover", does something in it and waits for its end.
-    void inDialog(CommandSession& s, const std::function<void(frmRecover&)>& work) {
+    void inDialog(CommandSession& s, const std::function<void(RecoverDialog&)>& work) {
         bool done = false;
         QTimer timer;
         QObject::connect(&timer, &QTimer::timeout, [&] {
-            auto* dialog = qobject_cast<frmRecover*>(QApplication::activeModalWidget());
+            auto* dialog = qobject_cast<RecoverDialog*>(QApplication::activeModalWidget());
             if (!dialog || std::exchange(done, true)) return;
             timer.stop();
             work(*dialog);
@@ -36,10 +36,10 @@ protected:
         });
         timer.start(0);
         s.closer.rests = true;
-        s.window.mnuRecover_Click();
+        s.window.recoverWork();
         EXPECT_TRUE(done);
     }
-    static void press(frmRecover& dialog, Qt::Key key) { QTest::keyClick(dialog.lstCopies, key); }
+    static void press(RecoverDialog& dialog, Qt::Key key) { QTest::keyClick(dialog.copies, key); }
 };
 
 TEST_F(RecoveryFlowsTest, EveryWayToLoseALayoutKeepsItFirst) {
@@ -140,7 +140,7 @@ TEST_F(RecoveryFlowsTest, ARecoveredLayoutIsNobodysFileAndTakesNoPlace) {
     const QByteArray bytes = read(working("Recovered/") + name);
     for (int round = 0; round < 3; ++round) {
         s.page.mnuNew_Click();
-        inDialog(s, [](frmRecover& dialog) { press(dialog, Qt::Key_Return); });
+        inDialog(s, [](RecoverDialog& dialog) { press(dialog, Qt::Key_Return); });
         EXPECT_EQ(s.placed(), 1);
         EXPECT_FALSE(s.page.HasProfilePath);
         EXPECT_EQ(s.page.ProfilePath, "");
@@ -151,7 +151,7 @@ TEST_F(RecoveryFlowsTest, ARecoveredLayoutIsNobodysFileAndTakesNoPlace) {
         EXPECT_EQ(copies().size(), 1U);
     }
     s.closer.seen.clear();
-    inDialog(s, [](frmRecover& dialog) { press(dialog, Qt::Key_Return); });
+    inDialog(s, [](RecoverDialog& dialog) { press(dialog, Qt::Key_Return); });
     EXPECT_TRUE(s.opened("frmLoadOptions")) << "something stands there";
     EXPECT_EQ(s.placed(), 1);
     s.page.mnuSaveConfig_Click();
@@ -169,10 +169,10 @@ TEST_F(RecoveryFlowsTest, TheDialogListsDeletesAndIsWorkedByKeys) {
     }
     ASSERT_EQ(copies().size(), 3U);
     const RecoveryCopy oldest = copies()[2];
-    inDialog(s, [&](frmRecover& dialog) {
-        EXPECT_EQ(dialog.lstCopies->count(), 3);
-        EXPECT_TRUE(dialog.lstCopies->item(0)->text().endsWith("\nUntitled: 1 tab with 1 instrument"));
-        const auto* picture = dialog.findChild<QLabel*>("picCopy");
+    inDialog(s, [&](RecoverDialog& dialog) {
+        EXPECT_EQ(dialog.copies->count(), 3);
+        EXPECT_TRUE(dialog.copies->item(0)->text().endsWith("\nUntitled: 1 tab with 1 instrument"));
+        const auto* picture = dialog.findChild<QLabel*>("copyPicture");
         EXPECT_FALSE(picture->pixmap(Qt::ReturnByValue).isNull());
         press(dialog, Qt::Key_End);
         prompts.answers = {Answer::No, Answer::Yes};
@@ -180,13 +180,13 @@ TEST_F(RecoveryFlowsTest, TheDialogListsDeletesAndIsWorkedByKeys) {
         EXPECT_EQ(copies().size(), 3U);
         press(dialog, Qt::Key_Delete);
         EXPECT_EQ(copies().size(), 2U);
-        EXPECT_EQ(dialog.lstCopies->currentRow(), 1);
+        EXPECT_EQ(dialog.copies->currentRow(), 1);
         press(dialog, Qt::Key_Escape);
     });
     EXPECT_NE(recoveryName(copies()[1]), recoveryName(oldest));
     QDir(working("Recovered/")).removeRecursively();
-    inDialog(s, [](frmRecover& dialog) {
-        EXPECT_FALSE(dialog.cmdOpen->isEnabled() || dialog.cmdDelete->isEnabled());
+    inDialog(s, [](RecoverDialog& dialog) {
+        EXPECT_FALSE(dialog.openButton->isEnabled() || dialog.deleteButton->isEnabled());
         press(dialog, Qt::Key_Return);
         EXPECT_TRUE(dialog.isVisible());
         press(dialog, Qt::Key_Escape);
@@ -216,7 +216,7 @@ TEST_F(RecoveryFlowsTest, TablesAreKeptBeforeOthersTakeTheirPlace) {
     EXPECT_EQ(copies()[0].reason, RecoveryReason::RestoreVariables);
     EXPECT_NE(VariableTable[2].BaseName, "Revs");
     prompts.answers = {Answer::Yes};
-    inDialog(s, [](frmRecover& dialog) { press(dialog, Qt::Key_Return); });
+    inDialog(s, [](RecoverDialog& dialog) { press(dialog, Qt::Key_Return); });
     EXPECT_EQ(VariableTable[2].BaseName, "Revs");
     EXPECT_EQ(variableFileBytes(), read(working("Recovered/") + recoveryName(copies().at(0))));
 

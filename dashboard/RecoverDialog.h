@@ -12,19 +12,19 @@ class QPushButton;
 
 namespace vistor {
 
-class frmRecover final : public QDialog {
+class RecoverDialog final : public QDialog {
     Q_OBJECT
 
 public:
-    explicit frmRecover(const QString& folder, QWidget* parent = nullptr);
+    explicit RecoverDialog(const QString& folder, QWidget* parent = nullptr);
 
     /// The copy to open, once the dialog was accepted.
     const RecoveryCopy& chosen() const { return m_copies.at(m_row); }
 
-    QListWidget* lstCopies;
-    QPushButton* cmdOpen;
-    QPushButton* cmdDelete;
-    QPushButton* cmdCancel;
+    QListWidget* copies;
+    QPushButton* openButton;
+    QPushButton* deleteButton;
+    QPushButton* cancelButton;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -1,4 +1,4 @@
-#include "dashboard/frmRecover.h"
+#include "dashboard/RecoverDialog.h"
 
 #include "platform/Notices.h"
 #include "platform/Prompts.h"
@@ -48,13 +48,13 @@ QImage safePicture(const QByteArray& bytes) {
     return reader.read();
 }
 
-frmRecover::frmRecover(const QString& folder, QWidget* parent)
+RecoverDialog::RecoverDialog(const QString& folder, QWidget* parent)
     : QDialog(parent),
-      lstCopies(new QListWidget),
+      copies(new QListWidget),
       m_folder(folder),
-      m_picture(plainLabel("picCopy")),
-      m_details(plainLabel("lblDetails")) {
-    setObjectName(QStringLiteral("frmRecover"));
+      m_picture(plainLabel("copyPicture")),
+      m_details(plainLabel("copyDetails")) {
+    setObjectName(QStringLiteral("RecoverDialog"));
     setWindowTitle(QStringLiteral("Recover"));
     auto* column = new QVBoxLayout(this);
     auto* words = plainLabel("lblWords");
@@ -63,19 +63,19 @@ frmRecover::frmRecover(const QString& folder, QWidget* parent)
     column->addWidget(words);
     auto* row = new QHBoxLayout;
     column->addLayout(row, 1);
-    lstCopies->setObjectName(QStringLiteral("lstCopies"));
-    lstCopies->setAlternatingRowColors(true);
-    lstCopies->setMinimumSize(380, 320);
-    row->addWidget(lstCopies, 1);
+    copies->setObjectName(QStringLiteral("copies"));
+    copies->setAlternatingRowColors(true);
+    copies->setMinimumSize(380, 320);
+    row->addWidget(copies, 1);
     makeDetails(row);
     makeButtons(column);
-    connect(lstCopies, &QListWidget::currentRowChanged, this, &frmRecover::showRow);
-    connect(lstCopies, &QListWidget::itemActivated, this, &QDialog::accept);
+    connect(copies, &QListWidget::currentRowChanged, this, &RecoverDialog::showRow);
+    connect(copies, &QListWidget::itemActivated, this, &QDialog::accept);
     fill(0);
-    lstCopies->setFocus();
+    copies->setFocus();
 }
 
-void frmRecover::makeDetails(QBoxLayout* row) {
+void RecoverDialog::makeDetails(QBoxLayout* row) {
     auto* side = new QVBoxLayout;
     m_picture->setFixedSize(kShownPicture + QSize(2, 2));
     m_picture->setFrameShape(QFrame::StyledPanel);
@@ -88,37 +88,37 @@ void frmRecover::makeDetails(QBoxLayout* row) {
     row->addLayout(side);
 }
 
-void frmRecover::makeButtons(QBoxLayout* column) {
+void RecoverDialog::makeButtons(QBoxLayout* column) {
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Open | QDialogButtonBox::Cancel);
-    cmdOpen = buttons->button(QDialogButtonBox::Open);
-    cmdCancel = buttons->button(QDialogButtonBox::Cancel);
-    cmdDelete = buttons->addButton(QStringLiteral("&Delete"), QDialogButtonBox::ResetRole);
-    cmdOpen->setObjectName(QStringLiteral("cmdOpen"));
-    cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
-    cmdDelete->setObjectName(QStringLiteral("cmdDelete"));
-    cmdDelete->setAutoDefault(false);
-    cmdOpen->setDefault(true);
+    openButton = buttons->button(QDialogButtonBox::Open);
+    cancelButton = buttons->button(QDialogButtonBox::Cancel);
+    deleteButton = buttons->addButton(QStringLiteral("&Delete"), QDialogButtonBox::ResetRole);
+    openButton->setObjectName(QStringLiteral("openButton"));
+    cancelButton->setObjectName(QStringLiteral("cancelButton"));
+    deleteButton->setObjectName(QStringLiteral("deleteButton"));
+    deleteButton->setAutoDefault(false);
+    openButton->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(cmdDelete, &QPushButton::clicked, this, &frmRecover::deleteChosen);
+    connect(deleteButton, &QPushButton::clicked, this, &RecoverDialog::deleteChosen);
     column->addWidget(buttons);
 }
 
-void frmRecover::fill(int row) {
-    const QSignalBlocker quiet(lstCopies);
+void RecoverDialog::fill(int row) {
+    const QSignalBlocker quiet(copies);
     m_copies = recoveryCopies(m_folder);
     m_copies.resize(std::min(m_copies.size(), kCopiesKept));
-    lstCopies->clear();
+    copies->clear();
     const QDateTime now = QDateTime::currentDateTime();
-    for (const RecoveryCopy& copy : m_copies) lstCopies->addItem(rowText(copy, now));
-    lstCopies->setCurrentRow(std::min(row, lstCopies->count() - 1));
-    showRow(lstCopies->currentRow());
+    for (const RecoveryCopy& copy : m_copies) copies->addItem(rowText(copy, now));
+    copies->setCurrentRow(std::min(row, copies->count() - 1));
+    showRow(copies->currentRow());
 }
 
-void frmRecover::showRow(int row) {
+void RecoverDialog::showRow(int row) {
     const bool isThere = row >= 0 && static_cast<std::size_t>(row) < m_copies.size();
-    cmdOpen->setEnabled(isThere);
-    cmdDelete->setEnabled(isThere);
+    openButton->setEnabled(isThere);
+    deleteButton->setEnabled(isThere);
     m_picture->clear();
     m_details->setText(QStringLiteral("There is no copy."));
     if (!isThere) return;
@@ -135,8 +135,8 @@ void frmRecover::showRow(int row) {
                        QStringLiteral(".\n") + contentsInWords(copy) + u'.');
 }
 
-void frmRecover::deleteChosen() {
-    if (!cmdDelete->isEnabled()) return;
+void RecoverDialog::deleteChosen() {
+    if (!deleteButton->isEnabled()) return;
     if (MsgBox(QStringLiteral("Do you want to delete this copy for good?"), Icon::Question, Buttons::YesNo) !=
         Answer::Yes)
         return;
@@ -146,7 +146,7 @@ void frmRecover::deleteChosen() {
     fill(static_cast<int>(m_row));
 }
 
-void frmRecover::keyPressEvent(QKeyEvent* event) {
+void RecoverDialog::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Delete) return deleteChosen();
     QDialog::keyPressEvent(event);
 }
