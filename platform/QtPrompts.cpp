@@ -12,6 +12,7 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPointer>
+#include <QTimer>
 
 #include <algorithm>
 #include <iterator>
@@ -134,6 +135,9 @@ public:
     }
 
     bool eventFilter(QObject* object, QEvent* event) override {
+        // Back from the task bar the main window is the active one, and the keys would reach nothing.
+        if (object == m_main && event->type() == QEvent::WindowActivate && newest == this)
+            QTimer::singleShot(0, &m_box, [this] { m_box.activateWindow(); });
         // A spontaneous one tells that the window was minimised, and the question with it: it still stands.
         if (object == m_main && event->type() == QEvent::Hide && !event->spontaneous()) m_box.reject();
         if (newest != this || !isInput(event->type()) || QApplication::activeModalWidget()) return false;
