@@ -10,8 +10,6 @@
 #include "instruments/VXTEXTTAG.h"
 #include "instruments/VXXYGRAPH.h"
 
-#include <algorithm>
-
 namespace vistor {
 namespace {
 
@@ -29,14 +27,6 @@ constexpr std::array<Maker, kInstrumentKinds.size()> kMakers{
 };
 
 } // namespace
-
-std::optional<Kind> kindOf(const QString& className) {
-    const auto* found =
-        std::find_if(kInstrumentKinds.begin(), kInstrumentKinds.end(),
-                     [&](const KindInfo& info) { return className == QLatin1String(info.className); });
-    if (found == kInstrumentKinds.end()) return {};
-    return found->kind;
-}
 
 std::unique_ptr<Instrument> makeInstrument(Kind kind, QWidget* parent) {
     return kMakers.at(static_cast<std::size_t>(kind))(parent);
