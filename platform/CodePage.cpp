@@ -114,11 +114,12 @@ QString cutText(const QString& text, qsizetype most) {
 
 QByteArray unmarked(const QByteArray& file) {
     const std::string_view bytes = viewOf(file);
-    if (bytes.starts_with(kUtf8Mark)) return file.mid(static_cast<qsizetype>(kUtf8Mark.size()));
+    // A second mark behind the first goes as well, or the text would be read otherwise once it was written.
+    if (bytes.starts_with(kUtf8Mark)) return unmarked(file.mid(static_cast<qsizetype>(kUtf8Mark.size())));
     if (bytes.starts_with(kLittleMark))
-        return utf16AsUtf8(bytes.substr(kLittleMark.size()), QStringConverter::Utf16LE);
+        return unmarked(utf16AsUtf8(bytes.substr(kLittleMark.size()), QStringConverter::Utf16LE));
     if (bytes.starts_with(kBigMark))
-        return utf16AsUtf8(bytes.substr(kBigMark.size()), QStringConverter::Utf16BE);
+        return unmarked(utf16AsUtf8(bytes.substr(kBigMark.size()), QStringConverter::Utf16BE));
     return file;
 }
 
