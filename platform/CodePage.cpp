@@ -113,14 +113,17 @@ QString cutText(const QString& text, qsizetype most) {
 }
 
 QByteArray unmarked(const QByteArray& file) {
-    const std::string_view bytes = viewOf(file);
-    // A second mark behind the first goes as well, or the text would be read otherwise once it was written.
-    if (bytes.starts_with(kUtf8Mark)) return unmarked(file.mid(static_cast<qsizetype>(kUtf8Mark.size())));
-    if (bytes.starts_with(kLittleMark))
-        return unmarked(utf16AsUtf8(bytes.substr(kLittleMark.size()), QStringConverter::Utf16LE));
-    if (bytes.starts_with(kBigMark))
-        return unmarked(utf16AsUtf8(bytes.substr(kBigMark.size()), QStringConverter::Utf16BE));
-    return file;
+    // Further marks behind the first go as well, or the text would be read otherwise once it was written.
+    const auto behindMarks = [](std::string_view bytes) {
+        while (bytes.starts_with(kUtf8Mark)) bytes.remove_prefix(kUtf8Mark.size());
+        return bytes;
+    };
+    const std::string_view bytes = behindMarks(viewOf(file));
+    const bool little = bytes.starts_with(kLittleMark);
+    if (!little && !bytes.starts_with(kBigMark)) return file.last(static_cast<qsizetype>(bytes.size()));
+    const QByteArray text = utf16AsUtf8(bytes.substr(kLittleMark.size()),
+                                        little ? QStringConverter::Utf16LE : QStringConverter::Utf16BE);
+    return text.last(static_cast<qsizetype>(behindMarks(viewOf(text)).size()));
 }
 
 std::string_view takeLine(std::string_view& rest) {
